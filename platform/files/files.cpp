@@ -1,0 +1,112 @@
+#include "platform/files/files.h"
+
+#include "platform/pinned.h"
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+namespace skyvane::Files {
+
+namespace {
+
+/// Closes what open(2) gave.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : m_number(number) { }
+    ~Descriptor() { close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int number() const { return m_number; }
+    bool isOpen() const { return m_number >= 0; }
+    bool close() { return m_number < 0 || ::close(std::exchange(m_number, -1)) == 0; }
+
+private:
+    int m_number;
+};
+
+std::optional<std::filesystem::path> homeInUserDatabase()
+{
+    constexpr std::size_t enoughForAnyEntry = 65536;
+    std::vector<char> buffer(enoughForAnyEntry);
+    passwd entry{};
+    passwd* found = nullptr;
+    if (getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found) != 0 || found == nullptr)
+        return std::nullopt;
+    if (found->pw_dir == nullptr || *found->pw_dir == '\0')
+        return std::nullopt;
+    return found->pw_dir;
+}
+
+bool writeAll(int descriptor, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+} // namespace
+
+std::filesystem::path homeFolder()
+{
+    if (const HomeFolder* pinned = Pinned<HomeFolder>::current())
+        return pinned->path;
+    if (auto home = homeInUserDatabase())
+        return *home;
+    const char* home = std::getenv("HOME");
+    return home != nullptr && *home != '\0' ? home : "/";
+}
+
+std::optional<std::string> read(const std::filesystem::path& file, std::size_t limit)
+{
+    const Descriptor descriptor{open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)};
+    struct stat status { };
+    if (!descriptor.isOpen() || fstat(descriptor.number(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    if (std::cmp_greater(status.st_size, limit))
+        return std::nullopt;
+
+    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+    std::size_t length = 0;
+    while (length < bytes.size()) {
+        const ssize_t got = ::read(descriptor.number(), bytes.data() + length, bytes.size() - length);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return std::nullopt;
+        if (got == 0)
+            break;
+        length += static_cast<std::size_t>(got);
+    }
+    bytes.resize(length);
+    return bytes;
+}
+
+bool writeAtomically(const std::filesystem::path& file, std::string_view bytes)
+{
+    std::string draft = file.parent_path() / ("." + file.filename().string() + ".XXXXXX");
+    Descriptor descriptor{mkostemp(draft.data(), O_CLOEXEC)};
+    if (!descriptor.isOpen())
+        return false;
+    const bool isWritten
+        = writeAll(descriptor.number(), bytes) && fsync(descriptor.number()) == 0 && descriptor.close();
+    if (isWritten && rename(draft.c_str(), file.c_str()) == 0)
+        return true;
+    unlink(draft.c_str());
+    return false;
+}
+
+} // namespace skyvane::Files

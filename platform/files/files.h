@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace skyvane {
+
+/// Where the current user's own files live. Pinned in tests, so that none ever touches the real one.
+struct HomeFolder {
+    std::filesystem::path path;
+};
+
+/// Whole files, at once or not at all.
+namespace Files {
+
+/// The user database's login directory of the current user, else the environment's HOME, else "/".
+std::filesystem::path homeFolder();
+
+/// The whole file. Absent for everything that is not a readable regular file of at most `limit` bytes; never
+/// waits, not even on a pipe.
+std::optional<std::string> read(const std::filesystem::path& file, std::size_t limit);
+
+/// Replaces the file in one step: a reader, or a crash, sees the old bytes or the new ones. The folder must
+/// exist. Whether it worked; if not, the old file stands and nothing is left beside it.
+bool writeAtomically(const std::filesystem::path& file, std::string_view bytes);
+
+} // namespace Files
+
+} // namespace skyvane

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <simdjson.h>
+
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace skyvane::JSON {
+
+/// A text is not JSON, or not of the shape that its reader asks for. what() names the place: "ac[3].alt_geom:
+/// expected a whole number of 64 bits, found 1200.7".
+class DecodingError : public std::runtime_error {
+public:
+    explicit DecodingError(const std::string& problem) : DecodingError({}, problem) { }
+
+    DecodingError inMember(std::string_view key) const;
+    DecodingError inElement(std::size_t index) const;
+
+private:
+    DecodingError(const std::string& keyPath, const std::string& problem);
+
+    std::string m_keyPath;
+    std::string m_problem;
+};
+
+/// A place in a parsed `Document`, valid as long as it.
+using Value = simdjson::dom::element;
+
+/// A parsed text: strict JSON in strict UTF-8 without trailing text, at most 1,024 levels deep. A whole
+/// number too large for 64 bits counts as the nearest double.
+class Document {
+public:
+    /// Throws `DecodingError` when the text is not JSON.
+    explicit Document(std::string_view bytes);
+
+    Value root() const { return m_root; }
+
+private:
+    simdjson::dom::parser m_parser;
+    Value m_root;
+};
+
+/// Any number whose value is whole and fits 64 bits: 1500, 1500.0, 1.5e3. Absent for every other value.
+std::optional<std::int64_t> wholeNumber(Value value);
+
+/// Each throws `DecodingError` when the value is of another type.
+std::string_view string(Value value);
+double number(Value value);
+bool boolean(Value value);
+std::int64_t integer(Value value);
+simdjson::dom::array array(Value value);
+simdjson::dom::object object(Value value);
+
+} // namespace skyvane::JSON

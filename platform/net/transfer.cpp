@@ -1,0 +1,161 @@
+#include "platform/net/transfer.h"
+
+#include "platform/pinned.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <utility>
+
+namespace skyvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds longestTransfer = 8s;
+constexpr std::size_t largestBody = std::size_t{32} << 20;
+constexpr std::size_t largestHeaders = std::size_t{256}
+    << 10; ///< Of all answers on the way, redirects included.
+constexpr long mostRedirects = 10;
+
+template <class Value>
+void set(CURL* easy, CURLoption option, Value value)
+{
+    if (const CURLcode outcome = curl_easy_setopt(easy, option, value); outcome != CURLE_OK)
+        throw TransferError{curl_easy_strerror(outcome)};
+}
+
+void append(StringList& list, const std::string& text)
+{
+    curl_slist* longer = curl_slist_append(list.get(), text.c_str());
+    if (longer == nullptr)
+        throw TransferError{curl_easy_strerror(CURLE_OUT_OF_MEMORY)};
+    static_cast<void>(list.release());
+    list.reset(longer);
+}
+
+std::string defaultUserAgent()
+{
+    return std::string{program_invocation_short_name}
+    + "/" SKYVANE_VERSION " (+mailto:" SKYVANE_CONTACT_EMAIL ") libcurl/"
+        + curl_version_info(CURLVERSION_NOW)->version;
+}
+
+} // namespace
+
+Transfer::Transfer(const URLRequest& request)
+{
+    if (m_multi == nullptr || m_easy == nullptr)
+        throw TransferError{curl_easy_strerror(CURLE_FAILED_INIT)};
+    set(m_easy.get(), CURLOPT_ERRORBUFFER, m_words.data());
+    set(m_easy.get(), CURLOPT_URL, request.url.text().c_str());
+    setLimits(request);
+    setHeaders(request.headers);
+    setReceivers();
+    if (const Network* network = Pinned<Network>::current())
+        confineTo(*network);
+    if (const CURLMcode outcome = curl_multi_add_handle(m_multi.get(), m_easy.get()); outcome != CURLM_OK)
+        throw TransferError{curl_multi_strerror(outcome)};
+}
+
+void Transfer::setLimits(const URLRequest& request)
+{
+    const auto timeout = std::clamp(request.timeout, 1ms, longestTransfer); // Zero would mean none.
+    set(m_easy.get(), CURLOPT_TIMEOUT_MS, static_cast<long>(timeout.count()));
+    set(m_easy.get(), CURLOPT_PROTOCOLS_STR, "https");
+    set(m_easy.get(), CURLOPT_REDIR_PROTOCOLS_STR, "https");
+    set(m_easy.get(), CURLOPT_FOLLOWLOCATION, 1L);
+    set(m_easy.get(), CURLOPT_MAXREDIRS, mostRedirects);
+    set(m_easy.get(), CURLOPT_SSL_VERIFYPEER, 1L);
+    set(m_easy.get(), CURLOPT_SSL_VERIFYHOST, 2L);
+    set(m_easy.get(), CURLOPT_NOSIGNAL, 1L);
+    set(m_easy.get(), CURLOPT_QUICK_EXIT, 1L); // A name look-up under way is left behind, not waited for.
+}
+
+void Transfer::setHeaders(const std::vector<HTTPHeader>& headers)
+{
+    set(m_easy.get(), CURLOPT_ACCEPT_ENCODING, ""); // Every one that the library can undo.
+    set(m_easy.get(), CURLOPT_USERAGENT,
+        defaultUserAgent().c_str()); // A header of the same name replaces it.
+    for (const HTTPHeader& header : headers)
+        append(m_headers, header.value.empty() ? header.name + ";" : header.name + ": " + header.value);
+    set(m_easy.get(), CURLOPT_HTTPHEADER, m_headers.get());
+}
+
+void Transfer::setReceivers()
+{
+    using Receiver = std::size_t (*)(char*, std::size_t, std::size_t, void*);
+    const Receiver receiveHeader = [](char*, std::size_t, std::size_t length, void* transfer) noexcept {
+        auto& self = *static_cast<Transfer*>(transfer);
+        self.m_headerBytes += length;
+        if (self.m_headerBytes <= largestHeaders)
+            return length;
+        self.m_refusal = "The answer's headers are longer than 256 KiB";
+        return std::size_t{0};
+    };
+    const Receiver receiveBody = [](char* bytes, std::size_t, std::size_t length, void* transfer) noexcept {
+        auto& self = *static_cast<Transfer*>(transfer);
+        if (length <= largestBody - self.m_body.size()) {
+            self.m_body.append(bytes, length);
+            return length;
+        }
+        self.m_refusal = "The answer is longer than 32 MiB";
+        return std::size_t{0};
+    };
+    set(m_easy.get(), CURLOPT_HEADERFUNCTION, receiveHeader);
+    set(m_easy.get(), CURLOPT_HEADERDATA, this);
+    set(m_easy.get(), CURLOPT_WRITEFUNCTION, receiveBody);
+    set(m_easy.get(), CURLOPT_WRITEDATA, this);
+}
+
+void Transfer::confineTo(const Network& network)
+{
+    set(m_easy.get(), CURLOPT_CAINFO, network.authorityFile.c_str());
+    set(m_easy.get(), CURLOPT_CAPATH, static_cast<const char*>(nullptr));
+    set(m_easy.get(), CURLOPT_PROXY, "");
+    for (const std::string& entry : network.connectTo)
+        append(m_connectTo, entry);
+    append(m_connectTo, "::127.0.0.1:1"); // Every other host: a port that refuses.
+    set(m_easy.get(), CURLOPT_CONNECT_TO, m_connectTo.get());
+}
+
+std::optional<CURLcode> Transfer::run(const std::stop_token& stop)
+{
+    constexpr int untilWoken = 60'000; // Milliseconds; the library's own timers end the wait earlier.
+    const std::stop_callback wake{stop, [this] { curl_multi_wakeup(m_multi.get()); }};
+    while (!stop.stop_requested()) {
+        int running = 0;
+        CURLMcode state = curl_multi_perform(m_multi.get(), &running);
+        if (running == 0 && state == CURLM_OK)
+            return outcome();
+        if (state == CURLM_OK)
+            state = curl_multi_poll(m_multi.get(), nullptr, 0, untilWoken, nullptr);
+        if (state != CURLM_OK)
+            throw TransferError{curl_multi_strerror(state)};
+    }
+    return std::nullopt;
+}
+
+std::optional<CURLcode> Transfer::outcome() const
+{
+    int left = 0;
+    const CURLMsg* message = curl_multi_info_read(m_multi.get(), &left);
+    return message != nullptr ? message->data.result : CURLE_FAILED_INIT;
+}
+
+std::string Transfer::problem(CURLcode outcome) const
+{
+    if (m_refusal != nullptr)
+        return m_refusal;
+    return m_words.front() != '\0' ? m_words.data() : curl_easy_strerror(outcome);
+}
+
+URLResponse Transfer::takeResponse()
+{
+    long status = 0;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_RESPONSE_CODE, &status);
+    return {.status = static_cast<int>(status), .body = std::move(m_body)};
+}
+
+} // namespace skyvane

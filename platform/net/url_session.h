@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/net/url.h"
+
+#include <chrono>
+#include <exception>
+#include <functional>
+#include <stdexcept>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+namespace skyvane {
+
+struct HTTPHeader {
+    std::string name;
+    std::string value;
+
+    bool operator==(const HTTPHeader&) const = default;
+};
+
+/// One GET.
+struct URLRequest {
+    URL url;
+    std::chrono::milliseconds timeout{
+        std::chrono::seconds{8}}; ///< For the whole transfer, name look-up included.
+    std::vector<HTTPHeader> headers{}; ///< A User-Agent here replaces the session's own.
+
+    bool operator==(const URLRequest&) const = default;
+};
+
+/// A complete answer, whatever its status.
+struct URLResponse {
+    int status;
+    std::string body; ///< Decompressed.
+
+    bool operator==(const URLResponse&) const = default;
+};
+
+/// The transfer failed before a complete answer was there; what() says why in words.
+struct TransferError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// The caller's stop token asked for it; not a failure.
+struct CancellationError : std::exception {
+    const char* what() const noexcept override { return "cancelled"; }
+};
+
+/// How a client reaches its server: `UrlSession::data`, or a test's own.
+using Transport = std::function<URLResponse(const URLRequest&, std::stop_token)>;
+
+/// Where tests send every request of this process instead of the real hosts. Pinned with `Pinned<Network>`.
+struct Network {
+    std::string authorityFile; ///< PEM file of the only certificate authority that is trusted.
+    std::vector<std::string> connectTo{}; ///< "host:port:connect-to-host:connect-to-port" each.
+};
+
+/// The one way out of this machine: HTTPS with verified certificates, redirects to HTTPS only, compressed
+/// answers accepted, at most 8 seconds and 32 MiB (decompressed) a transfer.
+namespace UrlSession {
+
+/// One GET, waited for; may run on many threads at once. Throws `CancellationError` at once when `stop` asks
+/// for it, `TransferError` on every other failure.
+URLResponse data(const URLRequest& request, std::stop_token stop);
+
+} // namespace UrlSession
+
+} // namespace skyvane

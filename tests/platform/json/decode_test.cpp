@@ -1,0 +1,152 @@
+#include "platform/json/decode.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+namespace skyvane {
+
+namespace {
+
+struct Inner {
+    std::string name;
+    std::optional<std::int64_t> count{};
+
+    bool operator==(const Inner&) const = default;
+};
+
+struct Outer {
+    double ratio;
+    std::vector<Inner> list;
+    std::optional<Inner> single{};
+
+    bool operator==(const Outer&) const = default;
+};
+
+} // namespace
+
+template <>
+struct JSON::Fields<Inner> {
+    static constexpr auto list = std::tuple{field("name", &Inner::name), field("count", &Inner::count)};
+};
+
+template <>
+struct JSON::Fields<Outer> {
+    static constexpr auto list = std::tuple{
+        field("ratio", &Outer::ratio), field("list", &Outer::list), field("single", &Outer::single)};
+};
+
+namespace {
+
+std::string errorOf(std::string_view json)
+{
+    try {
+        JSON::decodeText<Outer>(json);
+    } catch (const JSON::DecodingError& error) {
+        return error.what();
+    }
+    return "no error";
+}
+
+std::int64_t integerIn(const std::string& text)
+{
+    return JSON::decodeText<std::vector<std::int64_t>>("[" + text + "]").at(0);
+}
+
+TEST(JSONDecoding, readsNestedRecords)
+{
+    EXPECT_EQ(JSON::decodeText<Outer>(
+                  R"({"single":{"name":"s","count":7},"ratio":1,"list":[{"name":"a"}],"more":[{}]})"),
+        (Outer{.ratio = 1, .list = {{.name = "a"}}, .single = Inner{.name = "s", .count = 7}}));
+}
+
+TEST(JSONDecoding, anErrorNamesTheWholeKeyPath)
+{
+    EXPECT_EQ(errorOf(R"({"ratio":1,"list":[{"name":"a"},{"name":"b","count":1.5}]})"),
+        "list[1].count: expected a whole number of 64 bits, found 1.5");
+    EXPECT_EQ(errorOf(R"({"ratio":1,"list":[],"single":{}})"), "single.name: is missing");
+    EXPECT_EQ(errorOf(R"({"ratio":1,"list":{}})"), "list: expected an array, found an object");
+    EXPECT_EQ(errorOf(R"({"list":[]})"), "ratio: is missing");
+    EXPECT_EQ(errorOf("7"), "expected an object, found 7");
+}
+
+TEST(JSONDecoding, anErrorShowsAtMostTheBeginningOfALongText)
+{
+    const std::string error = errorOf(R"({"ratio":")" + std::string(100000, 'x') + "\"}");
+    EXPECT_LT(error.size(), 120U);
+}
+
+TEST(JSONDecoding, nullIsAbsenceAlsoOfWhatIsRequired)
+{
+    EXPECT_EQ(
+        JSON::decodeText<Outer>(R"({"ratio":1,"list":[],"single":null})"), (Outer{.ratio = 1, .list = {}}));
+    EXPECT_EQ(errorOf(R"({"ratio":null,"list":[]})"), "ratio: is missing");
+}
+
+TEST(JSONDecoding, ofTwoEqualKeysTheFirstCounts)
+{
+    EXPECT_EQ(JSON::decodeText<Outer>(R"({"ratio":1,"ratio":"x","list":[],"single":null,"single":7})"),
+        (Outer{.ratio = 1, .list = {}}));
+}
+
+TEST(JSONDecoding, escapedKeysAreTheKeysTheySpell)
+{
+    EXPECT_EQ(JSON::decodeText<Outer>(R"({"\u0072atio":2,"list":[]})").ratio, 2);
+}
+
+TEST(JSONDecoding, wholeNumbersMayBeWrittenInAnyWay)
+{
+    EXPECT_EQ(integerIn("1500.0"), 1500);
+    EXPECT_EQ(integerIn("1.5e3"), 1500);
+    EXPECT_EQ(integerIn("-0.0"), 0);
+    EXPECT_EQ(integerIn("9223372036854775807"), std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(integerIn("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
+}
+
+TEST(JSONDecoding, wholeNumbersBeyond64BitsAreNoIntegersButDoubles)
+{
+    for (const char* text :
+        {"9223372036854775808", "-9223372036854779000", "18446744073709551616", "1e19", "1500.5"})
+        EXPECT_THROW(integerIn(text), JSON::DecodingError) << text;
+    const auto doubles
+        = JSON::decodeText<std::vector<double>>("[18446744073709551616,-99999999999999999999,1e19, 5]");
+    EXPECT_EQ(doubles, (std::vector<double>{18446744073709551616.0, -1e20, 1e19, 5}));
+}
+
+TEST(JSONDecoding, longDigitsInsideStringsAndFractionsStayAsTheyAre)
+{
+    const std::string json
+        = R"({"ratio":1.12345678901234567890123e-10,"list":[{"name":"99999999999999999999\"1"}],)"
+          R"("single":{"name":"x"},"unread":99999999999999999999})";
+    const Outer outer = JSON::decodeText<Outer>(json);
+    EXPECT_DOUBLE_EQ(outer.ratio, 1.12345678901234567890123e-10);
+    EXPECT_EQ(outer.list[0].name, "99999999999999999999\"1");
+}
+
+TEST(JSONDecoding, refusesWhatIsNotStrictJSON)
+{
+    for (const char* text : {"", " ", "{", "{}x", "{} {}", "{'a':1}", "[1,]", "[01]", "[.5]", "[1e999]",
+             "nul", "\"\x01\"", "\"\xc0\xaf\""})
+        EXPECT_EQ(errorOf(text).substr(0, 10), "not JSON: ") << text;
+}
+
+TEST(JSONDecoding, refusesNestingBeyondTheLimit)
+{
+    const std::string deep(100000, '[');
+    EXPECT_EQ(errorOf(deep).substr(0, 10), "not JSON: ");
+}
+
+TEST(JSONFieldTable, findsEachOfItsKeysAndNoOther)
+{
+    constexpr JSON::FieldTable<4> table{{"lat", "lon", "alt_baro", "alt_geom"}};
+    EXPECT_EQ(table.indexOf("lat"), 0U);
+    EXPECT_EQ(table.indexOf("lon"), 1U);
+    EXPECT_EQ(table.indexOf("alt_geom"), 3U);
+    EXPECT_EQ(table.indexOf("let"), 4U);
+    EXPECT_EQ(table.indexOf(""), 4U);
+    EXPECT_EQ(table.indexOf("dst"), 4U);
+}
+
+} // namespace
+} // namespace skyvane

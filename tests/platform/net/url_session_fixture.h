@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/net/url_session.h"
+#include "platform/pinned.h"
+#include "tests/support/certificate_authority.h"
+#include "tests/support/https_server.h"
+#include "tests/support/scratch_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+
+namespace skyvane::test {
+
+using namespace std::chrono_literals;
+using testing::HasSubstr;
+
+inline constexpr std::size_t mebibyte = std::size_t{1} << 20;
+
+/// One server that stands for example.test and other.test, and the words that the tests speak of it in.
+class UrlSessionTest : public testing::Test {
+protected:
+    static URLRequest request(const std::string& text)
+    {
+        return {.url = URL::parse(text).value(), .timeout = 5s};
+    }
+    static URLRequest request() { return request("https://example.test/"); }
+
+    static URLResponse get(const URLRequest& wanted = request()) { return UrlSession::data(wanted, {}); }
+
+    /// Why the transfer failed; empty when it did not.
+    static std::string failure(const URLRequest& wanted = request())
+    {
+        try {
+            get(wanted);
+        } catch (const TransferError& error) {
+            return error.what();
+        }
+        return {};
+    }
+
+    ScratchFolder scratch;
+    CertificateAuthority authority{scratch.path() / "authority.pem"};
+    HttpsServer server{authority, {"example.test", "other.test"}};
+    Pinned<Network> network{server.network()};
+};
+
+} // namespace skyvane::test

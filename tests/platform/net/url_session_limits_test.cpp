@@ -1,0 +1,245 @@
+#include "tests/platform/net/url_session_fixture.h"
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <future>
+#include <latch>
+#include <optional>
+#include <string>
+
+namespace skyvane::test {
+
+namespace {
+
+using std::chrono::steady_clock;
+
+/// The beginning of a gzip stream of at least so many zeros: one literal, then nothing but "258 more of the
+/// last byte".
+std::string gzipOfZeros(std::size_t size)
+{
+    std::string bytes{"\x1f\x8b\x08\x00\x00\x00\x00\x00\x00\x03", 10};
+    std::size_t length = 0;
+    const auto put = [&](const char* bits) {
+        for (; *bits != '\0'; ++bits, ++length) {
+            if (length % 8 == 0)
+                bytes.push_back('\0');
+            bytes.back() = static_cast<char>(bytes.back() | (*bits - '0') << length % 8);
+        }
+    };
+    put("11000110000");
+    for (std::size_t made = 0; made < size; made += 258)
+        put("1100010100000");
+    return bytes;
+}
+
+/// Cancellations, timed.
+class UrlSessionCancellation : public UrlSessionTest {
+protected:
+    /// Starts a transfer, cancels it as soon as `isUnderWay` returns, and returns how long it took from there
+    /// to the CancellationError.
+    template <class Wait>
+    std::optional<steady_clock::duration> cancelled(Wait isUnderWay)
+    {
+        std::stop_source stop;
+        auto transfer = std::async(std::launch::async, [&]() -> std::optional<steady_clock::time_point> {
+            try {
+                UrlSession::data(request(), stop.get_token());
+            } catch (const CancellationError&) {
+                return steady_clock::now();
+            }
+            return std::nullopt;
+        });
+        isUnderWay();
+        const auto start = steady_clock::now();
+        stop.request_stop();
+        const auto end = transfer.get();
+        return end ? std::optional{*end - start} : std::nullopt;
+    }
+};
+
+} // namespace
+
+TEST_F(UrlSessionTest, takesABodyOf32MiBAndNoByteMore)
+{
+    server.answer("/", {.body = std::string(32 * mebibyte, 'x')});
+    EXPECT_EQ(get().body.size(), 32 * mebibyte);
+    server.answer("/", {.body = std::string(32 * mebibyte + 1, 'x')});
+    EXPECT_THAT(failure(), HasSubstr("longer than 32 MiB"));
+}
+
+TEST_F(UrlSessionTest, boundsABodyThatNeverEnds)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\n\r\n");
+        for (const std::string piece(mebibyte, 'x'); true;)
+            connection.send(piece);
+    });
+    EXPECT_THAT(failure(), HasSubstr("longer than 32 MiB"));
+}
+
+TEST_F(UrlSessionTest, boundsABodyThatIsSmallOnlyWhileCompressed)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\n\r\n");
+        connection.send(gzipOfZeros(64 * mebibyte));
+        connection.close();
+    });
+    EXPECT_THAT(failure(), HasSubstr("longer than 32 MiB"));
+}
+
+TEST_F(UrlSessionTest, boundsTheHeadersOfAnAnswer)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\n");
+        for (const std::string line = "X-Flood: " + std::string(1000, 'x') + "\r\n"; true;)
+            connection.send(line);
+    });
+    EXPECT_THAT(failure(), HasSubstr("headers are longer than 256 KiB"));
+}
+
+TEST_F(UrlSessionTest, boundsOneHeaderThatNeverEnds)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\nX-Flood: ");
+        for (const std::string piece(1000, 'x'); true;)
+            connection.send(piece);
+    });
+    EXPECT_NE(failure(), "");
+}
+
+TEST_F(UrlSessionTest, boundsInformationalAnswers)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        while (true)
+            connection.send("HTTP/1.1 103 Early Hints\r\nLink: </a>\r\n\r\n");
+    });
+    EXPECT_THAT(failure(), HasSubstr("headers are longer than 256 KiB"));
+}
+
+TEST_F(UrlSessionTest, boundsTheHeadersOfAllRedirectsTogether)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.answer({.status = 302,
+            .headers
+            = {{.name = "Location", .value = "/"}, {.name = "X-Flood", .value = std::string(60'000, 'x')}}});
+    });
+    EXPECT_THAT(failure(), HasSubstr("headers are longer than 256 KiB"));
+    EXPECT_EQ(server.requests().size(), 5U);
+}
+
+TEST_F(UrlSessionTest, endsAStalledAnswerAfterTheTimeoutOfTheRequest)
+{
+    server.handle("/", [](const auto&, Connection& connection) { connection.stall(); });
+    URLRequest wanted = request();
+    wanted.timeout = 300ms;
+    const auto start = steady_clock::now();
+    EXPECT_THAT(failure(wanted), HasSubstr("timed out"));
+    EXPECT_GE(steady_clock::now() - start, 290ms);
+    EXPECT_LT(steady_clock::now() - start, 1s);
+}
+
+TEST_F(UrlSessionTest, endsAStalledHandshakeAfterTheTimeoutOfTheRequest)
+{
+    server.greet(&Connection::stall);
+    URLRequest wanted = request();
+    wanted.timeout = 300ms;
+    EXPECT_THAT(failure(wanted), HasSubstr("timed out"));
+}
+
+TEST_F(UrlSessionTest, theTimeoutIsForAllRedirectsTogether)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.drip(head({.status = 302, .headers = {{.name = "Location", .value = "/"}}}), 20, 50ms);
+    });
+    URLRequest wanted = request();
+    wanted.timeout = 400ms;
+    EXPECT_THAT(failure(wanted), HasSubstr("timed out"));
+    EXPECT_GE(server.requests().size(), 2U);
+}
+
+TEST_F(UrlSessionTest, endsEveryTransferAfterEightSeconds)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\n\r\n");
+        connection.drip(std::string(10'000, 'x'), 1, 20ms);
+    });
+    URLRequest wanted = request();
+    wanted.timeout = 1h;
+    const auto start = steady_clock::now();
+    EXPECT_THAT(failure(wanted), HasSubstr("timed out"));
+    EXPECT_GE(steady_clock::now() - start, 7990ms);
+    EXPECT_LT(steady_clock::now() - start, 8500ms);
+}
+
+TEST_F(UrlSessionTest, aTimeoutOfNothingIsNotForever)
+{
+    server.handle("/", [](const auto&, Connection& connection) { connection.stall(); });
+    URLRequest wanted = request();
+    wanted.timeout = 0ms;
+    const auto start = steady_clock::now();
+    EXPECT_NE(failure(wanted), "");
+    EXPECT_LT(steady_clock::now() - start, 1s);
+}
+
+TEST_F(UrlSessionCancellation, comesAtOnceWhileItConnects)
+{
+    server.greet(&Connection::stall);
+    EXPECT_LT(cancelled([&] { server.waitForConnections(1); }).value(), 100ms);
+}
+
+TEST_F(UrlSessionCancellation, comesAtOnceWhileTheServerSaysNothing)
+{
+    server.handle("/", [](const auto&, Connection& connection) { connection.stall(); });
+    EXPECT_LT(cancelled([&] { server.waitForRequests(1); }).value(), 100ms);
+}
+
+TEST_F(UrlSessionCancellation, comesAtOnceWithinABody)
+{
+    std::latch hasBegun{1};
+    server.handle("/", [&](const auto&, Connection& connection) {
+        connection.send(
+            head({.headers = {{.name = "Content-Length", .value = "1000000"}}}) + "the first bytes");
+        hasBegun.count_down();
+        connection.stall();
+    });
+    EXPECT_LT(cancelled([&] { hasBegun.wait(); }).value(), 100ms);
+}
+
+TEST_F(UrlSessionCancellation, comesAtOnceWhileABodyPoursIn)
+{
+    std::latch hasBegun{1};
+    server.handle("/", [&](const auto&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\n\r\n");
+        hasBegun.count_down();
+        connection.drip(std::string(100'000, 'x'), 1, 1ms);
+    });
+    EXPECT_LT(cancelled([&] { hasBegun.wait(); }).value(), 100ms);
+}
+
+TEST_F(UrlSessionTest, aCancelledTransferMakesNoConnection)
+{
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_THROW(UrlSession::data(request(), stop.get_token()), CancellationError);
+    EXPECT_EQ(server.connectionCount(), 0U);
+}
+
+TEST_F(UrlSessionTest, cancellationWinsOverFailure)
+{
+    std::stop_source stop;
+    server.handle("/", [&](const auto&, Connection& connection) {
+        stop.request_stop();
+        connection.reset();
+    });
+    EXPECT_THROW(UrlSession::data(request(), stop.get_token()), CancellationError);
+}
+
+TEST_F(UrlSessionTest, aStopTokenThatNobodyUsesChangesNothing)
+{
+    server.answer("/", {.body = "here"});
+    std::stop_source stop;
+    EXPECT_EQ(UrlSession::data(request(), stop.get_token()).body, "here");
+}
+
+} // namespace skyvane::test

@@ -1,0 +1,60 @@
+#include "platform/text/locale.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <limits>
+
+namespace skyvane {
+namespace {
+
+constexpr Date afternoon{std::chrono::sys_days{std::chrono::year{2026} / 7 / 5} + std::chrono::hours{14}
+    + std::chrono::minutes{5}};
+
+Locale of(const char* name, const char* timeZone = "UTC")
+{
+    return {.numbers = name, .times = name, .timeZone = timeZone};
+}
+
+TEST(Locale, groupsIntegers)
+{
+    const Pinned<Locale> english{of("en_US")};
+    EXPECT_EQ(groupedInteger(12500), "12,500");
+    EXPECT_EQ(groupedInteger(-150), "-150");
+    EXPECT_EQ(groupedInteger(std::numeric_limits<std::int64_t>::max()), "9,223,372,036,854,775,807");
+}
+
+TEST(Locale, groupsAsTheCountryDoes)
+{
+    const Pinned<Locale> german{of("de_DE")};
+    EXPECT_EQ(groupedInteger(12500), "12.500");
+    {
+        const Pinned<Locale> french{of("fr_FR")};
+        EXPECT_EQ(groupedInteger(12500), "12\u202f500");
+    }
+    EXPECT_EQ(groupedInteger(12500), "12.500");
+}
+
+TEST(Locale, writesTimesInTwelveOrTwentyFourHours)
+{
+    const Pinned<Locale> english{of("en_US")};
+    EXPECT_EQ(shortTime(afternoon), "2:05 PM");
+    const Pinned<Locale> german{of("de_DE")};
+    EXPECT_EQ(shortTime(afternoon), "14:05");
+}
+
+TEST(Locale, writesTimesInTheTimeZone)
+{
+    const Pinned<Locale> summerTime{of("de_DE", "Europe/Berlin")};
+    EXPECT_EQ(shortTime(afternoon), "16:05");
+}
+
+TEST(Locale, anUnknownLocaleStillWritesNumbersAndTimes)
+{
+    const Pinned<Locale> unknown{of("xx_YY")};
+    EXPECT_FALSE(groupedInteger(12500).empty());
+    EXPECT_FALSE(shortTime(afternoon).empty());
+}
+
+} // namespace
+} // namespace skyvane
