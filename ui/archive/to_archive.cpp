@@ -1,0 +1,214 @@
+#include "ui/archive/archive.h"
+#include "ui/archive/words.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cmath>
+
+namespace skyvane {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// Whole numbers without a fraction, which halves the size of an archive.
+Json number(double value)
+{
+    constexpr double exact = 1e15;
+    if (value == std::trunc(value) && std::abs(value) < exact)
+        return static_cast<std::int64_t>(value);
+    return value;
+}
+
+Json point(UnitPoint point)
+{
+    return {number(point.x), number(point.y)};
+}
+
+Json stroke(const Stroke& stroke)
+{
+    return {{"color", toArchive(stroke.color)}, {"width", number(stroke.width)}};
+}
+
+Json font(const Font& font)
+{
+    Json json = Json::object();
+    if (font.size.style)
+        json["style"] = Words::wordFor(Words::styles, *font.size.style);
+    else
+        json["size"] = number(font.size.points);
+    if (font.weight != FontWeight::regular)
+        json["weight"] = Words::wordFor(Words::weights, font.weight);
+    if (font.design != FontDesign::standard)
+        json["design"] = Words::wordFor(Words::designs, font.design);
+    return json;
+}
+
+/// A maximum that may be "infinity".
+Json extent(double value)
+{
+    return std::isinf(value) ? Json("infinity") : number(value);
+}
+
+Json list(const ViewList& views)
+{
+    Json json = Json::array();
+    for (const View& view : views)
+        json.push_back(toArchive(view));
+    return json;
+}
+
+Json only(const ViewList& views)
+{
+    return toArchive(views[0]);
+}
+
+Json symbol(const std::string& name, const Font& face, const Color& color, double rotation)
+{
+    Json json{{"name", name}, {"font", font(face)}, {"color", toArchive(color)}};
+    if (rotation != 0)
+        json["rotation"] = number(rotation);
+    return json;
+}
+
+struct ItemArchiver {
+    Json operator()(const CanvasCircle& circle) const
+    {
+        Json json{{"type", "circle"}, {"center", point(circle.center)}};
+        if (const auto* fraction = std::get_if<FractionOfWidth>(&circle.diameter))
+            json["diameter"] = number(fraction->value);
+        else
+            json["points"] = number(std::get<Points>(circle.diameter).value);
+        if (const auto* fill = std::get_if<Color>(&circle.paint))
+            json["fill"] = toArchive(*fill);
+        else
+            json["stroke"] = stroke(std::get<Stroke>(circle.paint));
+        return json;
+    }
+
+    Json operator()(const CanvasLine& line) const
+    {
+        return {{"type", "line"}, {"from", point(line.from)}, {"to", point(line.to)},
+            {"stroke", stroke(line.stroke)}};
+    }
+
+    Json operator()(const CanvasSymbol& item) const
+    {
+        Json json{{"type", "symbol"}, {"center", point(item.center)}};
+        json.update(symbol(item.name, item.font, item.color, item.rotation));
+        if (item.id)
+            json["id"] = *item.id;
+        return json;
+    }
+
+    Json operator()(const UnknownCanvasItem& item) const { return {{"type", item.type}}; }
+};
+
+struct NodeArchiver {
+    Json operator()(const Text& text) const
+    {
+        Json json{{"type", "text"}, {"text", text.string}, {"font", font(text.font)},
+            {"color", toArchive(text.color)}};
+        if (text.tracking != 0)
+            json["tracking"] = number(text.tracking);
+        if (text.lineLimit)
+            json["lineLimit"] = *text.lineLimit;
+        if (text.minimumScale != 1)
+            json["minimumScale"] = number(text.minimumScale);
+        if (text.align != HorizontalAlignment::leading)
+            json["align"] = Words::wordFor(Words::horizontal, text.align);
+        return json;
+    }
+
+    Json operator()(const Symbol& node) const
+    {
+        Json json{{"type", "symbol"}};
+        json.update(symbol(node.name, node.font, node.color, node.rotation));
+        return json;
+    }
+
+    Json operator()(const HStack& stack) const
+    {
+        return stackArchive("hstack", stack, Words::wordFor(Words::vertical, stack.align));
+    }
+
+    Json operator()(const VStack& stack) const
+    {
+        return stackArchive("vstack", stack, Words::wordFor(Words::horizontal, stack.align));
+    }
+
+    Json operator()(const Spacer& spacer) const
+    {
+        Json json{{"type", "spacer"}};
+        if (spacer.minLength != 0)
+            json["minLength"] = number(spacer.minLength);
+        return json;
+    }
+
+    Json operator()(const Frame& frame) const
+    {
+        Json json{{"type", "frame"}};
+        if (frame.maxWidth)
+            json["maxWidth"] = extent(*frame.maxWidth);
+        if (frame.maxHeight)
+            json["maxHeight"] = extent(*frame.maxHeight);
+        if (frame.align != Alignment::center)
+            json["align"] = Words::wordFor(Words::alignments, frame.align);
+        json["child"] = only(frame.child);
+        return json;
+    }
+
+    Json operator()(const Overlay& overlay) const
+    {
+        Json layers = Json::array();
+        for (const Overlay::Layer& layer : overlay.layers)
+            layers.push_back(
+                {{"align", Words::wordFor(Words::alignments, layer.align)}, {"child", only(layer.child)}});
+        return {{"type", "overlay"}, {"child", only(overlay.child)}, {"layers", std::move(layers)}};
+    }
+
+    Json operator()(const Canvas& canvas) const
+    {
+        Json items = Json::array();
+        for (const CanvasItem& item : canvas.items)
+            items.push_back(std::visit(ItemArchiver{}, item));
+        return {{"type", "canvas"}, {"aspectRatio", number(canvas.aspectRatio)}, {"items", std::move(items)}};
+    }
+
+    Json operator()(const Link& link) const
+    {
+        return {{"type", "link"}, {"url", link.url.text()}, {"child", only(link.child)}};
+    }
+
+    Json operator()(const UnknownView& unknown) const { return {{"type", unknown.type}}; }
+
+private:
+    template <class Stack>
+    static Json stackArchive(const char* type, const Stack& stack, std::string_view align)
+    {
+        Json json{{"type", type}};
+        if (stack.spacing != 0)
+            json["spacing"] = number(stack.spacing);
+        if (align != "center")
+            json["align"] = align;
+        json["children"] = list(stack.children);
+        return json;
+    }
+};
+
+} // namespace
+
+nlohmann::ordered_json toArchive(const Color& color)
+{
+    return {number(color.red), number(color.green), number(color.blue), number(color.opacity)};
+}
+
+nlohmann::ordered_json toArchive(const View& view)
+{
+    Json json = std::visit(NodeArchiver{}, view.node);
+    if (view.id)
+        json["id"] = *view.id;
+    return json;
+}
+
+} // namespace skyvane

@@ -1,0 +1,77 @@
+#include "ui/layout/widget_container.h"
+
+#include "ui/layout/layout.h"
+
+#include <algorithm>
+
+namespace skyvane::WidgetContainer {
+
+namespace {
+
+Point moved(Point point)
+{
+    return {.x = point.x + contentMargin, .y = point.y + contentMargin};
+}
+
+void move(TextLine& line)
+{
+    line.origin = moved(line.origin);
+}
+void move(Pictogram& pictogram)
+{
+    pictogram.center = moved(pictogram.center);
+}
+void move(Ellipse& ellipse)
+{
+    ellipse.center = moved(ellipse.center);
+}
+void move(Segment& segment)
+{
+    segment.from = moved(segment.from);
+    segment.to = moved(segment.to);
+}
+
+} // namespace
+
+Size size(ContainerFamily family)
+{
+    switch (family) {
+    case ContainerFamily::small:
+        return {.width = 170, .height = 170};
+    case ContainerFamily::medium:
+        return {.width = 364, .height = 170};
+    case ContainerFamily::large:
+        return {.width = 364, .height = 382};
+    }
+    return {};
+}
+
+std::string_view name(ContainerFamily family)
+{
+    constexpr std::array<std::string_view, families.size()> names{"small", "medium", "large"};
+    return names[static_cast<std::size_t>(family)];
+}
+
+std::optional<ContainerFamily> named(std::string_view name)
+{
+    const auto found = std::find_if(families.begin(), families.end(),
+        [&](ContainerFamily family) { return WidgetContainer::name(family) == name; });
+    return found == families.end() ? std::nullopt : std::optional{*found};
+}
+
+DisplayList layout(const View& content, ContainerFamily family, const TextMeasurer& measurer)
+{
+    const Size whole = size(family);
+    const Size inner{.width = whole.width - 2 * contentMargin, .height = whole.height - 2 * contentMargin};
+    DisplayList list = skyvane::layout(content, inner, measurer);
+    list.size = whole;
+    for (DisplayItem& item : list.items)
+        std::visit([](auto& drawn) { move(drawn); }, item);
+    for (LinkArea& link : list.links) {
+        link.frame.x += contentMargin;
+        link.frame.y += contentMargin;
+    }
+    return list;
+}
+
+} // namespace skyvane::WidgetContainer

@@ -1,0 +1,115 @@
+#include "ui/tree/view.h"
+
+#include "ui/tree/build.h"
+
+#include <utility>
+
+namespace skyvane {
+
+ViewList::ViewList() = default;
+ViewList::ViewList(std::initializer_list<View> views) : m_views(views) { }
+ViewList::ViewList(std::vector<View> views) : m_views(std::move(views)) { }
+ViewList::ViewList(const ViewList&) = default;
+ViewList::ViewList(ViewList&&) noexcept = default;
+ViewList& ViewList::operator=(const ViewList&) = default;
+ViewList& ViewList::operator=(ViewList&&) noexcept = default;
+ViewList::~ViewList() = default;
+
+const View* ViewList::begin() const
+{
+    return m_views.data();
+}
+
+const View* ViewList::end() const
+{
+    return m_views.data() + m_views.size();
+}
+
+std::size_t ViewList::size() const
+{
+    return m_views.size();
+}
+
+const View& ViewList::operator[](std::size_t index) const
+{
+    return m_views[index];
+}
+
+bool ViewList::operator==(const ViewList& other) const
+{
+    return m_views == other.m_views;
+}
+
+Children::Children(std::initializer_list<Element> elements)
+{
+    for (const Element& element : elements)
+        views.insert(views.end(), element.views.begin(), element.views.end());
+}
+
+View HStack::operator()(Children content) &&
+{
+    children = std::move(content.views);
+    return {.node = std::move(*this)};
+}
+
+View VStack::operator()(Children content) &&
+{
+    children = std::move(content.views);
+    return {.node = std::move(*this)};
+}
+
+View Frame::operator()(View content) &&
+{
+    child = {std::move(content)};
+    return {.node = std::move(*this)};
+}
+
+Styled<Text> text(std::string string)
+{
+    return {.node = {.string = std::move(string), .font = {.size = TextStyle::caption}, .color = {0, 0, 0}}};
+}
+
+Styled<Symbol> symbol(std::string name)
+{
+    return {.node = {.name = std::move(name), .font = {.size = TextStyle::caption}, .color = {0, 0, 0}}};
+}
+
+View spacer(double minLength)
+{
+    return {.node = Spacer{.minLength = minLength}};
+}
+
+View canvas(double aspectRatio, std::vector<CanvasItem> items)
+{
+    return {.node = Canvas{.aspectRatio = aspectRatio, .items = std::move(items)}};
+}
+
+View link(URL url, View child)
+{
+    return {.node = Link{.url = std::move(url), .child = {std::move(child)}}};
+}
+
+View identified(std::string id, View view)
+{
+    view.id = std::move(id);
+    return view;
+}
+
+std::optional<Overlay::Layer> layer(Alignment align, std::optional<View> child)
+{
+    if (!child)
+        return std::nullopt;
+    return Overlay::Layer{.align = align, .child = {*std::move(child)}};
+}
+
+View overlay(View child, std::initializer_list<std::optional<Overlay::Layer>> layers)
+{
+    Overlay overlay{.child = {std::move(child)}, .layers = {}};
+    for (const auto& candidate : layers) {
+        if (candidate)
+            overlay.layers.push_back(*candidate);
+    }
+    return {.node = std::move(overlay)};
+}
+
+} // namespace skyvane
