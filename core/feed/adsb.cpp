@@ -1,0 +1,141 @@
+#include "core/feed/adsb.h"
+
+#include "core/model/fields.h"
+#include "platform/text/format.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace skyvane::ADSB {
+
+namespace {
+
+struct Source {
+    std::string name; ///< For messages.
+    std::string (*url)(const HomeLocation& home, int radiusNM);
+};
+
+std::string degrees(double value)
+{
+    return Format::fixed(value, 5);
+}
+
+const std::array<Source, 2>& sources()
+{
+    static const std::array<Source, 2> list{{
+        {
+            .name = "api.adsb.lol",
+            .url =
+                [](const HomeLocation& home, int radiusNM) {
+                    return "https://api.adsb.lol/v2/point/" + degrees(home.latitude) + "/"
+                        + degrees(home.longitude) + "/" + std::to_string(radiusNM);
+                },
+        },
+        {
+            .name = "opendata.adsb.fi",
+            .url =
+                [](const HomeLocation& home, int radiusNM) {
+                    return "https://opendata.adsb.fi/api/v2/lat/" + degrees(home.latitude) + "/lon/"
+                        + degrees(home.longitude) + "/dist/" + std::to_string(radiusNM);
+                },
+        },
+    }};
+    return list;
+}
+
+/// A radius that is not a number asks for the most, like every one that is not below it.
+int queryRadius(double radiusNM)
+{
+    const double rounded = std::round(radiusNM);
+    return static_cast<int>(rounded < 250 ? std::max(rounded, 1.0) : 250.0);
+}
+
+bool hasFreshPosition(const Aircraft& aircraft)
+{
+    return aircraft.coordinate() && (!aircraft.seenPos || *aircraft.seenPos < 60.0);
+}
+
+std::vector<Aircraft> listOf(APIResponse response)
+{
+    if (response.ac)
+        return *std::move(response.ac);
+    if (response.aircraft)
+        return *std::move(response.aircraft);
+    return {};
+}
+
+/// Orders small keys instead of the large records, each of which then moves once.
+std::vector<Aircraft> freshNearestFirst(std::vector<Aircraft> all)
+{
+    struct Ranked {
+        double distanceNM;
+        Aircraft* aircraft;
+    };
+    std::vector<Ranked> ranking;
+    ranking.reserve(all.size());
+    for (Aircraft& aircraft : all) {
+        constexpr double unknown = std::numeric_limits<double>::infinity();
+        if (hasFreshPosition(aircraft))
+            ranking.push_back({aircraft.distanceNM.value_or(unknown), &aircraft});
+    }
+    std::ranges::stable_sort(ranking, {}, &Ranked::distanceNM);
+
+    std::vector<Aircraft> list;
+    list.reserve(ranking.size());
+    for (const Ranked& next : ranking)
+        list.push_back(std::move(*next.aircraft));
+    return list;
+}
+
+/// What one source was asked for: its list, or why there is none.
+struct Outcome {
+    std::optional<std::vector<Aircraft>> list{};
+    std::string message{};
+};
+
+Outcome ask(const Source& source, const URL& url, const Transport& transport, const std::stop_token& stop)
+{
+    try {
+        const URLResponse response = transport({.url = url, .timeout = std::chrono::seconds{8}}, stop);
+        if (response.status != 200)
+            return {.message = source.name + " returned an error"};
+        return {.list = freshNearestFirst(listOf(JSON::decodeText<APIResponse>(response.body)))};
+    } catch (const TransferError& error) {
+        return {.message = source.name + ": " + error.what()};
+    } catch (const JSON::DecodingError& error) {
+        return {.message = source.name + ": " + error.what()};
+    }
+}
+
+} // namespace
+
+std::vector<Aircraft> fetch(
+    const HomeLocation& home, double radiusNM, const Transport& transport, std::stop_token stop)
+{
+    const int radius = queryRadius(radiusNM);
+    bool hasEmptySky = false;
+    std::string lastMessage = "No flight data source reachable";
+    for (const Source& source : sources()) {
+        const auto url = URL::parse(source.url(home, radius));
+        if (!url)
+            continue;
+        Outcome outcome = ask(source, *url, transport, stop);
+        if (!outcome.list)
+            lastMessage = std::move(outcome.message);
+        else if (!outcome.list->empty())
+            return *std::move(outcome.list);
+        else
+            hasEmptySky = true;
+    }
+    if (hasEmptySky)
+        return {};
+    throw FetchError{std::move(lastMessage)};
+}
+
+} // namespace skyvane::ADSB

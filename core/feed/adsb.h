@@ -1,0 +1,21 @@
+#pragma once
+
+#include "core/feed/fetch_error.h"
+#include "core/model/aircraft.h"
+#include "core/model/home_location.h"
+#include "platform/net/url_session.h"
+
+#include <stop_token>
+#include <vector>
+
+/// The aircraft around home, from two community aggregators in a fixed order. Nothing is cached.
+namespace skyvane::ADSB {
+
+/// Those with a position younger than 60 seconds, nearest first by the aggregator's own distance; the second
+/// source is asked when the first fails or has none. The radius, nautical miles, is rounded and bounded to 1
+/// to 250. Throws `FetchError` when no source answered and `CancellationError` at once when `stop` asks for
+/// it.
+std::vector<Aircraft> fetch(
+    const HomeLocation& home, double radiusNM, const Transport& transport, std::stop_token stop = {});
+
+} // namespace skyvane::ADSB

@@ -1,0 +1,21 @@
+#include "core/views/deep_link_url.h"
+
+#include <cstdlib>
+#include <string>
+
+namespace skyvane::DeepLinkURL {
+
+std::optional<URL> aircraft(std::string_view hex)
+{
+    return URL::parse("skyvane://aircraft/" + std::string{hex});
+}
+
+URL open()
+{
+    const auto url = URL::parse("skyvane://open");
+    if (!url)
+        std::abort();
+    return *url;
+}
+
+} // namespace skyvane::DeepLinkURL

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/net/url.h"
+
+#include <optional>
+#include <string_view>
+
+/// The addresses inside the companion.
+namespace skyvane::DeepLinkURL {
+
+/// Of one aircraft, its identity appended as it stands; absent when that forms no URL.
+std::optional<URL> aircraft(std::string_view hex);
+
+/// Of the sky list.
+URL open();
+
+} // namespace skyvane::DeepLinkURL

@@ -1,0 +1,83 @@
+#include "core/views/radar_widget_view.h"
+
+#include "core/radar/radar_view.h"
+#include "core/views/linked_rows.h"
+#include "core/views/setup_prompt.h"
+#include "platform/text/locale.h"
+#include "platform/text/localized.h"
+#include "ui/tree/build.h"
+
+#include <limits>
+#include <string>
+
+namespace skyvane {
+
+namespace {
+
+constexpr Font captionFont{.size = 8, .design = FontDesign::monospaced};
+constexpr Font quietFont{.size = 8, .weight = FontWeight::semibold, .design = FontDesign::monospaced};
+constexpr Font countFont{.size = 10, .weight = FontWeight::bold, .design = FontDesign::monospaced};
+constexpr Font headerFont{.size = 9, .weight = FontWeight::semibold, .design = FontDesign::monospaced};
+
+constexpr double unbounded = std::numeric_limits<double>::infinity();
+constexpr std::size_t listedAircraft = 3;
+
+std::int64_t count(const SkyEntry& entry)
+{
+    return static_cast<std::int64_t>(entry.aircraft.size());
+}
+
+} // namespace
+
+View RadarWidgetView::body(WidgetFamily family) const
+{
+    if (entry.needsSetup())
+        return SetupPrompt{.palette = entry.palette()}.body();
+    if (forcedFamily.value_or(family) == WidgetFamily::medium)
+        return scopeBesideList();
+    return captionedScope();
+}
+
+View RadarWidgetView::captionedScope() const
+{
+    const ScopePalette palette = entry.palette();
+    const auto caption = [&](std::string string) {
+        return text(std::move(string)).font(captionFont).foreground(palette.dim());
+    };
+    const auto quietSky = [&] {
+        return text(localized("QUIET SKY")).font(quietFont).tracking(1.5).foreground(palette.dim());
+    };
+
+    return overlay(RadarView{.entry = entry, .maxBlips = 40}.body(),
+        {
+            layer(Alignment::topLeading, caption(localized("%lldnm", {entry.wholeRadiusNM()}))),
+            layer(Alignment::top, when(entry.aircraft.empty(), quietSky)),
+            layer(Alignment::bottomLeading,
+                text(std::to_string(count(entry))).font(countFont).foreground(palette.phosphor)),
+            layer(Alignment::bottomTrailing, caption(shortTime(entry.date))),
+        });
+}
+
+View RadarWidgetView::scopeBesideList() const
+{
+    return HStack{.spacing = 12}({
+        RadarView{.entry = entry, .maxBlips = 40}.body(),
+        Frame{.maxWidth = unbounded, .align = Alignment::leading}(list()),
+    });
+}
+
+View RadarWidgetView::list() const
+{
+    const ScopePalette palette = entry.palette();
+    return VStack{.spacing = 5, .align = HorizontalAlignment::leading}({
+        text(localized("%lld AIRCRAFT · %lld NM", {count(entry), entry.wholeRadiusNM()}))
+            .font(headerFont)
+            .tracking(1)
+            .foreground(palette.dim()),
+        linkedRows(entry, listedAircraft, linksEnabled),
+        spacer(),
+        text(localized("as of ") + shortTime(entry.date)).font(captionFont).foreground(palette.dim()),
+    });
+}
+
+} // namespace skyvane

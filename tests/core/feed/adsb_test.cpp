@@ -1,0 +1,242 @@
+#include "core/feed/adsb.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace skyvane {
+namespace {
+
+constexpr const char* first = "https://api.adsb.lol/v2/point/51.50000/-0.12000/25";
+constexpr const char* second = "https://opendata.adsb.fi/api/v2/lat/51.50000/lon/-0.12000/dist/25";
+
+const HomeLocation home{.latitude = 51.5, .longitude = -0.12, .label = "Home"};
+
+/// Answers in turn and keeps what it was asked.
+struct FakeTransport {
+    using Answer = std::function<URLResponse()>;
+
+    std::vector<Answer> answers;
+    std::vector<URLRequest> requests{};
+
+    Transport transport()
+    {
+        return [this](const URLRequest& request, const std::stop_token&) {
+            requests.push_back(request);
+            return answers.at(requests.size() - 1)();
+        };
+    }
+
+    std::vector<std::string> urls() const
+    {
+        std::vector<std::string> list;
+        for (const URLRequest& request : requests)
+            list.push_back(request.url.text());
+        return list;
+    }
+};
+
+FakeTransport::Answer answering(std::string body, int status = 200)
+{
+    return [=] { return URLResponse{.status = status, .body = body}; };
+}
+
+FakeTransport::Answer failing(std::string reason)
+{
+    return [=]() -> URLResponse { throw TransferError{reason}; };
+}
+
+FakeTransport::Answer cancelled()
+{
+    return []() -> URLResponse { throw CancellationError{}; };
+}
+
+std::vector<std::string> fetchedHexes(FakeTransport& fake)
+{
+    std::vector<std::string> list;
+    for (const Aircraft& aircraft : ADSB::fetch(home, 25, fake.transport()))
+        list.push_back(aircraft.hex);
+    return list;
+}
+
+std::string messageOf(FakeTransport& fake)
+{
+    try {
+        ADSB::fetch(home, 25, fake.transport());
+    } catch (const FetchError& error) {
+        return error.message;
+    }
+    return "no error";
+}
+
+std::string askedURL(const HomeLocation& from, double radiusNM)
+{
+    FakeTransport fake{.answers = {answering(R"({"ac":[{"hex":"a","lat":1,"lon":2}]})")}};
+    ADSB::fetch(from, radiusNM, fake.transport());
+    return fake.urls().at(0);
+}
+
+using Hexes = std::vector<std::string>;
+
+constexpr const char* oneAircraft = R"({"ac":[{"hex":"a","lat":1,"lon":2,"dst":3}]})";
+constexpr const char* emptySky = R"({"ac":[]})";
+
+TEST(ADSB, asksTheFirstSourceForEightSecondsWithoutAnyHeader)
+{
+    FakeTransport fake{.answers = {answering(oneAircraft)}};
+    EXPECT_EQ(fetchedHexes(fake), Hexes{"a"});
+    const URLRequest expected{
+        .url = URL::parse(first).value(), .timeout = std::chrono::seconds{8}, .headers = {}};
+    EXPECT_EQ(fake.requests, std::vector{expected});
+}
+
+TEST(ADSB, theRadiusIsRoundedAndBounded)
+{
+    const auto asked = [](double radiusNM) {
+        const std::string url = askedURL(home, radiusNM);
+        return url.substr(url.rfind('/') + 1);
+    };
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(asked(0.4), "1");
+    EXPECT_EQ(asked(0.5), "1");
+    EXPECT_EQ(asked(-7), "1");
+    EXPECT_EQ(asked(12.5), "13");
+    EXPECT_EQ(asked(249.4), "249");
+    EXPECT_EQ(asked(249.6), "250");
+    EXPECT_EQ(asked(1000), "250");
+    EXPECT_EQ(asked(std::numeric_limits<double>::quiet_NaN()), "250");
+    EXPECT_EQ(asked(infinity), "250");
+    EXPECT_EQ(asked(-infinity), "1");
+}
+
+TEST(ADSB, coordinatesHaveFiveDecimalsInEveryLocale)
+{
+    const std::string url = askedURL({.latitude = 51.5, .longitude = -0.123456, .label = ""}, 9);
+    EXPECT_EQ(url, "https://api.adsb.lol/v2/point/51.50000/-0.12346/9");
+}
+
+TEST(ADSB, anEmptyFirstAnswerAsksTheSecondSource)
+{
+    FakeTransport fake{
+        .answers = {answering(emptySky), answering(R"({"aircraft":[{"hex":"b","lat":1,"lon":2}]})")}};
+    EXPECT_EQ(fetchedHexes(fake), Hexes{"b"});
+    EXPECT_EQ(fake.urls(), (std::vector<std::string>{first, second}));
+}
+
+TEST(ADSB, anEmptyFirstAnswerAndAFailingSecondAreAnEmptySky)
+{
+    FakeTransport fake{.answers = {answering(emptySky), failing("no route to host")}};
+    EXPECT_EQ(fetchedHexes(fake), Hexes{});
+}
+
+TEST(ADSB, aFailingFirstSourceAndAnEmptySecondAreAnEmptySky)
+{
+    FakeTransport fake{.answers = {failing("no route to host"), answering(emptySky)}};
+    EXPECT_EQ(fetchedHexes(fake), Hexes{});
+}
+
+TEST(ADSB, anOverloadedFirstSourceIsPassedOver)
+{
+    FakeTransport fake{.answers = {answering("busy", 503), answering(oneAircraft)}};
+    EXPECT_EQ(fetchedHexes(fake), Hexes{"a"});
+}
+
+TEST(ADSB, whenBothFailTheLastMessageWins)
+{
+    FakeTransport fake{.answers = {answering("busy", 503), failing("Timeout was reached")}};
+    EXPECT_EQ(messageOf(fake), "opendata.adsb.fi: Timeout was reached");
+}
+
+TEST(ADSB, everyStatusBut200IsAnError)
+{
+    for (const int status : {201, 204, 304, 404, 429, 503}) {
+        FakeTransport fake{.answers = {failing("down"), answering(oneAircraft, status)}};
+        EXPECT_EQ(messageOf(fake), "opendata.adsb.fi returned an error") << status;
+    }
+}
+
+TEST(ADSB, anAnswerThatDoesNotDecodeNamesTheKey)
+{
+    FakeTransport fake{.answers = {failing("down"), answering(R"({"ac":[{"hex":"a"},{"hex":1}]})")}};
+    EXPECT_EQ(messageOf(fake), "opendata.adsb.fi: ac[1].hex: expected a string, found 1");
+}
+
+TEST(ADSB, aFetchErrorDescribesItselfByItsMessage)
+{
+    const FetchError error{"opendata.adsb.fi returned an error"};
+    EXPECT_EQ(error.errorDescription(), error.message);
+    EXPECT_STREQ(error.what(), "opendata.adsb.fi returned an error");
+}
+
+TEST(ADSB, cancellationEndsTheFetchAtOnce)
+{
+    FakeTransport fake{.answers = {cancelled()}};
+    EXPECT_THROW(ADSB::fetch(home, 25, fake.transport()), CancellationError);
+    EXPECT_EQ(fake.requests.size(), 1U);
+}
+
+TEST(ADSB, theCallersStopTokenReachesTheTransport)
+{
+    std::stop_source source;
+    const Transport transport = [&](const URLRequest&, const std::stop_token& stop) -> URLResponse {
+        source.request_stop();
+        EXPECT_TRUE(stop.stop_requested());
+        throw CancellationError{};
+    };
+    EXPECT_THROW(ADSB::fetch(home, 25, transport, source.get_token()), CancellationError);
+}
+
+TEST(ADSB, keepsOnlyAircraftWithAFreshPosition)
+{
+    FakeTransport fake{.answers = {answering(R"({"ac":[
+        {"hex":"stale","lat":1,"lon":2,"seen_pos":60.0},
+        {"hex":"fresh","lat":1,"lon":2,"seen_pos":59.99},
+        {"hex":"ageless","lat":1,"lon":2},
+        {"hex":"nowhere","lat":1},
+        {"hex":"astray","lon":2}
+    ]})")}};
+    EXPECT_EQ(fetchedHexes(fake), (Hexes{"fresh", "ageless"}));
+}
+
+TEST(ADSB, aListOfOnlyStaleAircraftIsAnEmptyAnswer)
+{
+    FakeTransport fake{.answers
+        = {answering(R"({"ac":[{"hex":"stale","lat":1,"lon":2,"seen_pos":60}]})"), answering(oneAircraft)}};
+    EXPECT_EQ(fetchedHexes(fake), Hexes{"a"});
+}
+
+TEST(ADSB, sortsByDistanceKeepingTheFeedsOrderAmongEquals)
+{
+    FakeTransport fake{.answers = {answering(R"({"ac":[
+        {"hex":"unknown1","lat":1,"lon":2},
+        {"hex":"far","lat":1,"lon":2,"dst":9},
+        {"hex":"near1","lat":1,"lon":2,"dst":1.5},
+        {"hex":"unknown2","lat":1,"lon":2},
+        {"hex":"near2","lat":1,"lon":2,"dst":1.5}
+    ]})")}};
+    EXPECT_EQ(fetchedHexes(fake), (Hexes{"near1", "near2", "far", "unknown1", "unknown2"}));
+}
+
+TEST(ADSB, takesTheListAcEvenWhenItIsEmptyBesideAnother)
+{
+    FakeTransport fake{
+        .answers = {answering(R"({"ac":[],"aircraft":[{"hex":"a","lat":1,"lon":2}]})"), answering("{}")}};
+    EXPECT_EQ(fetchedHexes(fake), Hexes{});
+    EXPECT_EQ(fake.requests.size(), 2U);
+}
+
+TEST(ADSB, returnsEveryAircraftOfALongAnswer)
+{
+    std::string json = R"({"ac":[)";
+    for (int index = 0; index < 700; ++index)
+        json += (index == 0 ? "" : ",")
+            + (R"({"hex":")" + std::to_string(index) + R"(","lat":1,"lon":2,"dst":7})");
+    FakeTransport fake{.answers = {answering(json + "]}")}};
+    EXPECT_EQ(fetchedHexes(fake).size(), 700U);
+}
+
+} // namespace
+} // namespace skyvane
