@@ -1,0 +1,121 @@
+#include "widgets/extension/answers.h"
+
+#include "ui/tree/build.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+namespace skyvane::Extension {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+SkyEntry entry(milliseconds date)
+{
+    return {
+        .date = Date{date},
+        .aircraft = {},
+        .radiusNM = 25,
+        .home = std::nullopt,
+        .isSample = false,
+        .unit = "mi",
+    };
+}
+
+/// A widget whose view is one text, the entry's unit.
+Widget widget(std::optional<URL> url)
+{
+    return {
+        .kind = "test.unit",
+        .displayName = "Unit",
+        .description = "Says \"mi\".",
+        .supportedFamilies = {WidgetFamily::small, WidgetFamily::large},
+        .content =
+            [url](const SkyEntry& shown, WidgetFamily) {
+                return WidgetContent{
+                    .view
+                    = text(shown.unit).font({.size = 9.0}).foreground({.red = 1, .green = 0, .blue = 0}),
+                    .widgetURL = url,
+                    .containerBackground = {.red = 0, .green = 0.5, .blue = 1, .opacity = 0.25},
+                };
+            },
+    };
+}
+
+constexpr const char* view = R"({"type":"text","text":"mi","font":{"size":9},"color":[1,0,0,1]})";
+
+} // namespace
+
+TEST(Answers, aListNamesEveryWidgetInOrder)
+{
+    EXPECT_EQ(listResult({widget({})}).dump(),
+        R"({"protocol":1,"widgets":[{"kind":"test.unit","displayName":"Unit","description":"Says \"mi\".",)"
+        R"("families":["small","large"]}]})");
+    EXPECT_EQ(listResult({}).dump(), R"({"protocol":1,"widgets":[]})");
+}
+
+TEST(Answers, anEntryIsItsDateItsViewAndItsContainer)
+{
+    const Widget shown = widget(URL::parse("skyvane://open"));
+    const Result result
+        = entryResult(entry(milliseconds{1700000000123}), {.widget = &shown, .family = WidgetFamily::small});
+    EXPECT_EQ(result.dump(),
+        R"({"entry":{"date":1700000000.123,"isSample":false,"view":)" + std::string{view}
+            + R"(,"background":[0,0.5,1,0.25],"url":"skyvane://open"}})");
+}
+
+TEST(Answers, anEntryWithoutALinkSaysSo)
+{
+    const Widget shown = widget({});
+    const Result result = entryResult(entry({}), {.widget = &shown, .family = WidgetFamily::small});
+    EXPECT_TRUE(result.at("entry").at("url").is_null());
+}
+
+TEST(Answers, datesAreSecondsToTheMillisecond)
+{
+    const Widget shown = widget({});
+    const auto date = [&](milliseconds since) {
+        return entryResult(entry(since), {.widget = &shown, .family = WidgetFamily::small})["entry"]["date"]
+            .dump();
+    };
+    EXPECT_EQ(date(milliseconds{1700000000001}), "1700000000.001");
+    EXPECT_EQ(date(milliseconds{1700000000999}), "1700000000.999");
+    EXPECT_EQ(date(milliseconds{-1}), "-0.001");
+}
+
+TEST(Answers, aTimelineSaysWhenToAskAgain)
+{
+    const Widget shown = widget({});
+    const Timeline timeline{.entries = {entry(milliseconds{1000}), entry(milliseconds{2000})},
+        .reloadAfter = Date{milliseconds{300500}}};
+    const Result result = timelineResult(timeline, {.widget = &shown, .family = WidgetFamily::small});
+    EXPECT_EQ(result["entries"].size(), 2U);
+    EXPECT_EQ(result["entries"][1]["date"], 2);
+    EXPECT_EQ(result["reload"].dump(), R"({"policy":"after","date":300.5})");
+}
+
+TEST(Answers, aLineHoldsNoLineBreakButItsLast)
+{
+    const std::string line = resultLine("a\nb", {{"text", "c\r\nd"}});
+    EXPECT_EQ(line, "{\"jsonrpc\":\"2.0\",\"id\":\"a\\nb\",\"result\":{\"text\":\"c\\r\\nd\"}}\n");
+}
+
+TEST(Answers, anErrorNamesItsCode)
+{
+    EXPECT_EQ(errorLine(nullptr, ErrorCode::parseError, "not JSON"),
+        "{\"jsonrpc\":\"2.0\",\"id\":null,\"error\":{\"code\":-32700,\"message\":\"not JSON\"}}\n");
+}
+
+TEST(Answers, aResultThatIsTooLongBecomesAnError)
+{
+    constexpr std::size_t limit = std::size_t{256} << 10;
+    const std::size_t frame = resultLine(1, "").size();
+    EXPECT_EQ(resultLine(1, std::string(limit - frame, 'x')).size(), limit);
+    EXPECT_EQ(resultLine(1, std::string(limit - frame + 1, 'x')),
+        errorLine(1, ErrorCode::internalError, "the answer is longer than 256 KiB"));
+}
+
+} // namespace skyvane::Extension

@@ -1,0 +1,188 @@
+#include "widgets/extension/message.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace skyvane::Extension {
+
+namespace {
+
+const std::vector<Widget>& offered()
+{
+    static const std::vector<Widget> list{
+        {
+            .kind = "test.two",
+            .displayName = "Two",
+            .description = "In two sizes",
+            .supportedFamilies = {WidgetFamily::small, WidgetFamily::medium},
+            .content = {},
+        },
+        {
+            .kind = "test.one",
+            .displayName = "One",
+            .description = "In one size",
+            .supportedFamilies = {WidgetFamily::large},
+            .content = {},
+        },
+    };
+    return list;
+}
+
+Message read(const std::string& line)
+{
+    return readMessage(line, offered());
+}
+
+/// A request with this method and these parameters, JSON both.
+Message read(const std::string& method, const std::string& params)
+{
+    return read(R"({"jsonrpc":"2.0","id":1,"method":)" + method + R"(,"params":)" + params + "}");
+}
+
+template <class Call>
+Call call(const Message& message)
+{
+    return std::get<Call>(std::get<Request>(message).call);
+}
+
+struct RefusalCase {
+    const char* situation;
+    std::string line;
+    ErrorCode code;
+    std::string message;
+    RequestID id = nullptr;
+};
+
+class RefusedLines : public testing::TestWithParam<RefusalCase> { };
+
+RefusalCase params(const char* situation, const char* method, const char* params, const char* message)
+{
+    return {situation,
+        R"({"jsonrpc":"2.0","id":"x","method":")" + std::string{method} + R"(","params":)" + params + "}",
+        ErrorCode::invalidParams, message, "x"};
+}
+
+} // namespace
+
+TEST_P(RefusedLines, sayWhy)
+{
+    const auto refusal = std::get<Refusal>(read(GetParam().line));
+    EXPECT_EQ(refusal.code, GetParam().code);
+    EXPECT_EQ(refusal.id, GetParam().id);
+    EXPECT_EQ(refusal.message, GetParam().message);
+}
+
+INSTANTIATE_TEST_SUITE_P(Message, RefusedLines,
+    testing::Values(RefusalCase{"anArray", "[]", ErrorCode::invalidRequest, "not a request object"},
+        RefusalCase{"aNumber", "1", ErrorCode::invalidRequest, "not a request object"},
+        RefusalCase{"noVersion", R"({"id":1,"method":"widgets.list"})", ErrorCode::invalidRequest,
+            "jsonrpc is not \"2.0\""},
+        RefusalCase{"versionAsANumber", R"({"jsonrpc":2.0,"id":1,"method":"widgets.list"})",
+            ErrorCode::invalidRequest, "jsonrpc is not \"2.0\""},
+        RefusalCase{
+            "noMethod", R"({"jsonrpc":"2.0","id":1})", ErrorCode::invalidRequest, "method is not a string"},
+        RefusalCase{"methodAsANumber", R"({"jsonrpc":"2.0","id":1,"method":1})", ErrorCode::invalidRequest,
+            "method is not a string"},
+        RefusalCase{"idAsAnObject", R"({"jsonrpc":"2.0","id":{},"method":"widgets.list"})",
+            ErrorCode::invalidRequest, "id is not a string, a number or null"},
+        RefusalCase{"idAsATruth", R"({"jsonrpc":"2.0","id":true,"method":"widgets.list"})",
+            ErrorCode::invalidRequest, "id is not a string, a number or null"},
+        RefusalCase{"unknownMethod", R"({"jsonrpc":"2.0","id":2,"method":"widgets.List","params":[]})",
+            ErrorCode::unknownMethod, "unknown method \"widgets.List\"", 2},
+        RefusalCase{"cancelAsARequest", R"({"jsonrpc":"2.0","id":2,"method":"cancel","params":{"id":1}})",
+            ErrorCode::unknownMethod, "unknown method \"cancel\"", 2},
+        params("paramsAsAList", "widgets.list", "[]", "params is not an object"),
+        params("paramsAsNull", "widgets.list", "null", "params is not an object"),
+        params("noKind", "widgets.placeholder", R"({"family":"small"})", "kind is missing"),
+        params(
+            "kindAsNull", "widgets.placeholder", R"({"kind":null,"family":"small"})", "kind is not a string"),
+        params("unknownKind", "widgets.placeholder", R"({"kind":"test.three","family":"small"})",
+            "unknown kind \"test.three\""),
+        params("noFamily", "widgets.snapshot", R"({"kind":"test.two"})", "family is missing"),
+        params("familyAsANumber", "widgets.snapshot", R"({"kind":"test.two","family":1})",
+            "family is not a string"),
+        params("unknownFamily", "widgets.snapshot", R"({"kind":"test.two","family":"Small"})",
+            "unknown family \"Small\""),
+        params("familyThatTheWidgetLacks", "widgets.timeline", R"({"kind":"test.two","family":"large"})",
+            "test.two does not support family \"large\""),
+        params("previewAsANumber", "widgets.snapshot",
+            R"({"kind":"test.two","family":"small","isPreview":0})", "isPreview is not true or false"),
+        params("previewAsNull", "widgets.snapshot",
+            R"({"kind":"test.two","family":"small","isPreview":null})", "isPreview is not true or false")),
+    [](const auto& row) { return std::string{row.param.situation}; });
+
+TEST(Message, whatIsNotJSONIsAParseErrorOfNoRequest)
+{
+    for (const std::string line :
+        {"", "x", "{", R"({"jsonrpc":"2.0","id":1,"method":"widgets.list"} x)", "\"\xff\""}) {
+        const auto refusal = std::get<Refusal>(read(line));
+        EXPECT_EQ(refusal.code, ErrorCode::parseError) << line;
+        EXPECT_EQ(refusal.id, nullptr) << line;
+        EXPECT_NE(refusal.message, "") << line;
+    }
+}
+
+TEST(Message, requestsNameAWidgetInAFamily)
+{
+    const auto placeholder = call<PlaceholderRequest>(
+        read(R"("widgets.placeholder")", R"({"kind":"test.one","family":"large"})"));
+    EXPECT_EQ(placeholder.placed.widget, &offered()[1]);
+    EXPECT_EQ(placeholder.placed.family, WidgetFamily::large);
+    const auto timeline
+        = call<TimelineRequest>(read(R"("widgets.timeline")", R"({"family":"medium","kind":"test.two"})"));
+    EXPECT_EQ(timeline.placed.widget, &offered()[0]);
+    EXPECT_EQ(timeline.placed.family, WidgetFamily::medium);
+}
+
+TEST(Message, aSnapshotIsLiveUnlessAPreviewIsAskedFor)
+{
+    const auto isPreview = [](const char* params) {
+        return call<SnapshotRequest>(read(R"("widgets.snapshot")", params)).isPreview;
+    };
+    EXPECT_FALSE(isPreview(R"({"kind":"test.two","family":"small"})"));
+    EXPECT_FALSE(isPreview(R"({"kind":"test.two","family":"small","isPreview":false})"));
+    EXPECT_TRUE(isPreview(R"({"kind":"test.two","family":"small","isPreview":true})"));
+}
+
+TEST(Message, theListTakesNoParams)
+{
+    EXPECT_NO_THROW(call<ListRequest>(read(R"({"jsonrpc":"2.0","id":1,"method":"widgets.list"})")));
+    EXPECT_NO_THROW(call<ListRequest>(read(R"("widgets.list")", R"({"anything":1})")));
+}
+
+TEST(Message, theFirstOfTwoEqualKeysCounts)
+{
+    EXPECT_EQ(std::get<Request>(read(R"({"jsonrpc":"2.0","id":1,"id":2,"method":"widgets.list"})")).id, 1);
+}
+
+TEST(Message, anIdentityKeepsItsType)
+{
+    for (const char* id :
+        {"1", "-9223372036854775808", "18446744073709551615", "1.0", "0.1", "\"1\"", "\"\"", "null"}) {
+        const Message message
+            = read(R"({"jsonrpc":"2.0","method":"widgets.list","id":)" + std::string{id} + "}");
+        EXPECT_EQ(std::get<Request>(message).id.dump(), id);
+    }
+}
+
+TEST(Message, aCancellationNamesItsRequest)
+{
+    EXPECT_EQ(
+        std::get<Cancellation>(read(R"({"jsonrpc":"2.0","method":"cancel","params":{"id":"a"}})")).id, "a");
+    EXPECT_EQ(std::get<Cancellation>(read(R"({"jsonrpc":"2.0","method":"cancel","params":{"id":7}})")).id, 7);
+}
+
+TEST(Message, otherNotificationsMeanNothing)
+{
+    for (const char* line :
+        {R"({"jsonrpc":"2.0","method":"cancel"})", R"({"jsonrpc":"2.0","method":"cancel","params":[1]})",
+            R"({"jsonrpc":"2.0","method":"cancel","params":{"id":[]}})",
+            R"({"jsonrpc":"2.0","method":"cancel","params":{}})",
+            R"({"jsonrpc":"2.0","method":"widgets.list"})",
+            R"({"jsonrpc":"2.0","method":"no such","params":1})"})
+        EXPECT_TRUE(std::holds_alternative<IgnoredNotification>(read(line))) << line;
+}
+
+} // namespace skyvane::Extension

@@ -1,0 +1,135 @@
+#include "tests/support/namespaces.h"
+#include "tests/support/scratch_folder.h"
+#include "tests/widgets/extension/surroundings.h"
+
+#include <gtest/gtest.h>
+
+#include <poll.h>
+#include <spawn.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <fstream>
+#include <stdexcept>
+
+namespace skyvane::test {
+
+namespace {
+
+constexpr std::uint16_t httpsPort = 443;
+
+/// Machine-wide files of this test program alone: what it looks up by name is on this machine.
+class OwnMachine : public testing::Environment {
+public:
+    static const std::filesystem::path& folder() { return instance().m_scratch->path(); }
+
+    static OwnMachine& instance()
+    {
+        static auto* const machine = new OwnMachine; // Owned by the test framework.
+        return *machine;
+    }
+
+    void SetUp() override
+    {
+        m_scratch.emplace();
+        const std::string user = std::to_string(getuid()) + ":" + std::to_string(getgid());
+        bind("/etc/passwd", "tester:x:" + user + "::" + (folder() / "home").string() + ":/bin/sh\n");
+        bind("/etc/hosts", "127.0.0.1 localhost api.adsb.lol opendata.adsb.fi\n");
+        bind("/etc/nsswitch.conf", "passwd: files\nhosts: files\n");
+        bind("/etc/ssl/certs/ca-certificates.crt", "");
+        enterOwnNamespaces(m_files);
+    }
+
+    void TearDown() override { m_scratch.reset(); }
+
+    std::filesystem::path standIn(const std::filesystem::path& file) const
+    {
+        return folder() / file.filename();
+    }
+
+private:
+    void bind(const std::filesystem::path& file, const std::string& content)
+    {
+        std::ofstream{standIn(file)} << content;
+        m_files.push_back({.path = file, .standIn = standIn(file)});
+    }
+
+    std::optional<ScratchFolder> m_scratch;
+    std::vector<BoundFile> m_files;
+};
+
+/// The built program, in a process of its own.
+class OwnProcess : public Stage::Surroundings {
+public:
+    OwnProcess() { std::filesystem::create_directory(homeFolder()); }
+    ~OwnProcess() override
+    {
+        if (!exitStatus(std::chrono::seconds{2})) {
+            kill(m_process, SIGKILL);
+            exitStatus(std::chrono::seconds{2});
+        }
+        std::filesystem::remove_all(homeFolder());
+    }
+
+    std::filesystem::path authorityFile() const override
+    {
+        return OwnMachine::instance().standIn("ca-certificates.crt");
+    }
+    std::filesystem::path homeFolder() const override { return OwnMachine::folder() / "home"; }
+    std::uint16_t serverPort() const override { return httpsPort; }
+
+    void start(const HttpsServer&, int input, int output) override
+    {
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
+        posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+        std::string program = SKYVANE_WIDGETS_PROGRAM;
+        const std::array<char*, 2> arguments{program.data(), nullptr};
+        const std::array<char*, 1> environment{nullptr};
+        if (posix_spawn(&m_process, program.c_str(), &actions, nullptr, arguments.data(), environment.data())
+            != 0)
+            throw std::runtime_error("cannot start " + program);
+        posix_spawn_file_actions_destroy(&actions);
+        close(input);
+        close(output);
+    }
+
+    std::optional<int> exitStatus(std::chrono::milliseconds within) override
+    {
+        if (m_exitStatus)
+            return m_exitStatus;
+        const int handle = static_cast<int>(syscall(SYS_pidfd_open, m_process, 0));
+        pollfd process{.fd = handle, .events = POLLIN, .revents = 0};
+        const bool hasEnded = poll(&process, 1, static_cast<int>(within.count())) > 0;
+        close(handle);
+        int status = 0;
+        if (hasEnded && waitpid(m_process, &status, 0) == m_process)
+            m_exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+        return m_exitStatus;
+    }
+
+private:
+    pid_t m_process = -1;
+    std::optional<int> m_exitStatus;
+};
+
+} // namespace
+
+std::unique_ptr<Stage::Surroundings> Stage::Surroundings::make()
+{
+    return std::make_unique<OwnProcess>();
+}
+
+} // namespace skyvane::test
+
+int main(int argumentCount, char** arguments)
+{
+    testing::InitGoogleTest(&argumentCount, arguments);
+    std::signal(SIGPIPE, SIG_IGN);
+    testing::AddGlobalTestEnvironment(&skyvane::test::OwnMachine::instance());
+    return RUN_ALL_TESTS();
+}

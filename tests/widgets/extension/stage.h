@@ -1,0 +1,53 @@
+#pragma once
+
+#include "tests/support/https_server.h"
+
+#include <nlohmann/json.hpp>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace skyvane::test {
+
+/// The extension with a world of its own around it: a home folder, a server in place of both aggregators, and
+/// the host's end of its streams. Each test program defines what surrounds it: the test's own process, or one
+/// of its own.
+class Stage {
+public:
+    struct Surroundings;
+
+    Stage();
+    ~Stage();
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    HttpsServer& server() { return m_server; }
+
+    void setConfiguration(std::string_view json);
+
+    void sayLine(std::string_view line);
+    /// A request, with `params` unless they are null.
+    void ask(const nlohmann::json& id, std::string_view method, const nlohmann::json& params = nullptr);
+    void cancel(const nlohmann::json& id);
+    void closeInput();
+    void closeOutput();
+
+    /// The next answer; null when there is none within 12 seconds.
+    nlohmann::json hear();
+
+    /// What the extension ended with; absent while it runs on for longer than that.
+    std::optional<int> exitStatus(std::chrono::milliseconds within);
+
+private:
+    std::unique_ptr<Surroundings> m_surroundings;
+    CertificateAuthority m_authority;
+    HttpsServer m_server;
+    std::string m_heard;
+    int m_input = -1;
+    int m_output = -1;
+};
+
+} // namespace skyvane::test

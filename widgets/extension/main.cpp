@@ -1,0 +1,31 @@
+#include "platform/net/url_session.h"
+#include "platform/text/localized.h"
+#include "widgets/extension/serve.h"
+
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+
+namespace {
+
+/// Beside the program's own place, built or installed.
+std::filesystem::path catalogueFolder()
+{
+    std::error_code ignored;
+    return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path() / "../../share/locale";
+}
+
+} // namespace
+
+int main(int argumentCount, char**)
+{
+    if (argumentCount > 1) {
+        std::fputs("skyvane-widgets: takes no arguments; it is started by a widget host\n", stderr);
+        return 2;
+    }
+    std::signal(SIGPIPE, SIG_IGN);
+    skyvane::useCatalogues(catalogueFolder());
+    return skyvane::Extension::serve(STDIN_FILENO, STDOUT_FILENO, {.transport = &skyvane::UrlSession::data});
+}

@@ -1,0 +1,200 @@
+#include "widgets/extension/message.h"
+
+#include "platform/json/value.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace skyvane::Extension {
+
+namespace {
+
+using JSON::Value;
+
+struct InvalidParams {
+    std::string message;
+};
+
+std::optional<Value> member(Value object, std::string_view key)
+{
+    Value found;
+    return object.at_key(key).get(found) == simdjson::SUCCESS ? std::optional{found} : std::nullopt;
+}
+
+std::optional<RequestID> identity(Value value)
+{
+    using Type = simdjson::dom::element_type;
+    switch (value.type()) {
+    case Type::INT64:
+        return value.get_int64().value_unsafe();
+    case Type::UINT64:
+        return value.get_uint64().value_unsafe();
+    case Type::DOUBLE:
+        return value.get_double().value_unsafe();
+    case Type::STRING:
+        return value.get_string().value_unsafe();
+    case Type::NULL_VALUE:
+        return RequestID(nullptr);
+    default:
+        return std::nullopt;
+    }
+}
+
+std::string quoted(std::string_view text)
+{
+    return '"' + std::string{text} + '"';
+}
+
+std::string_view requiredString(Value params, const std::string& key)
+{
+    const auto value = member(params, key);
+    if (!value)
+        throw InvalidParams{key + " is missing"};
+    if (!value->is_string())
+        throw InvalidParams{key + " is not a string"};
+    return value->get_string().value_unsafe();
+}
+
+const Widget& widgetOf(Value params, const std::vector<Widget>& offered)
+{
+    const std::string_view kind = requiredString(params, "kind");
+    const auto widget = std::ranges::find(offered, kind, &Widget::kind);
+    if (widget == offered.end())
+        throw InvalidParams{"unknown kind " + quoted(kind)};
+    return *widget;
+}
+
+WidgetFamily familyOf(Value params)
+{
+    constexpr std::array families{WidgetFamily::small, WidgetFamily::medium, WidgetFamily::large};
+    const std::string_view wanted = requiredString(params, "family");
+    const auto family = std::ranges::find(families, wanted, &word);
+    if (family == families.end())
+        throw InvalidParams{"unknown family " + quoted(wanted)};
+    return *family;
+}
+
+PlacedWidget placedWidget(Value params, const std::vector<Widget>& offered)
+{
+    const Widget& widget = widgetOf(params, offered);
+    const WidgetFamily family = familyOf(params);
+    if (std::ranges::find(widget.supportedFamilies, family) == widget.supportedFamilies.end())
+        throw InvalidParams{widget.kind + " does not support family " + quoted(word(family))};
+    return {.widget = &widget, .family = family};
+}
+
+bool previewFlag(Value params)
+{
+    const auto flag = member(params, "isPreview");
+    if (!flag)
+        return false;
+    if (!flag->is_bool())
+        throw InvalidParams{"isPreview is not true or false"};
+    return flag->get_bool().value_unsafe();
+}
+
+using Call = decltype(Request::call);
+using CallReader = Call (*)(Value params, const std::vector<Widget>& offered);
+
+CallReader readerOf(std::string_view method)
+{
+    if (method == "widgets.list")
+        return [](Value, const std::vector<Widget>&) -> Call { return ListRequest{}; };
+    if (method == "widgets.placeholder")
+        return [](Value params, const std::vector<Widget>& offered) -> Call {
+            return PlaceholderRequest{.placed = placedWidget(params, offered)};
+        };
+    if (method == "widgets.snapshot")
+        return [](Value params, const std::vector<Widget>& offered) -> Call {
+            return SnapshotRequest{.placed = placedWidget(params, offered), .isPreview = previewFlag(params)};
+        };
+    if (method == "widgets.timeline")
+        return [](Value params, const std::vector<Widget>& offered) -> Call {
+            return TimelineRequest{.placed = placedWidget(params, offered)};
+        };
+    return nullptr;
+}
+
+Message readNotification(std::string_view method, const std::optional<Value>& params)
+{
+    if (method != "cancel" || !params)
+        return IgnoredNotification{};
+    const auto target = member(*params, "id");
+    auto id = target ? identity(*target) : std::nullopt;
+    if (!id)
+        return IgnoredNotification{};
+    return Cancellation{.id = *std::move(id)};
+}
+
+Message readRequest(RequestID id, std::string_view method, const std::optional<Value>& params,
+    const std::vector<Widget>& offered)
+{
+    const CallReader read = readerOf(method);
+    if (read == nullptr)
+        return Refusal{std::move(id), ErrorCode::unknownMethod, "unknown method " + quoted(method)};
+    if (params && !params->is_object())
+        return Refusal{std::move(id), ErrorCode::invalidParams, "params is not an object"};
+    const JSON::Document none{"{}"};
+    try {
+        Call call = read(params.value_or(none.root()), offered);
+        return Request{.id = std::move(id), .call = call};
+    } catch (const InvalidParams& problem) {
+        return Refusal{std::move(id), ErrorCode::invalidParams, problem.message};
+    }
+}
+
+Refusal notARequest(std::string message)
+{
+    return {nullptr, ErrorCode::invalidRequest, std::move(message)};
+}
+
+Message readDocument(Value root, const std::vector<Widget>& offered)
+{
+    if (!root.is_object())
+        return notARequest("not a request object");
+    const auto version = member(root, "jsonrpc");
+    if (!version || !version->is_string() || version->get_string().value_unsafe() != "2.0")
+        return notARequest("jsonrpc is not \"2.0\"");
+    const auto method = member(root, "method");
+    if (!method || !method->is_string())
+        return notARequest("method is not a string");
+    const std::string_view name = method->get_string().value_unsafe();
+    const auto params = member(root, "params");
+    const auto given = member(root, "id");
+    if (!given)
+        return readNotification(name, params);
+    auto id = identity(*given);
+    if (!id)
+        return notARequest("id is not a string, a number or null");
+    return readRequest(*std::move(id), name, params, offered);
+}
+
+} // namespace
+
+Message readMessage(std::string_view line, const std::vector<Widget>& offered)
+{
+    try {
+        const JSON::Document document{line};
+        return readDocument(document.root(), offered);
+    } catch (const JSON::DecodingError& error) {
+        return Refusal{nullptr, ErrorCode::parseError, error.what()};
+    }
+}
+
+std::string_view word(WidgetFamily family)
+{
+    switch (family) {
+    case WidgetFamily::small:
+        return "small";
+    case WidgetFamily::medium:
+        return "medium";
+    case WidgetFamily::large:
+        break;
+    }
+    return "large";
+}
+
+} // namespace skyvane::Extension

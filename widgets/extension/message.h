@@ -1,0 +1,74 @@
+#pragma once
+
+#include "widgets/skyvane_widget_bundle.h"
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace skyvane::Extension {
+
+/// What a host tells its requests apart by: any JSON number, string or null, given back as it came.
+using RequestID = nlohmann::ordered_json;
+
+enum class ErrorCode : int {
+    parseError = -32700,
+    invalidRequest = -32600,
+    unknownMethod = -32601,
+    invalidParams = -32602,
+    internalError = -32603,
+    cancelled = -32800,
+    tooManyRequests = -32000,
+};
+
+/// One of the widgets on offer, in a family that it supports.
+struct PlacedWidget {
+    const Widget* widget;
+    WidgetFamily family;
+};
+
+struct ListRequest { };
+
+struct PlaceholderRequest {
+    PlacedWidget placed;
+};
+
+struct SnapshotRequest {
+    PlacedWidget placed;
+    bool isPreview;
+};
+
+struct TimelineRequest {
+    PlacedWidget placed;
+};
+
+struct Request {
+    RequestID id;
+    std::variant<ListRequest, PlaceholderRequest, SnapshotRequest, TimelineRequest> call;
+};
+
+struct Cancellation {
+    RequestID id;
+};
+
+/// A notification that means nothing here.
+struct IgnoredNotification { };
+
+struct Refusal {
+    RequestID id; ///< Null when there is no telling.
+    ErrorCode code;
+    std::string message;
+};
+
+using Message = std::variant<Request, Cancellation, IgnoredNotification, Refusal>;
+
+/// What one line from the host asks for. A request points into `offered`.
+Message readMessage(std::string_view line, const std::vector<Widget>& offered);
+
+/// The word that stands for the family in messages.
+std::string_view word(WidgetFamily family);
+
+} // namespace skyvane::Extension

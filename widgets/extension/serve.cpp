@@ -1,0 +1,159 @@
+#include "widgets/extension/serve.h"
+
+#include "widgets/extension/answers.h"
+#include "widgets/extension/line_reader.h"
+#include "widgets/extension/message.h"
+#include "widgets/extension/output.h"
+#include "widgets/sky_provider.h"
+
+#include <algorithm>
+#include <atomic>
+#include <list>
+#include <stop_token>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace skyvane::Extension {
+
+namespace {
+
+constexpr std::size_t mostTasks = 64;
+
+/// A request that the network is asked for, on a thread of its own.
+struct Task {
+    explicit Task(RequestID request) : id(std::move(request)) { }
+
+    RequestID id;
+    std::atomic<bool> isFinished{false}; ///< Nothing is left to do but to hand over the answer.
+    std::jthread thread{};
+};
+
+/// Answers messages. Only `answerLine` runs on other threads than the reader's.
+class Server {
+public:
+    Server(Output& output, const Transport& transport)
+        : m_output(output), m_provider{.transport = transport}, m_offered(SkyvaneWidgetBundle{}.body())
+    {
+    }
+    ~Server()
+    {
+        for (Task& task : m_tasks)
+            task.thread.request_stop();
+    }
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+
+    void receive(const LineReader::Line& line)
+    {
+        if (line.isTooLong)
+            refuse({.id = nullptr, .code = ErrorCode::parseError, .message = "a line is longer than 64 KiB"});
+        else
+            std::visit([this](auto&& message) { receive(message); }, readMessage(line.text, m_offered));
+    }
+
+private:
+    void receive(const Request& request);
+    void receive(const Cancellation& cancellation);
+    void receive(const IgnoredNotification&) { }
+    void receive(const Refusal& refusal) { refuse(refusal); }
+
+    void refuse(const Refusal& refusal)
+    {
+        m_output.write(errorLine(refusal.id, refusal.code, refusal.message));
+    }
+    void refuseOneTooMany(const Request& request)
+    {
+        refuse({.id = request.id, .code = ErrorCode::tooManyRequests, .message = "too many requests"});
+    }
+    void start(const Request& request);
+    std::string answerLine(const Request& request, const std::stop_token& stop) const;
+
+    Result result(const ListRequest&, const std::stop_token&) const { return listResult(m_offered); }
+    Result result(const PlaceholderRequest& call, const std::stop_token&) const
+    {
+        return entryResult(m_provider.placeholder(), call.placed);
+    }
+    Result result(const SnapshotRequest& call, const std::stop_token& stop) const
+    {
+        return entryResult(m_provider.snapshot(call.isPreview, stop), call.placed);
+    }
+    Result result(const TimelineRequest& call, const std::stop_token& stop) const
+    {
+        return timelineResult(m_provider.timeline(stop), call.placed);
+    }
+
+    Output& m_output;
+    SkyProvider m_provider;
+    std::vector<Widget> m_offered;
+    std::list<Task> m_tasks;
+};
+
+bool mayWait(const Request& request)
+{
+    const auto* snapshot = std::get_if<SnapshotRequest>(&request.call);
+    return std::holds_alternative<TimelineRequest>(request.call)
+        || (snapshot != nullptr && !snapshot->isPreview);
+}
+
+void Server::receive(const Request& request)
+{
+    if (mayWait(request))
+        start(request);
+    else
+        m_output.write(answerLine(request, {}));
+}
+
+void Server::receive(const Cancellation& cancellation)
+{
+    for (Task& task : m_tasks) {
+        if (task.id == cancellation.id)
+            task.thread.request_stop();
+    }
+}
+
+void Server::start(const Request& request)
+{
+    std::erase_if(m_tasks, [](const Task& task) { return task.isFinished.load(); });
+    if (m_tasks.size() >= mostTasks)
+        return refuseOneTooMany(request);
+    Task& task = m_tasks.emplace_back(request.id);
+    const auto work = [this, request, &task](const std::stop_token& stop) {
+        const std::string answer = answerLine(request, stop);
+        task.isFinished = true;
+        m_output.write(answer);
+    };
+    try {
+        task.thread = std::jthread{work};
+    } catch (const std::system_error&) {
+        m_tasks.pop_back();
+        refuseOneTooMany(request);
+    }
+}
+
+std::string Server::answerLine(const Request& request, const std::stop_token& stop) const
+{
+    Result found;
+    try {
+        found = std::visit([&](const auto& call) { return result(call, stop); }, request.call);
+    } catch (const CancellationError&) {
+        return errorLine(request.id, ErrorCode::cancelled, "cancelled");
+    }
+    if (stop.stop_requested())
+        return errorLine(request.id, ErrorCode::cancelled, "cancelled");
+    return resultLine(request.id, std::move(found));
+}
+
+} // namespace
+
+int serve(int input, int output, const Services& services)
+{
+    Output answers{output, input};
+    LineReader lines{input, answers.lost()};
+    Server server{answers, services.transport};
+    while (const auto line = lines.next())
+        server.receive(*line);
+    return answers.isLost() ? 1 : 0;
+}
+
+} // namespace skyvane::Extension

@@ -1,0 +1,68 @@
+#include "widgets/sky_provider.h"
+
+#include "core/config/shared_state.h"
+#include "core/feed/adsb.h"
+#include "core/views/sample_entry.h"
+
+#include <chrono>
+
+namespace skyvane {
+
+namespace {
+
+constexpr std::chrono::seconds reloadInterval{300};
+
+SkyEntry entryWithoutHome()
+{
+    return {
+        .date = Clock::now(),
+        .aircraft = {},
+        .radiusNM = 25.0,
+        .home = std::nullopt,
+        .isSample = false,
+        .unit = "mi",
+    };
+}
+
+} // namespace
+
+SkyEntry SkyProvider::placeholder() const
+{
+    return sampleEntry();
+}
+
+SkyEntry SkyProvider::snapshot(bool isPreview, const std::stop_token& stop) const
+{
+    return isPreview ? sampleEntry() : liveEntry(stop);
+}
+
+Timeline SkyProvider::timeline(const std::stop_token& stop) const
+{
+    SkyEntry entry = liveEntry(stop);
+    return {.entries = {std::move(entry)}, .reloadAfter = Clock::now() + reloadInterval};
+}
+
+SkyEntry SkyProvider::liveEntry(const std::stop_token& stop) const
+{
+    const auto config = SharedState::read();
+    if (!config)
+        return entryWithoutHome();
+
+    std::vector<Aircraft> aircraft;
+    try {
+        aircraft = ADSB::fetch(config->home, config->radiusNM, transport, stop);
+    } catch (const FetchError&) {
+        // An empty sky; the widgets show no errors.
+    }
+    return {
+        .date = Clock::now(),
+        .aircraft = std::move(aircraft),
+        .radiusNM = config->radiusNM,
+        .home = config->home,
+        .isSample = false,
+        .unit = config->distanceUnit.value_or("mi"),
+        .accentHex = config->widgetColorHex,
+    };
+}
+
+} // namespace skyvane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/views/sky_entry.h"
+#include "platform/net/url_session.h"
+
+#include <stop_token>
+#include <vector>
+
+namespace skyvane {
+
+/// What a host is to show, and when to ask again.
+struct Timeline {
+    std::vector<SkyEntry> entries;
+    Date reloadAfter;
+
+    bool operator==(const Timeline&) const = default;
+};
+
+/// Turns the shared configuration and one query of the feed into entries for every widget. Keeps nothing
+/// between calls; a feed that fails is an empty sky.
+struct SkyProvider {
+    Transport transport;
+
+    SkyEntry placeholder() const;
+
+    /// The sample for a preview, at once; else live. Throws `CancellationError` when `stop` asks for it, as
+    /// does `timeline`.
+    SkyEntry snapshot(bool isPreview, const std::stop_token& stop = {}) const;
+
+    Timeline timeline(const std::stop_token& stop = {}) const;
+
+private:
+    SkyEntry liveEntry(const std::stop_token& stop) const;
+};
+
+} // namespace skyvane
