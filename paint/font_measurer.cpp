@@ -1,0 +1,144 @@
+#include "paint/font_measurer.h"
+
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QRawFont>
+#include <QTextLayout>
+
+#include <cstring>
+#include <memory>
+
+namespace skyvane {
+
+namespace {
+
+constexpr std::size_t mostWidths = 2048;
+
+/// Fonts come in whole pixels only. Everything is shaped at this size and scaled, which makes widths
+/// proportional.
+constexpr int shapingSize = 128;
+
+QFont unhinted(const QString& family)
+{
+    QFont font{family};
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::PreferAntialias);
+    return font;
+}
+
+/// Some desktops, and every session without one, name a proportional family here.
+QString fixedFamily()
+{
+    const QFont named = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (QFontInfo{named}.fixedPitch())
+        return QFontInfo{named}.family();
+    return QStringLiteral("monospace");
+}
+
+QFont::Weight weight(FontWeight value)
+{
+    switch (value) {
+    case FontWeight::regular:
+        return QFont::Normal;
+    case FontWeight::semibold:
+        return QFont::DemiBold;
+    case FontWeight::bold:
+        return QFont::Bold;
+    }
+    return QFont::Normal;
+}
+
+QString toQString(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// Laid out on one line, however long.
+std::unique_ptr<QTextLayout> oneLine(const QString& text, const QFont& font)
+{
+    auto layout = std::make_unique<QTextLayout>(text, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setUseDesignMetrics(true);
+    layout->setTextOption(option);
+    layout->setCacheEnabled(true);
+    layout->beginLayout();
+    layout->createLine();
+    layout->endLayout();
+    return layout;
+}
+
+std::string keyOf(std::string_view text, const FontFace& face, double tracking)
+{
+    struct {
+        double size;
+        double tracking;
+        int weight;
+        int design;
+    } const fields{face.size, tracking, static_cast<int>(face.weight), static_cast<int>(face.design)};
+    std::string key(sizeof fields, '\0');
+    std::memcpy(key.data(), &fields, sizeof fields);
+    return key.append(text);
+}
+
+} // namespace
+
+FontMeasurer::FontMeasurer()
+    : m_interfaceFont(unhinted(QFontDatabase::systemFont(QFontDatabase::GeneralFont).family()))
+    , m_fixedFont(unhinted(fixedFamily()))
+{
+    m_fixedFont.setStyleHint(QFont::Monospace);
+}
+
+double FontMeasurer::width(std::string_view text, const FontFace& face, double tracking) const
+{
+    std::string key = keyOf(text, face, tracking);
+    if (const auto known = m_widths.find(key); known != m_widths.end())
+        return known->second;
+    const double shaped
+        = oneLine(toQString(text), shapingFont(face, tracking))->lineAt(0).horizontalAdvance();
+    const double width = shaped * face.size / shapingSize;
+    if (m_widths.size() == mostWidths)
+        m_widths.clear();
+    m_widths.emplace(std::move(key), width);
+    return width;
+}
+
+LineMetrics FontMeasurer::lineMetrics(const FontFace& face) const
+{
+    const QFontMetricsF metrics{shapingFont(face, 0)};
+    const double scale = face.size / shapingSize;
+    return {.ascent = metrics.ascent() * scale, .descent = metrics.descent() * scale};
+}
+
+QList<QGlyphRun> FontMeasurer::glyphs(std::string_view text, const FontFace& face, double tracking) const
+{
+    const auto layout = oneLine(toQString(text), shapingFont(face, tracking));
+    const QTextLine line = layout->lineAt(0);
+    const QPointF baseline{line.x(), line.y() + line.ascent()};
+    const double scale = face.size / shapingSize;
+    QList<QGlyphRun> runs = line.glyphRuns();
+    for (QGlyphRun& run : runs) {
+        QList<QPointF> positions = run.positions();
+        for (QPointF& position : positions)
+            position = (position - baseline) * scale;
+        QRawFont font = run.rawFont();
+        font.setPixelSize(font.pixelSize() * scale);
+        run.setRawFont(font);
+        run.setPositions(positions);
+    }
+    return runs;
+}
+
+QFont FontMeasurer::shapingFont(const FontFace& face, double tracking) const
+{
+    QFont font = face.design == FontDesign::monospaced ? m_fixedFont : m_interfaceFont;
+    font.setPixelSize(shapingSize);
+    font.setWeight(weight(face.weight));
+    if (tracking != 0)
+        font.setLetterSpacing(QFont::AbsoluteSpacing, tracking * shapingSize / face.size);
+    return font;
+}
+
+} // namespace skyvane

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "paint/font_measurer.h"
+#include "ui/layout/display_list.h"
+
+#include <QByteArray>
+#include <QImage>
+
+namespace skyvane {
+
+/// The list over its background, `scale` pixels a point: its size times the scale, rounded.
+QImage renderImage(const DisplayList& list, const Color& background, double scale, const FontMeasurer& fonts);
+
+struct SvgLabels {
+    QString title;
+    QString description{};
+};
+
+/// The same as a drawing whose view box is in points. Text is drawn as outlines.
+QByteArray renderSvg(
+    const DisplayList& list, const Color& background, const SvgLabels& labels, const FontMeasurer& fonts);
+
+} // namespace skyvane

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ui/layout/geometry.h"
+#include "ui/tree/color.h"
+
+#include <QColor>
+#include <QPointF>
+
+#include <algorithm>
+
+namespace skyvane {
+
+inline QPointF toQt(Point point)
+{
+    return {point.x, point.y};
+}
+
+inline QColor toQt(const Color& color)
+{
+    const auto channel = [](double value) { return static_cast<float>(std::clamp(value, 0.0, 1.0)); };
+    return QColor::fromRgbF(
+        channel(color.red), channel(color.green), channel(color.blue), channel(color.opacity));
+}
+
+} // namespace skyvane

@@ -1,0 +1,95 @@
+#include "paint/render.h"
+
+#include "tests/paint/picture.h"
+#include "ui/layout/layout.h"
+#include "ui/tree/build.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <gmock/gmock.h>
+
+namespace skyvane {
+
+namespace {
+
+View sample()
+{
+    return overlay(
+        canvas(1,
+            {
+                CanvasCircle{
+                    .center = {0.5, 0.5},
+                    .diameter = FractionOfWidth{0.9},
+                    .paint = Stroke{.color = test::white, .width = 1.5},
+                },
+                CanvasLine{.from = {0, 0.5}, .to = {1, 0.5}, .stroke = {.color = test::white, .width = 1}},
+                CanvasSymbol{
+                    .center = {0.7, 0.3}, .name = "airplane", .font = {.size = 14}, .color = test::white},
+            }),
+        {layer(Alignment::bottom, text("12,500 ft").font({.size = 12}).foreground(test::white))});
+}
+
+DisplayList sampleList(const FontMeasurer& fonts)
+{
+    return layout(sample(), {120, 100}, fonts);
+}
+
+} // namespace
+
+TEST(Render, thePictureIsItsSizeTimesTheScaleRounded)
+{
+    const FontMeasurer fonts;
+    const DisplayList list{.size = {170, 170}};
+    EXPECT_EQ(renderImage(list, test::black, 1, fonts).size(), QSize(170, 170));
+    EXPECT_EQ(renderImage(list, test::black, 2, fonts).size(), QSize(340, 340));
+    EXPECT_EQ(renderImage(list, test::black, 1.25, fonts).size(), QSize(213, 213));
+    EXPECT_EQ(renderImage(list, test::black, 0.001, fonts).size(), QSize(1, 1));
+    EXPECT_EQ(renderImage(list, test::black, 2, fonts).devicePixelRatio(), 1);
+}
+
+TEST(Render, twiceTheScaleIsTheSamePicture)
+{
+    const FontMeasurer fonts;
+    const DisplayList list = sampleList(fonts);
+    const QImage once = renderImage(list, test::black, 1, fonts);
+    const QImage twice = renderImage(list, test::black, 2, fonts);
+    const QImage halved = twice.scaled(once.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    EXPECT_LT(test::difference(once, halved), 2.5);
+    EXPECT_GT(test::difference(once, renderImage({.size = list.size}, test::black, 1, fonts)), 5);
+}
+
+TEST(Render, aBackgroundMayBeTranslucent)
+{
+    const QImage image = renderImage({.size = {4, 4}}, {1, 1, 1, 0.5}, 1, FontMeasurer{});
+    EXPECT_NEAR(image.pixelColor(1, 1).alpha(), 128, 1);
+}
+
+TEST(Render, anSvgShowsWhatTheImageShows)
+{
+    const FontMeasurer fonts;
+    const DisplayList list = sampleList(fonts);
+    QSvgRenderer renderer{renderSvg(list, test::black, {.title = "Sample"}, fonts)};
+    ASSERT_TRUE(renderer.isValid());
+    EXPECT_EQ(renderer.viewBoxF(), QRectF(0, 0, 120, 100));
+
+    QImage image{240, 200, QImage::Format_ARGB32_Premultiplied};
+    image.fill(Qt::transparent);
+    QPainter painter{&image};
+    painter.setRenderHint(QPainter::Antialiasing);
+    renderer.render(&painter);
+    painter.end();
+    EXPECT_LT(test::difference(image, renderImage(list, test::black, 2, fonts)), 3);
+}
+
+TEST(Render, anSvgNamesItselfAndHoldsNoText)
+{
+    const FontMeasurer fonts;
+    const QByteArray svg = renderSvg(
+        sampleList(fonts), test::black, {.title = "Sky Radar", .description = "Aircraft & more"}, fonts);
+    EXPECT_TRUE(svg.contains("<title>Sky Radar</title>"));
+    EXPECT_TRUE(svg.contains("<desc>Aircraft &amp; more</desc>")) << svg.left(600).toStdString();
+    EXPECT_FALSE(svg.contains("<text"));
+}
+
+} // namespace skyvane
