@@ -1,0 +1,19 @@
+#include "host/list_command.h"
+
+#include "host/one_line.h"
+
+namespace skyvane {
+
+std::string listText(const std::vector<WidgetInfo>& widgets)
+{
+    std::string text;
+    for (const WidgetInfo& widget : widgets) {
+        std::string families;
+        for (const ContainerFamily family : widget.families)
+            families.append(families.empty() ? "" : ", ").append(WidgetContainer::name(family));
+        text += oneLine(widget.kind) + "\t" + oneLine(widget.displayName) + "\t" + families + "\n";
+    }
+    return text;
+}
+
+} // namespace skyvane

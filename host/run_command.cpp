@@ -1,0 +1,53 @@
+#include "host/run_command.h"
+
+#include "host/command_line.h"
+#include "host/list_command.h"
+#include "host/one_line.h"
+#include "host/render_command.h"
+
+#include <ostream>
+
+namespace skyvane {
+
+namespace {
+
+struct Runner {
+    const ExtensionProgram& program;
+    std::ostream& out;
+
+    void operator()(const RenderWords& words) const
+    {
+        ExtensionClient extension{program};
+        out << renderWidget(words, extension).string() << "\n";
+    }
+
+    void operator()(const ListWords&) const { out << listText(ExtensionClient{program}.list()); }
+    void operator()(const HelpWords&) const { out << usage(); }
+    void operator()(const VersionWords&) const { out << "skyvane-host " SKYVANE_VERSION "\n"; }
+};
+
+int fail(int status, const std::exception& reason, std::ostream& error)
+{
+    error << "skyvane-host: " << oneLine(reason.what()) << "\n";
+    return status;
+}
+
+} // namespace
+
+int runCommand(const std::vector<std::string>& words, const ExtensionProgram& extension, Streams streams)
+{
+    if (words.empty()) {
+        streams.error << usage();
+        return 2;
+    }
+    try {
+        std::visit(Runner{.program = extension, .out = streams.out}, parseCommandLine(words));
+        return 0;
+    } catch (const UsageError& error) {
+        return fail(2, error, streams.error);
+    } catch (const std::exception& error) {
+        return fail(1, error, streams.error);
+    }
+}
+
+} // namespace skyvane

@@ -1,0 +1,120 @@
+// A widget extension that behaves, or misbehaves, as the name that it is started by says.
+
+#include <csignal>
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <string>
+
+namespace {
+
+const std::string widgets = R"({"protocol":1,"widgets":[
+{"kind":"org.example.clock","displayName":"Clock","description":"The time.","families":["small","medium","gigantic"]},
+{"kind":"org.example.moon","displayName":"Moon\tand\nstars","description":"The moon.","families":["large"]}]})";
+
+const std::string entry
+    = R"({"date":1700000000.25,"isSample":false,"background":[0,0,1,1],"url":"skyvane://open",
+"view":{"type":"frame","maxWidth":"infinity","maxHeight":"infinity",
+"child":{"type":"symbol","name":"house","font":{"size":60},"color":[1,0,0,1]}}})";
+
+const std::string strangeEntry
+    = R"({"date":0,"isSample":true,"background":[0,0,1,1],"url":"no url at all","view":
+{"type":"vstack","children":[{"type":"hologram","depth":3},{"type":"symbol","name":"zeppelin","font":{"size":60},
+"color":[1,0,0,1]},{"type":"canvas","aspectRatio":2,"items":[{"type":"spiral"}]}]}})";
+
+std::string onOneLine(std::string text)
+{
+    std::erase(text, '\n');
+    return text;
+}
+
+/// What the request asks for; the one that the host writes needs no parser.
+bool asks(const std::string& request, const std::string& method)
+{
+    return request.find("\"" + method + "\"") != std::string::npos;
+}
+
+std::string idOf(const std::string& request)
+{
+    const std::size_t start = request.find("\"id\":") + 5;
+    return request.substr(start, request.find_first_of(",}", start) - start);
+}
+
+void answer(const std::string& id, const std::string& result)
+{
+    std::cout << R"({"jsonrpc":"2.0","id":)" << id << R"(,"result":)" << onOneLine(result) << "}"
+              << std::endl;
+}
+
+void good(const std::string& request, const std::string& shown)
+{
+    if (asks(request, "widgets.list"))
+        answer(idOf(request), widgets);
+    else if (asks(request, "widgets.snapshot"))
+        answer(idOf(request), R"({"entry":)" + shown + "}");
+    else
+        answer(
+            idOf(request), R"({"entries":[)" + shown + R"(],"reload":{"policy":"after","date":1700000900}})");
+}
+
+void refuse(const std::string& request)
+{
+    std::cout << R"({"jsonrpc":"2.0","id":)" << idOf(request)
+              << R"(,"error":{"code":-32602,"message":"no such\nkind"}})" << std::endl;
+}
+
+using Behaviour = std::function<void(const std::string& request)>;
+
+/// Lists its widgets well, then does this.
+Behaviour later(Behaviour behaviour)
+{
+    return [=](const std::string& request) {
+        asks(request, "widgets.list") ? good(request, entry) : behaviour(request);
+    };
+}
+
+void crash(const std::string&)
+{
+    std::raise(SIGKILL);
+}
+
+std::map<std::string, Behaviour> behaviours()
+{
+    return {
+        {"good", [](const std::string& request) { good(request, entry); }},
+        {"strange", [](const std::string& request) { good(request, strangeEntry); }},
+        {"refusing", refuse},
+        {"crashing", crash},
+        {"crashing-later", later(crash)},
+        {"ending", [](const std::string&) { std::exit(0); }},
+        {"silent", later([](const std::string&) {})},
+        {"babbling", later([](const std::string&) { std::cout << "hello there" << std::endl; })},
+        {"misnumbering", [](const std::string&) { answer("77", widgets); }},
+        {"mistyping", later([](const std::string& request) {
+             answer(idOf(request), R"({"entries":[{"date":"soon"}]})");
+         })},
+        {"empty", later([](const std::string& request) {
+             answer(idOf(request), R"({"entries":[],"reload":{"policy":"after","date":1}})");
+         })},
+        {"huge", later([](const std::string& request) {
+             answer(idOf(request), "\"" + std::string(300'000, 'x') + "\"");
+         })},
+        {"endless", later([](const std::string&) {
+             while (std::cout << std::string(4096, 'x')) { }
+         })},
+    };
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    if (argc != 1)
+        return 3;
+    const std::string path = argv[0];
+    const Behaviour behaviour = behaviours().at(path.substr(path.rfind('/') + 1));
+    for (std::string request; std::getline(std::cin, request);)
+        behaviour(request);
+    return 0;
+}
