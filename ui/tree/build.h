@@ -7,7 +7,6 @@
 #include <initializer_list>
 #include <optional>
 #include <string>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -63,8 +62,8 @@ class Children {
 public:
     struct Element {
         Element(View view) : views{std::move(view)} { }
-        template <std::convertible_to<View> Convertible>
-        Element(Convertible&& view) : views{static_cast<View>(std::forward<Convertible>(view))}
+        template <class Node>
+        Element(Styled<Node> styled) : views{static_cast<View>(std::move(styled))}
         {
         }
         Element(std::optional<View> view)

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "ui/layout/widget_container.h"
+
+#include <string>
+#include <vector>
+
+namespace skyvane::test {
+
+/// What is wrong with a laid-out widget: a text or a pictogram beyond its margins, two texts over each other.
+std::vector<std::string> layoutProblems(const DisplayList& list, const TextMeasurer& measurer);
+
+/// Every line of text in it.
+std::vector<std::string> textsOf(const DisplayList& list);
+
+} // namespace skyvane::test
