@@ -36,8 +36,10 @@ std::string syntheticAnswer(std::size_t aircraftCount)
 {
     std::mt19937 random{7};
     std::string json = R"({"ac":[)";
-    for (std::size_t index = 0; index < aircraftCount; ++index)
-        json += (index == 0 ? "" : ",") + aircraftObject(random);
+    for (std::size_t index = 0; index < aircraftCount; ++index) {
+        json += index == 0 ? "" : ",";
+        json += aircraftObject(random);
+    }
     return json + R"(],"msg":"No error","now":1763349004000,"total":5000,"ctime":1763349004000,"ptime":3})";
 }
 

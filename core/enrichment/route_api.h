@@ -1,0 +1,17 @@
+#pragma once
+
+#include "core/enrichment/flight_route.h"
+#include "platform/net/url_session.h"
+
+#include <optional>
+#include <stop_token>
+#include <string_view>
+
+/// Which airports a flight connects, from a public route database. Nothing is cached.
+namespace skyvane::RouteAPI {
+
+/// One request for the callsign as it stands. Absent on every failure, cancellation included; never throws.
+std::optional<FlightRoute> fetch(
+    std::string_view callsign, const Transport& transport, std::stop_token stop = {});
+
+} // namespace skyvane::RouteAPI

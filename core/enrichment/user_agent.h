@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/net/url_session.h"
+
+namespace skyvane {
+
+/// How the route and photo clients introduce themselves: "Skyvane/1.1 (+mailto:…)". Replaces the session's
+/// own.
+HTTPHeader userAgent();
+
+} // namespace skyvane

@@ -1,0 +1,218 @@
+#include "core/enrichment/route_api.h"
+
+#include "tests/core/enrichment/fake_service.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace skyvane::test {
+namespace {
+
+const JSONText answer{
+    {"response",
+        {{"flightroute",
+            {
+                {"callsign", "UAL123"},
+                {"origin",
+                    {{"iata_code", "SFO"}, {"icao_code", "KSFO"}, {"municipality", "San Francisco"},
+                        {"elevation", 13}}},
+                {"destination", {{"iata_code", "JFK"}, {"icao_code", "KJFK"}, {"municipality", "New York"}}},
+            }}}},
+};
+
+const FlightRoute route{
+    .originCode = "SFO",
+    .originCity = "San Francisco",
+    .destinationCode = "JFK",
+    .destinationCity = "New York",
+};
+
+const std::string origin = "/response/flightroute/origin";
+const std::string destination = "/response/flightroute/destination";
+
+std::optional<FlightRoute> fetched(FakeService service)
+{
+    return RouteAPI::fetch("UAL123", service.transport());
+}
+
+std::optional<FlightRoute> routeIn(const JSONText& document)
+{
+    return fetched(FakeService::answering(document.dump()));
+}
+
+TEST(RouteAPI, asksOnceForEightSecondsWithOneHeader)
+{
+    FakeService service = FakeService::answering(answer.dump());
+    EXPECT_EQ(RouteAPI::fetch("UAL123", service.transport()), route);
+    service.expectOnlyRequest("https://api.adsbdb.com/v0/callsign/UAL123");
+}
+
+TEST(RouteAPI, twoCallsForOneCallsignAreTwoRequests)
+{
+    FakeService service = FakeService::answering(answer.dump());
+    RouteAPI::fetch("UAL123", service.transport());
+    RouteAPI::fetch("UAL123", service.transport());
+    EXPECT_EQ(service.requests.size(), 2U);
+}
+
+TEST(RouteAPI, theCallsignIsAppendedAsItStands)
+{
+    for (const std::string callsign : {"", "ual123", "UAL%20123", "a/b?c=d", "~x"}) {
+        FakeService service = FakeService::answering(answer.dump());
+        EXPECT_EQ(RouteAPI::fetch(callsign, service.transport()), route) << callsign;
+        service.expectOnlyRequest("https://api.adsbdb.com/v0/callsign/" + callsign);
+    }
+}
+
+TEST(RouteAPI, aCallsignThatFormsNoURLAsksNobody)
+{
+    for (const char* callsign : {"UAL123 ", "UAL 1", "100%", "\u00c9AL1", "<1>", "UAL1\n", "a\\b"}) {
+        FakeService service = FakeService::answering(answer.dump());
+        EXPECT_EQ(RouteAPI::fetch(callsign, service.transport()), std::nullopt) << callsign;
+        EXPECT_TRUE(service.requests.empty()) << callsign;
+    }
+}
+
+TEST(RouteAPI, everyStatusBut200IsAbsentWhateverTheBody)
+{
+    for (const int status : {201, 203, 204, 206, 301, 304, 400, 403, 404, 429, 500, 503}) {
+        FakeService service = FakeService::answering(answer.dump(), status);
+        EXPECT_EQ(RouteAPI::fetch("UAL123", service.transport()), std::nullopt) << status;
+        EXPECT_EQ(service.requests.size(), 1U) << status;
+    }
+}
+
+TEST(RouteAPI, aFailedTransferIsAbsent)
+{
+    EXPECT_EQ(fetched(FakeService::failing(TransferError{"Timeout was reached"})), std::nullopt);
+}
+
+TEST(RouteAPI, cancellationIsAbsent)
+{
+    EXPECT_EQ(fetched(FakeService::failing(CancellationError{})), std::nullopt);
+}
+
+TEST(RouteAPI, nothingThatATransportThrowsPasses)
+{
+    EXPECT_EQ(fetched(FakeService::failing(std::runtime_error{"unheard of"})), std::nullopt);
+}
+
+TEST(RouteAPI, theCallersStopTokenReachesTheTransport)
+{
+    std::stop_source source;
+    const Transport transport = [&](const URLRequest&, const std::stop_token& stop) -> URLResponse {
+        source.request_stop();
+        EXPECT_TRUE(stop.stop_requested());
+        throw CancellationError{};
+    };
+    EXPECT_EQ(RouteAPI::fetch("UAL123", transport, source.get_token()), std::nullopt);
+}
+
+TEST(RouteAPI, aBodyThatIsNotJSONIsAbsent)
+{
+    for (const char* body : {"", "<html></html>", "{", R"({"response":{}} trailing)", "null", "7", "[]"})
+        EXPECT_EQ(fetched(FakeService::answering(body)), std::nullopt) << body;
+}
+
+TEST(RouteAPI, aResponseThatIsATextIsAbsent)
+{
+    EXPECT_EQ(fetched(FakeService::answering(R"({"response":"unknown callsign"})")), std::nullopt);
+}
+
+TEST(RouteAPI, aMissingOrNullResponseIsAbsent)
+{
+    EXPECT_EQ(fetched(FakeService::answering("{}")), std::nullopt);
+    EXPECT_EQ(fetched(FakeService::answering(R"({"response":null})")), std::nullopt);
+}
+
+TEST(RouteAPI, aMissingOrNullRouteIsAbsent)
+{
+    EXPECT_EQ(fetched(FakeService::answering(R"({"response":{}})")), std::nullopt);
+    EXPECT_EQ(fetched(FakeService::answering(R"({"response":{"flightroute":null}})")), std::nullopt);
+}
+
+TEST(RouteAPI, aMissingOrNullAirportIsAbsent)
+{
+    for (const char* airport : {"origin", "destination"}) {
+        EXPECT_EQ(routeIn(without(answer, "/response/flightroute", airport)), std::nullopt) << airport;
+        EXPECT_EQ(
+            routeIn(changed(answer, "/response/flightroute/" + std::string{airport}, nullptr)), std::nullopt)
+            << airport;
+    }
+}
+
+TEST(RouteAPI, aValueOfTheWrongTypeAtAnyKeyIsAbsent)
+{
+    for (const std::string& pointer :
+        {std::string{}, std::string{"/response"}, std::string{"/response/flightroute"}, origin,
+            origin + "/iata_code", origin + "/icao_code", origin + "/municipality", destination,
+            destination + "/iata_code", destination + "/icao_code", destination + "/municipality"}) {
+        for (const JSONText& value : wrongValues(answer, pointer))
+            EXPECT_EQ(routeIn(changed(answer, pointer, value)), std::nullopt) << pointer << value;
+    }
+}
+
+TEST(RouteAPI, unlistedKeysAreNotRead)
+{
+    EXPECT_EQ(routeIn(changed(answer, "/response/flightroute/airline", 7)), route);
+    EXPECT_EQ(routeIn(changed(answer, origin + "/IATA_CODE", 7)), route);
+}
+
+TEST(RouteAPI, withoutAnIATACodeTheICAOCodeCounts)
+{
+    EXPECT_EQ(routeIn(changed(answer, origin + "/iata_code", nullptr))->originCode, "KSFO");
+    EXPECT_EQ(routeIn(without(answer, destination, "iata_code"))->destinationCode, "KJFK");
+}
+
+TEST(RouteAPI, anEmptyIATACodeIsACode)
+{
+    EXPECT_EQ(routeIn(changed(answer, origin + "/iata_code", ""))->originCode, "");
+    EXPECT_EQ(routeIn(changed(answer, destination + "/iata_code", ""))->destinationCode, "");
+}
+
+TEST(RouteAPI, anIATACodeNeedsNoICAOCode)
+{
+    EXPECT_EQ(
+        routeIn(changed(without(answer, origin, "icao_code"), destination + "/icao_code", nullptr)), route);
+}
+
+TEST(RouteAPI, anAirportWithoutAnyCodeIsAbsent)
+{
+    for (const std::string& airport : {origin, destination}) {
+        EXPECT_EQ(
+            routeIn(without(without(answer, airport, "iata_code"), airport, "icao_code")), std::nullopt);
+        EXPECT_EQ(routeIn(changed(
+                      changed(answer, airport + "/iata_code", nullptr), airport + "/icao_code", nullptr)),
+            std::nullopt);
+    }
+}
+
+TEST(RouteAPI, aRouteWithoutACityStillHasItsSummary)
+{
+    for (const JSONText& document : {without(answer, destination, "municipality"),
+             changed(answer, destination + "/municipality", nullptr)}) {
+        const auto found = routeIn(document);
+        ASSERT_TRUE(found);
+        EXPECT_EQ(found->destinationCity, std::nullopt);
+        EXPECT_EQ(found->citySummary(), std::nullopt);
+        EXPECT_EQ(found->summary(), "SFO \u2192 JFK");
+    }
+    EXPECT_EQ(routeIn(without(answer, origin, "municipality"))->originCity, std::nullopt);
+}
+
+TEST(RouteAPI, anEmptyCityIsThere)
+{
+    EXPECT_EQ(routeIn(changed(answer, origin + "/municipality", ""))->citySummary(), " \u2192 New York");
+}
+
+TEST(RouteAPI, ofTwoEqualKeysTheFirstCounts)
+{
+    EXPECT_EQ(fetched(FakeService::answering(R"({"response":{"flightroute":{
+        "origin":{"iata_code":"AAA","iata_code":"BBB"},"destination":{"icao_code":"CCCC"},"origin":7}}})")),
+        (FlightRoute{.originCode = "AAA", .destinationCode = "CCCC"}));
+}
+
+} // namespace
+} // namespace skyvane::test
