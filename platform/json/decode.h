@@ -6,6 +6,7 @@
 #include <simdjson.h>
 
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -42,61 +43,53 @@ struct Decoder<std::int64_t> {
 };
 
 template <class T>
-struct Decoder<std::vector<T>> {
-    static std::vector<T> decode(Value value)
-    {
-        const simdjson::dom::array elements = array(value);
-        std::vector<T> list;
-        list.reserve(elements.size());
-        for (const Value element : elements) {
-            try {
-                list.push_back(JSON::decode<T>(element));
-            } catch (const DecodingError& error) {
-                throw error.inElement(list.size());
-            }
-        }
-        return list;
-    }
+concept Record = requires
+{
+    Fields<T>::list;
 };
 
 /// A record with a field table is read in one pass over the object. Unknown keys are passed over; of two
 /// equal keys the first counts; null is absence.
-template <class Record>
-requires requires
-{
-    Fields<Record>::list;
-}
-struct Decoder<Record> {
-    static Record decode(Value value)
+template <Record T>
+struct Decoder<T> {
+    static T decode(Value value)
     {
-        Record record{};
-        std::uint64_t seen = 0;
-        for (const auto [key, member] : object(value)) {
-            const std::size_t index = table.indexOf(key);
-            if (index == table.count || (seen >> index & 1) != 0)
-                continue;
-            seen |= std::uint64_t{1} << index;
-            if (member.is_null())
-                seen |= nullMark(index);
-            else
-                readers[index](record, member, key);
-        }
-        requirePresent(seen, indices);
+        T record{};
+        fill(record, value);
         return record;
     }
 
+    /// Into a record with nothing in it yet.
+    static void fill(T& record, Value value)
+    {
+        std::uint64_t seen = 0;
+        std::uint64_t missing = required;
+        for (const auto [key, member] : object(value)) {
+            const std::size_t index = table.indexOf(key);
+            if (index == table.count || (seen & mark(index)) != 0)
+                continue;
+            seen |= mark(index);
+            if (member.is_null())
+                continue;
+            missing &= ~mark(index);
+            readers[index](record, member, key);
+        }
+        if (missing != 0)
+            throw DecodingError{"is missing"}.inMember(
+                table.key(static_cast<std::size_t>(std::countr_zero(missing))));
+    }
+
 private:
-    static constexpr auto& list = Fields<Record>::list;
+    static constexpr auto& list = Fields<T>::list;
     static constexpr auto table = FieldTable{keysOf(list)};
-    static constexpr auto indices = std::make_index_sequence<table.count>{};
-    static_assert(table.count <= 32, "presence and null marks share 64 bits");
+    static_assert(table.count <= 64, "each field has a bit");
 
-    using Reader = void (*)(Record&, Value, std::string_view key);
+    using Reader = void (*)(T&, Value, std::string_view key);
 
-    static constexpr std::uint64_t nullMark(std::size_t index) { return std::uint64_t{1} << (index + 32); }
+    static constexpr std::uint64_t mark(std::size_t index) { return std::uint64_t{1} << index; }
 
     template <std::size_t index>
-    static void read(Record& record, Value member, std::string_view key)
+    static void read(T& record, Value member, std::string_view key)
     {
         auto& target = record.*std::get<index>(list).member;
         try {
@@ -107,28 +100,46 @@ private:
         }
     }
 
-    template <std::size_t... index>
-    static constexpr std::array<Reader, sizeof...(index)> readersOf(std::index_sequence<index...>)
+    static constexpr auto readers = []<std::size_t... index>(std::index_sequence<index...>)
     {
-        return {&read<index>...};
+        return std::array<Reader, table.count>{&read<index>...};
     }
-    static constexpr auto readers = readersOf(indices);
+    (std::make_index_sequence<table.count>{});
 
-    template <std::size_t... index>
-    static void requirePresent(std::uint64_t seen, std::index_sequence<index...>)
+    static constexpr std::uint64_t required = []<std::size_t... index>(std::index_sequence<index...>)
     {
-        (requireField<index>(seen), ...);
+        return ((isOptional<decltype(std::get<index>(list).member)> ? 0 : mark(index)) | ...);
     }
+    (std::make_index_sequence<table.count>{});
+};
 
-    template <std::size_t index>
-    static void requireField(std::uint64_t seen)
+template <class T>
+struct Decoder<std::vector<T>> {
+    static std::vector<T> decode(Value value)
     {
-        constexpr auto& field = std::get<index>(list);
-        if constexpr (!isOptional<decltype(field.member)>) {
-            const bool isThere = (seen >> index & 1) != 0 && (seen & nullMark(index)) == 0;
-            if (!isThere)
-                throw DecodingError{"is missing"}.inMember(field.key);
+        const simdjson::dom::array elements = array(value);
+        std::vector<T> list;
+        list.reserve(elements.size());
+        std::size_t index = 0;
+        for (const Value element : elements) {
+            try {
+                append(list, element);
+            } catch (const DecodingError& error) {
+                throw error.inElement(index);
+            }
+            ++index;
         }
+        return list;
+    }
+
+private:
+    /// A record is large; it is read where it stays.
+    static void append(std::vector<T>& list, Value element)
+    {
+        if constexpr (Record<T>)
+            Decoder<T>::fill(list.emplace_back(), element);
+        else
+            list.push_back(JSON::decode<T>(element));
     }
 };
 

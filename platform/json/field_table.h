@@ -73,6 +73,8 @@ public:
         return index != count && m_keys[index] == key ? index : count;
     }
 
+    constexpr std::string_view key(std::size_t index) const { return m_keys[index]; }
+
 private:
     static constexpr int slotBits = 8;
 
