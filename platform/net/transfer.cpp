@@ -50,6 +50,7 @@ Transfer::Transfer(const URLRequest& request)
         throw TransferError{curl_easy_strerror(CURLE_FAILED_INIT)};
     set(m_easy.get(), CURLOPT_ERRORBUFFER, m_words.data());
     set(m_easy.get(), CURLOPT_URL, request.url.text().c_str());
+    set(m_easy.get(), CURLOPT_PATH_AS_IS, 1L);
     setLimits(request);
     setHeaders(request.headers);
     setReceivers();
