@@ -5,40 +5,14 @@
 #include "ui/tree/canvas.h"
 #include "ui/tree/color.h"
 #include "ui/tree/font.h"
+#include "ui/tree/view_list.h"
 
-#include <cstddef>
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
 namespace skyvane {
-
-struct View;
-
-/// Views in order: a std::vector<View> that nodes can hold before View is complete.
-class ViewList {
-public:
-    ViewList();
-    ViewList(std::initializer_list<View> views);
-    ViewList(std::vector<View> views);
-    ViewList(const ViewList&);
-    ViewList(ViewList&&) noexcept;
-    ViewList& operator=(const ViewList&);
-    ViewList& operator=(ViewList&&) noexcept;
-    ~ViewList();
-
-    const View* begin() const;
-    const View* end() const;
-    std::size_t size() const;
-    const View& operator[](std::size_t index) const;
-
-    bool operator==(const ViewList&) const;
-
-private:
-    std::vector<View> m_views;
-};
 
 struct Text {
     std::string string;
