@@ -87,7 +87,7 @@ std::filesystem::path renderWidget(const RenderWords& words, ExtensionClient& ex
     const WidgetInfo widget = chosenWidget(words, extension.list());
     requireFamily(widget, words.family);
     const WidgetEntry entry = currentEntry(words, widget, extension);
-    const std::filesystem::path output = words.output.value_or(defaultOutput(widget, words.family));
+    std::filesystem::path output = words.output.value_or(defaultOutput(widget, words.family));
     write(output, picture(words, widget, entry));
     return output;
 }
