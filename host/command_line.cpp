@@ -99,12 +99,41 @@ Words alone(const std::vector<std::string>& words)
     return {};
 }
 
+AddWords add(const std::vector<std::string>& words)
+{
+    if (words.size() != 3)
+        throw UsageError{"add takes a kind and a family, see skyvane-host --help"};
+    return {.kind = words[1], .family = family(words[2])};
+}
+
+RemoveWords remove(const std::vector<std::string>& words)
+{
+    if (words.size() != 2)
+        throw UsageError{"remove takes a widget's number, see skyvane-host --help"};
+    int widget = 0;
+    const char* const last = words[1].data() + words[1].size();
+    const auto [end, error] = std::from_chars(words[1].data(), last, widget);
+    if (error != std::errc{} || end != last || widget < 1)
+        throw UsageError{"a widget's number is that of list --placed, not \"" + words[1] + "\""};
+    return {.widget = widget};
+}
+
 } // namespace
 
 Command parseCommandLine(const std::vector<std::string>& words)
 {
     if (words[0] == "render")
         return RenderParser{{words.begin() + 1, words.end()}}.parse();
+    if (words == std::vector<std::string>{"list", "--placed"})
+        return PlacedWords{};
+    if (words[0] == "add")
+        return add(words);
+    if (words[0] == "remove")
+        return remove(words);
+    if (words[0] == "refresh")
+        return alone<RefreshWords>(words);
+    if (words[0] == "quit")
+        return alone<QuitWords>(words);
     if (words[0] == "list")
         return alone<ListWords>(words);
     if (words[0] == "--help")
@@ -117,6 +146,15 @@ Command parseCommandLine(const std::vector<std::string>& words)
 std::string usage()
 {
     return R"(Usage:
+  skyvane-host
+      Shows the widgets on the desktop; where they are shown already, the gallery.
+  skyvane-host add KIND FAMILY
+      Adds a widget to the desktop and prints its number.
+  skyvane-host remove NUMBER
+  skyvane-host refresh
+  skyvane-host quit
+  skyvane-host list --placed
+      The widgets on the desktop: number, kind and family.
   skyvane-host list
       The widgets: kind, name and families.
   skyvane-host render KIND FAMILY [--output FILE] [--scale N] [--sample]

@@ -35,6 +35,34 @@ struct ListWords {
     bool operator==(const ListWords&) const = default;
 };
 
+/// "list --placed": those that stand on the desktop.
+struct PlacedWords {
+    bool operator==(const PlacedWords&) const = default;
+};
+
+/// "add": one more on the desktop.
+struct AddWords {
+    std::string kind; ///< In full, or its last component.
+    ContainerFamily family;
+
+    bool operator==(const AddWords&) const = default;
+};
+
+/// "remove": one from the desktop.
+struct RemoveWords {
+    int widget; ///< Its number among the placed ones.
+
+    bool operator==(const RemoveWords&) const = default;
+};
+
+struct RefreshWords {
+    bool operator==(const RefreshWords&) const = default;
+};
+
+struct QuitWords {
+    bool operator==(const QuitWords&) const = default;
+};
+
 struct HelpWords {
     bool operator==(const HelpWords&) const = default;
 };
@@ -43,7 +71,8 @@ struct VersionWords {
     bool operator==(const VersionWords&) const = default;
 };
 
-using Command = std::variant<RenderWords, ListWords, HelpWords, VersionWords>;
+using Command = std::variant<RenderWords, ListWords, PlacedWords, AddWords, RemoveWords, RefreshWords,
+    QuitWords, HelpWords, VersionWords>;
 
 /// The words after the program's name, at least one. Throws `UsageError`.
 Command parseCommandLine(const std::vector<std::string>& words);

@@ -102,6 +102,11 @@ Date reloadDate(JSON::Value value)
 
 } // namespace
 
+std::int64_t id(JSON::Value answer)
+{
+    return member(answer, "id", JSON::integer);
+}
+
 JSON::Value result(JSON::Value answer, std::int64_t id)
 {
     if (member(answer, "jsonrpc", text) != "2.0")

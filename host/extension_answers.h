@@ -11,6 +11,9 @@
 /// another shape.
 namespace skyvane::ExtensionAnswers {
 
+/// Which request this answers.
+std::int64_t id(JSON::Value answer);
+
 /// The result of the answer to the request of this id. Throws `ExtensionError` when the answer is an error.
 JSON::Value result(JSON::Value answer, std::int64_t id);
 

@@ -1,27 +1,21 @@
 #pragma once
 
+#include "host/answer_lines.h"
 #include "host/extension_error.h"
+#include "host/extension_program.h"
 #include "host/widget_entry.h"
 #include "host/widget_info.h"
 #include "platform/json/value.h"
 
-#include <QByteArray>
 #include <QProcess>
 
 #include <chrono>
 #include <cstdint>
-#include <filesystem>
 #include <nlohmann/json_fwd.hpp>
 #include <string_view>
 #include <vector>
 
 namespace skyvane {
-
-/// Which program the widgets come from, and how long it may think.
-struct ExtensionProgram {
-    std::filesystem::path path;
-    std::chrono::milliseconds timeout{std::chrono::seconds{30}}; ///< For one answer.
-};
 
 /// The widget extension as a process, asked one question at a time; it ends with this. Every function waits
 /// for its answer and throws `ExtensionError` when there is none.
@@ -44,7 +38,7 @@ private:
 
     std::chrono::milliseconds m_timeout;
     QProcess m_process;
-    QByteArray m_unread; ///< The beginning of a line that is still coming in.
+    AnswerLines m_lines;
     std::int64_t m_lastId = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "host/run_command.h"
 
+#include "host/ask_host.h"
 #include "host/command_line.h"
 #include "host/list_command.h"
 #include "host/one_line.h"
@@ -22,8 +23,23 @@ struct Runner {
     }
 
     void operator()(const ListWords&) const { out << listText(ExtensionClient{program}.list()); }
+    void operator()(const PlacedWords&) const { tell(QStringLiteral("ListPlaced")); }
+    void operator()(const AddWords& words) const
+    {
+        tell(QStringLiteral("Add"),
+            {QString::fromStdString(words.kind), QString::fromUtf8(WidgetContainer::name(words.family))});
+    }
+    void operator()(const RemoveWords& words) const { tell(QStringLiteral("Remove"), {words.widget}); }
+    void operator()(const RefreshWords&) const { tell(QStringLiteral("Refresh")); }
+    void operator()(const QuitWords&) const { tell(QStringLiteral("Quit")); }
     void operator()(const HelpWords&) const { out << usage(); }
     void operator()(const VersionWords&) const { out << "skyvane-host " SKYVANE_VERSION "\n"; }
+
+private:
+    void tell(const QString& method, const QVariantList& arguments = {}) const
+    {
+        out << askHost(QDBusConnection::sessionBus(), method, arguments);
+    }
 };
 
 int fail(int status, const std::exception& reason, std::ostream& error)

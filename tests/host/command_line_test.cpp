@@ -51,6 +51,21 @@ TEST(CommandLine, listHelpAndVersionStandAlone)
     EXPECT_EQ(refusal({"list", "all"}), "\"list\" takes no more words");
 }
 
+TEST(CommandLine, theRunningHostIsToldByWords)
+{
+    EXPECT_EQ(parseCommandLine({"add", "radar", "medium"}),
+        Command(AddWords{.kind = "radar", .family = ContainerFamily::medium}));
+    EXPECT_EQ(parseCommandLine({"remove", "12"}), Command(RemoveWords{.widget = 12}));
+    EXPECT_EQ(parseCommandLine({"list", "--placed"}), Command(PlacedWords{}));
+    EXPECT_EQ(parseCommandLine({"refresh"}), Command(RefreshWords{}));
+    EXPECT_EQ(parseCommandLine({"quit"}), Command(QuitWords{}));
+    EXPECT_EQ(refusal({"add", "radar"}), "add takes a kind and a family, see skyvane-host --help");
+    EXPECT_EQ(refusal({"remove"}), "remove takes a widget's number, see skyvane-host --help");
+    for (const char* word : {"0", "-1", "1x", "", "99999999999"})
+        EXPECT_THAT(refusal({"remove", word}), testing::StartsWith("a widget's number is")) << word;
+    EXPECT_EQ(refusal({"refresh", "all"}), "\"refresh\" takes no more words");
+}
+
 TEST(CommandLine, aScaleIsANumberAboveZeroAndUpToEight)
 {
     EXPECT_EQ(std::get<RenderWords>(parseCommandLine({"render", "radar", "small", "--scale", "8"})).scale, 8);

@@ -1,11 +1,14 @@
 // A widget extension that behaves, or misbehaves, as the name that it is started by says.
 
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <iostream>
 #include <map>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -22,6 +25,15 @@ const std::string strangeEntry
     = R"({"date":0,"isSample":true,"background":[0,0,1,1],"url":"no url at all","view":
 {"type":"vstack","children":[{"type":"hologram","depth":3},{"type":"symbol","name":"zeppelin","font":{"size":60},
 "color":[1,0,0,1]},{"type":"canvas","aspectRatio":2,"items":[{"type":"spiral"}]}]}})";
+
+/// Two links, one above the other, each half of the content.
+const std::string linkedEntry
+    = R"({"date":1700000000.25,"isSample":false,"background":[0.1,0.2,0.3,1],"url":"skyvane://open",
+"view":{"type":"vstack","children":[
+{"type":"link","url":"skyvane://aircraft/first","child":{"type":"frame","maxWidth":"infinity","maxHeight":"infinity",
+"child":{"type":"symbol","name":"airplane","font":{"size":40},"color":[0,1,0,1]}}},
+{"type":"link","url":"skyvane://aircraft/second","child":{"type":"frame","maxWidth":"infinity","maxHeight":"infinity",
+"child":{"type":"symbol","name":"house","font":{"size":40},"color":[0,1,1,1]}}}]}})";
 
 std::string onOneLine(std::string text)
 {
@@ -51,7 +63,7 @@ void good(const std::string& request, const std::string& shown)
 {
     if (asks(request, "widgets.list"))
         answer(idOf(request), widgets);
-    else if (asks(request, "widgets.snapshot"))
+    else if (asks(request, "widgets.snapshot") || asks(request, "widgets.placeholder"))
         answer(idOf(request), R"({"entry":)" + shown + "}");
     else
         answer(
@@ -83,12 +95,18 @@ std::map<std::string, Behaviour> behaviours()
 {
     return {
         {"good", [](const std::string& request) { good(request, entry); }},
+        {"linked", [](const std::string& request) { good(request, linkedEntry); }},
         {"strange", [](const std::string& request) { good(request, strangeEntry); }},
         {"refusing", refuse},
         {"crashing", crash},
         {"crashing-later", later(crash)},
         {"ending", [](const std::string&) { std::exit(0); }},
         {"silent", later([](const std::string&) {})},
+        {"forgetful",
+            [](const std::string& request) {
+                if (asks(request, "widgets.placeholder"))
+                    answer(idOf(request), R"({"entry":)" + entry + "}");
+            }},
         {"babbling", later([](const std::string&) { std::cout << "hello there" << std::endl; })},
         {"misnumbering", [](const std::string&) { answer("77", widgets); }},
         {"mistyping", later([](const std::string& request) {
@@ -100,10 +118,27 @@ std::map<std::string, Behaviour> behaviours()
         {"huge", later([](const std::string& request) {
              answer(idOf(request), "\"" + std::string(300'000, 'x') + "\"");
          })},
+        {"reversing",
+            [held = std::string{}](const std::string& request) mutable {
+                if (held.empty()) {
+                    held = request;
+                    return;
+                }
+                good(request, strangeEntry);
+                good(std::exchange(held, ""), entry);
+            }},
         {"endless", later([](const std::string&) {
              while (std::cout << std::string(4096, 'x')) { }
          })},
     };
+}
+
+/// Everything that happened, for the test to read: a line "start", then one a request with its time.
+void record(const std::string& path, const std::string& event)
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    std::ofstream{path + ".log", std::ios::app}
+        << std::chrono::duration_cast<std::chrono::milliseconds>(now).count() << " " << event << "\n";
 }
 
 } // namespace
@@ -114,7 +149,11 @@ int main(int argc, char* argv[])
         return 3;
     const std::string path = argv[0];
     const Behaviour behaviour = behaviours().at(path.substr(path.rfind('/') + 1));
-    for (std::string request; std::getline(std::cin, request);)
+    record(path, "start");
+    for (std::string request; std::getline(std::cin, request);) {
+        record(path, request);
         behaviour(request);
+    }
+    record(path, "end");
     return 0;
 }

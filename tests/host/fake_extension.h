@@ -1,10 +1,14 @@
 #pragma once
 
-#include "host/extension_client.h"
+#include "host/extension_program.h"
 #include "tests/support/scratch_folder.h"
 
+#include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace skyvane::test {
 
@@ -22,6 +26,24 @@ public:
     ExtensionProgram impatient() const
     {
         return {.path = m_program.path, .timeout = std::chrono::milliseconds{200}};
+    }
+
+    struct Event {
+        std::chrono::milliseconds at; ///< By the steady clock.
+        std::string what; ///< "start", "end" or the request.
+    };
+
+    /// What happened so far that holds this text.
+    std::vector<Event> events(std::string_view part) const
+    {
+        std::ifstream log{m_program.path.string() + ".log"};
+        std::vector<Event> found;
+        std::chrono::milliseconds::rep at = 0;
+        for (std::string what; log >> at && log.get() && std::getline(log, what);) {
+            if (what.find(part) != std::string::npos)
+                found.push_back({.at = std::chrono::milliseconds{at}, .what = what});
+        }
+        return found;
     }
 
 private:

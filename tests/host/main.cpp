@@ -1,4 +1,4 @@
-#include <QGuiApplication>
+#include <QApplication>
 
 #include <gtest/gtest.h>
 
@@ -6,6 +6,6 @@ int main(int argc, char* argv[])
 {
     testing::InitGoogleTest(&argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application{argc, argv};
+    const QApplication application{argc, argv};
     return RUN_ALL_TESTS();
 }

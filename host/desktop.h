@@ -1,0 +1,76 @@
+#pragma once
+
+#include "host/configuration_watch.h"
+#include "host/host_file.h"
+#include "host/schedule.h"
+#include "host/sleep_watch.h"
+#include "host/widget_window.h"
+
+#include <memory>
+
+namespace skyvane {
+
+class Gallery;
+
+/// What a desktop of widgets is made from.
+struct DesktopSetup {
+    ExtensionProgram extension;
+    std::filesystem::path hostFile;
+    std::filesystem::path configuration; ///< The file whose changes refresh the widgets.
+    std::function<void(const URL&)> open;
+    ExtensionPace pace{};
+};
+
+/// The placed widgets with their windows. Needs a QApplication.
+class Desktop {
+public:
+    explicit Desktop(const DesktopSetup& setup);
+    ~Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    const std::vector<PlacedWidget>& placed() const { return m_placed; }
+
+    /// Its id; the kind may be its last component alone. Absent for a widget, or a family of one, that the
+    /// extension did not list.
+    std::optional<int> add(const WidgetTarget& target);
+    /// Whether there was one of this id.
+    bool remove(int widget);
+    void refreshAll() { m_schedule.refreshAll(); }
+    void showGallery();
+
+private:
+    /// Windows may be in the middle of an event when they go.
+    struct DeleteLater {
+        void operator()(QWidget* window) const;
+    };
+    using Window = std::unique_ptr<WidgetWindow, DeleteLater>;
+
+    void learnWidgets();
+    int place(const WidgetTarget& target);
+    void openWindow(const PlacedWidget& widget);
+    WidgetActions actionsOf(int widget);
+    void nameWindow(const PlacedWidget& widget);
+    void resize(int widget, ContainerFamily family);
+    void rememberFrame(int widget);
+    void restoreFrames();
+    QRect snapped(int widget, const QRect& frame) const;
+    void popUpMenu(int widget, const QPoint& place);
+    PlacedWidget* find(int widget);
+    const WidgetInfo* infoOf(const std::string& kind) const;
+
+    std::function<void(const URL&)> m_open;
+    FontMeasurer m_fonts;
+    ExtensionProcess m_extension;
+    HostFile m_file;
+    std::vector<WidgetInfo> m_known;
+    std::vector<PlacedWidget> m_placed;
+    std::map<int, Window> m_windows;
+    std::unique_ptr<Gallery, DeleteLater> m_gallery;
+    Schedule m_schedule;
+    ConfigurationWatch m_configuration;
+    SleepWatch m_sleep;
+    QObject m_context; ///< Ends the connections to screens.
+};
+
+} // namespace skyvane

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/json/value.h"
+
+#include <QProcess>
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+
+/// Why there is no answer, in words.
+namespace skyvane::ExtensionFailures {
+
+std::string notStarted(const std::filesystem::path& program);
+std::string ended(QProcess::ExitStatus status);
+std::string noAnswer(std::chrono::milliseconds timeout);
+std::string nonsense(const JSON::DecodingError& error);
+
+} // namespace skyvane::ExtensionFailures

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "host/extension_process.h"
+#include "paint/font_measurer.h"
+
+#include <QWidget>
+
+class QVBoxLayout;
+
+namespace skyvane {
+
+/// Every widget in every family, painted from its sample; a click adds it.
+class Gallery : public QWidget {
+public:
+    using Add = std::function<void(const WidgetTarget&)>;
+
+    Gallery(ExtensionProcess& extension, const FontMeasurer& fonts, Add add);
+
+    void showWidgets(const std::vector<WidgetInfo>& widgets);
+
+private:
+    QWidget* row(const WidgetInfo& widget);
+
+    ExtensionProcess& m_extension;
+    const FontMeasurer& m_fonts;
+    Add m_add;
+    QVBoxLayout* m_rows;
+    QWidget* m_content;
+};
+
+} // namespace skyvane

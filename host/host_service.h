@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusVirtualObject>
+
+namespace skyvane {
+
+class Desktop;
+
+/// The session's running host as other processes reach it over D-Bus: org.skyvane.Host. Every method answers
+/// one text, to be printed.
+class HostService : public QDBusVirtualObject {
+public:
+    static QString name();
+    static QString path();
+
+    /// Serves for as long as it lives.
+    HostService(QDBusConnection bus, Desktop& desktop);
+    ~HostService() override;
+    HostService(const HostService&) = delete;
+    HostService& operator=(const HostService&) = delete;
+
+    QString introspect(const QString& path) const override;
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+
+private:
+    QDBusMessage add(const QDBusMessage& message);
+    QDBusMessage remove(const QDBusMessage& message);
+    QString placed() const;
+
+    QDBusConnection m_bus;
+    Desktop& m_desktop;
+};
+
+} // namespace skyvane

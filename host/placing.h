@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace skyvane {
+
+enum class ScreenCorner { topLeft, topRight, bottomLeft, bottomRight };
+
+/// A screen's room for windows, panels left out.
+struct ScreenArea {
+    std::string name;
+    QRect area;
+
+    bool operator==(const ScreenArea&) const = default;
+};
+
+/// Where a widget stands, so that it can be found again after the screen's size or place has changed.
+struct Placement {
+    std::string screen;
+    ScreenCorner corner;
+    QPoint inset; ///< From the screen's corner to the widget's own, points, inwards.
+
+    bool operator==(const Placement&) const = default;
+};
+
+/// Where widgets stand on screens: arithmetic only.
+namespace Placing {
+
+inline constexpr int grid = 8;
+
+/// By the screen that holds most of the frame, and its nearest corner. Absent without screens.
+std::optional<Placement> placement(const QRect& frame, const std::vector<ScreenArea>& screens);
+
+/// The widget's frame, wholly on its screen, else on the first one. Without screens it stays at the origin.
+QRect frame(const Placement& placement, QSize size, const std::vector<ScreenArea>& screens);
+
+/// The frame moved by a few points onto the edges of its neighbours (side by side with a gap of one grid
+/// step, or in line), else onto the grid of the area; always inside the area.
+QRect snapped(QRect frame, const QRect& area, const std::vector<QRect>& neighbours);
+
+/// A place that no other frame overlaps: down the right edge first, then to the left. Where there is none,
+/// the top right corner.
+QRect freeFrame(QSize size, const QRect& area, const std::vector<QRect>& taken);
+
+/// The area of the screen that holds most of the frame, or is nearest to it. Absent without screens.
+std::optional<ScreenArea> screenOf(const QRect& frame, const std::vector<ScreenArea>& screens);
+
+} // namespace Placing
+
+} // namespace skyvane

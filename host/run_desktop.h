@@ -1,0 +1,14 @@
+#pragma once
+
+#include "host/desktop.h"
+
+namespace skyvane {
+
+/// The user's own desktop, with this extension.
+DesktopSetup standardSetup(const ExtensionProgram& extension);
+
+/// Shows the widgets until the user quits; where a host of this session shows them already, that one's
+/// gallery. The exit status. Needs a QApplication.
+int runDesktop(const DesktopSetup& setup);
+
+} // namespace skyvane

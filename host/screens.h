@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/placing.h"
+
+#include <functional>
+
+class QObject;
+
+/// The screens there are now.
+namespace skyvane::Screens {
+
+/// The primary one first.
+std::vector<ScreenArea> all();
+
+/// Calls back when one comes, goes or changes its area, for as long as the context lives.
+void onChange(QObject& context, std::function<void()> changed);
+
+} // namespace skyvane::Screens

@@ -1,0 +1,50 @@
+#include "host/widget_card.h"
+
+#include "paint/painter.h"
+#include "paint/to_qt.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+namespace skyvane::WidgetCard {
+
+QSize sizeOf(ContainerFamily family)
+{
+    const Size size = WidgetContainer::size(family);
+    return QSizeF{size.width, size.height}.toSize();
+}
+
+void paint(const DisplayList& list, const Color& background, QPainter& painter, const FontMeasurer& fonts)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath shape;
+    shape.addRoundedRect({0, 0, list.size.width, list.size.height}, cornerRadius, cornerRadius);
+    painter.fillPath(shape, toQt(background));
+    skyvane::paint(list, painter, fonts);
+    painter.restore();
+}
+
+void paintFocus(const QRectF& frame, double radius, QPainter& painter)
+{
+    constexpr double lineWidth = 2;
+    constexpr Color color{0.3, 0.6, 1};
+    const double half = lineWidth / 2;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen{toQt(color), lineWidth});
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(frame.adjusted(half, half, -half, -half), radius - half, radius - half);
+}
+
+void paintStale(double width, QPainter& painter)
+{
+    constexpr double inset = 13;
+    constexpr double radius = 3;
+    constexpr Color color{1, 0.7, 0.2};
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(toQt(color));
+    painter.drawEllipse(QPointF{width - inset, inset}, radius, radius);
+}
+
+} // namespace skyvane::WidgetCard

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "paint/font_measurer.h"
+#include "ui/layout/display_list.h"
+#include "ui/layout/widget_container.h"
+
+#include <QRectF>
+#include <QSize>
+
+class QPainter;
+
+/// How a widget looks from outside: a card with rounded corners.
+namespace skyvane::WidgetCard {
+
+inline constexpr double cornerRadius = 22; ///< Points.
+inline constexpr Color emptyBackground{0.04, 0.05, 0.06}; ///< Of one that has nothing to show yet.
+
+QSize sizeOf(ContainerFamily family);
+
+void paint(const DisplayList& list, const Color& background, QPainter& painter, const FontMeasurer& fonts);
+
+/// A ring just inside the frame.
+void paintFocus(const QRectF& frame, double radius, QPainter& painter);
+
+/// The mark of what is no longer up to date.
+void paintStale(double width, QPainter& painter);
+
+} // namespace skyvane::WidgetCard

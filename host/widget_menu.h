@@ -1,0 +1,28 @@
+#pragma once
+
+#include "ui/layout/widget_container.h"
+
+#include <QPoint>
+
+#include <functional>
+#include <vector>
+
+class QMenu;
+class QWidget;
+
+namespace skyvane {
+
+struct WidgetMenuActions {
+    std::function<void(ContainerFamily)> resize;
+    std::function<void()> refresh;
+    std::function<void()> add;
+    std::function<void()> remove;
+    std::function<void()> settings;
+    std::function<void()> quit;
+};
+
+/// The menu of one widget; it goes when it closes.
+QMenu* makeWidgetMenu(QWidget& parent, const std::vector<ContainerFamily>& families, ContainerFamily current,
+    const WidgetMenuActions& actions);
+
+} // namespace skyvane

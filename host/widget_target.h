@@ -1,0 +1,17 @@
+#pragma once
+
+#include "ui/layout/widget_container.h"
+
+#include <string>
+
+namespace skyvane {
+
+/// A widget of a size.
+struct WidgetTarget {
+    std::string kind;
+    ContainerFamily family;
+
+    bool operator==(const WidgetTarget&) const = default;
+};
+
+} // namespace skyvane

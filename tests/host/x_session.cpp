@@ -1,0 +1,118 @@
+#include "tests/host/x_session.h"
+
+#include "tests/host/wait_for.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace skyvane::test {
+
+namespace {
+
+void end(QProcess& process)
+{
+    process.terminate();
+    if (process.state() != QProcess::NotRunning && !process.waitForFinished(5000)) {
+        process.kill();
+        process.waitForFinished();
+    }
+}
+
+} // namespace
+
+XSession::XSession()
+{
+    m_environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "WAYLAND_DISPLAY"})
+        m_environment.remove(name);
+    m_environment.insert("HOME", QString::fromStdString(m_home.path().string()));
+    m_environment.insert("XDG_RUNTIME_DIR", QString::fromStdString(m_home.path().string()));
+    m_environment.insert("QT_QPA_PLATFORM", "xcb");
+
+    startBus();
+    m_server.setStandardErrorFile(QProcess::nullDevice());
+    m_server.start(
+        "Xvfb", {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp", "-noreset"});
+    QByteArray display;
+    while (!display.contains('\n')) {
+        if (!m_server.waitForReadyRead(20000))
+            throw std::runtime_error{"no X server"};
+        display += m_server.readAllStandardOutput();
+    }
+    m_environment.insert("DISPLAY", ":" + QString::fromUtf8(display.trimmed()));
+
+    m_windowManager.setProcessEnvironment(m_environment);
+    m_windowManager.setStandardErrorFile(QProcess::nullDevice());
+    m_windowManager.start("openbox", {"--sm-disable"});
+    const bool isManaged = waitFor([&] {
+        return run("xprop", {"-root", "_NET_SUPPORTING_WM_CHECK"}).find("0x") != std::string::npos;
+    });
+    if (!isManaged)
+        throw std::runtime_error{"no window manager"};
+}
+
+void XSession::startBus()
+{
+    m_bus.setProcessEnvironment(m_environment);
+    m_bus.setStandardErrorFile(QProcess::nullDevice());
+    m_bus.start("dbus-daemon", {"--session", "--nofork", "--nopidfile", "--print-address=1"});
+    QByteArray address;
+    while (!address.contains('\n')) {
+        if (!m_bus.waitForReadyRead(20000))
+            throw std::runtime_error{"no message bus"};
+        address += m_bus.readAllStandardOutput();
+    }
+    for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"})
+        m_environment.insert(name, QString::fromUtf8(address.trimmed()));
+}
+
+XSession::~XSession()
+{
+    end(m_windowManager);
+    end(m_server);
+    end(m_bus);
+}
+
+std::string XSession::run(const QString& program, const QStringList& words) const
+{
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.start(program, words);
+    process.waitForFinished();
+    return process.readAllStandardOutput().toStdString();
+}
+
+std::vector<std::string> XSession::windowsOf(qint64 process) const
+{
+    const auto text = run("xdotool", {"search", "--onlyvisible", "--pid", QString::number(process)});
+    std::vector<std::string> windows;
+    for (const QString& window : QString::fromStdString(text).split('\n', Qt::SkipEmptyParts))
+        windows.push_back(window.toStdString());
+    std::sort(windows.begin(), windows.end());
+    return windows;
+}
+
+QRect XSession::frameOf(const std::string& window) const
+{
+    const auto text = run("xdotool", {"getwindowgeometry", "--shell", QString::fromStdString(window)});
+    const auto value = [&](const QString& name) {
+        const QRegularExpression line{"^" + name + "=(-?\\d+)$", QRegularExpression::MultilineOption};
+        return line.match(QString::fromStdString(text)).captured(1).toInt();
+    };
+    return {value("X"), value("Y"), value("WIDTH"), value("HEIGHT")};
+}
+
+std::vector<unsigned long> XSession::stacking() const
+{
+    const QString text = QString::fromStdString(run("xprop", {"-root", "_NET_CLIENT_LIST_STACKING"}));
+    std::vector<unsigned long> windows;
+    for (const QString& window : text.section('#', 1).split(',', Qt::SkipEmptyParts)) {
+        if (const unsigned long id = window.trimmed().toULong(nullptr, 16); id != 0)
+            windows.push_back(id);
+    }
+    return windows;
+}
+
+} // namespace skyvane::test

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "tests/support/scratch_folder.h"
+
+#include <QProcess>
+#include <QRect>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace skyvane::test {
+
+/// An X server of 1280 by 900 pixels on a display of its own, with a window manager and a message bus, which
+/// is its system's too; all end with it.
+class XSession {
+public:
+    XSession();
+    ~XSession();
+    XSession(const XSession&) = delete;
+    XSession& operator=(const XSession&) = delete;
+
+    /// What a program of this session is started with; its home folder is an empty one.
+    const QProcessEnvironment& environment() const { return m_environment; }
+
+    /// Runs a program to its end and returns its standard output.
+    std::string run(const QString& program, const QStringList& words) const;
+
+    /// The visible windows of a process, in order of their ids.
+    std::vector<std::string> windowsOf(qint64 process) const;
+    QRect frameOf(const std::string& window) const;
+
+    /// All windows the window manager knows, the lowest first.
+    std::vector<unsigned long> stacking() const;
+
+private:
+    void startBus();
+
+    ScratchFolder m_home;
+    QProcessEnvironment m_environment;
+    QProcess m_bus;
+    QProcess m_server;
+    QProcess m_windowManager;
+};
+
+} // namespace skyvane::test
