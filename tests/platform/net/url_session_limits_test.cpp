@@ -14,6 +14,9 @@ namespace {
 
 using std::chrono::steady_clock;
 
+/// The library has words of its own for each stage that a transfer was in.
+const auto saysItTookTooLong = testing::ContainsRegex("timed out|timeout");
+
 /// The beginning of a gzip stream of at least so many zeros: one literal, then nothing but "258 more of the
 /// last byte".
 std::string gzipOfZeros(std::size_t size)
@@ -134,7 +137,7 @@ TEST_F(UrlSessionTest, endsAStalledAnswerAfterTheTimeoutOfTheRequest)
     URLRequest wanted = request();
     wanted.timeout = 300ms;
     const auto start = steady_clock::now();
-    EXPECT_THAT(failure(wanted), HasSubstr("timed out"));
+    EXPECT_THAT(failure(wanted), saysItTookTooLong);
     EXPECT_GE(steady_clock::now() - start, 290ms);
     EXPECT_LT(steady_clock::now() - start, 1s);
 }
@@ -144,7 +147,7 @@ TEST_F(UrlSessionTest, endsAStalledHandshakeAfterTheTimeoutOfTheRequest)
     server.greet(&Connection::stall);
     URLRequest wanted = request();
     wanted.timeout = 300ms;
-    EXPECT_THAT(failure(wanted), HasSubstr("timed out"));
+    EXPECT_THAT(failure(wanted), saysItTookTooLong);
 }
 
 TEST_F(UrlSessionTest, theTimeoutIsForAllRedirectsTogether)
@@ -154,7 +157,7 @@ TEST_F(UrlSessionTest, theTimeoutIsForAllRedirectsTogether)
     });
     URLRequest wanted = request();
     wanted.timeout = 400ms;
-    EXPECT_THAT(failure(wanted), HasSubstr("timed out"));
+    EXPECT_THAT(failure(wanted), saysItTookTooLong);
     EXPECT_GE(server.requests().size(), 2U);
 }
 
@@ -167,7 +170,7 @@ TEST_F(UrlSessionTest, endsEveryTransferAfterEightSeconds)
     URLRequest wanted = request();
     wanted.timeout = 1h;
     const auto start = steady_clock::now();
-    EXPECT_THAT(failure(wanted), HasSubstr("timed out"));
+    EXPECT_THAT(failure(wanted), saysItTookTooLong);
     EXPECT_GE(steady_clock::now() - start, 7990ms);
     EXPECT_LT(steady_clock::now() - start, 8500ms);
 }
