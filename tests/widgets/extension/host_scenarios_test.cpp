@@ -12,6 +12,9 @@ namespace skyvane::test {
 
 namespace {
 
+/// A second is promised; a machine that tests on every core, with sanitizers, gets three.
+constexpr std::chrono::seconds soon{3};
+
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
 
@@ -172,7 +175,7 @@ TEST_F(ExtensionScenario, theEndOfInputCancelsWhatRuns)
         stage.ask(id, "widgets.timeline", radar);
     ASSERT_TRUE(stage.server().waitForRequests(3));
     stage.closeInput();
-    EXPECT_EQ(stage.exitStatus(1s), 0);
+    EXPECT_EQ(stage.exitStatus(soon), 0);
     std::set<int> cancelled;
     for (int count = 0; count < 3; ++count) {
         const json answer = stage.hear();
@@ -186,16 +189,18 @@ TEST_F(ExtensionScenario, theEndOfInputCancelsWhatRuns)
 TEST_F(ExtensionScenario, anEmptyInputIsEnough)
 {
     stage.closeInput();
-    EXPECT_EQ(stage.exitStatus(1s), 0);
+    EXPECT_EQ(stage.exitStatus(soon), 0);
     EXPECT_TRUE(stage.hear().is_null());
 }
 
 TEST_F(ExtensionScenario, theEndOfInputIsNotDelayedByAHostThatDoesNotRead)
 {
+    stage.ask(0, "widgets.list");
+    ASSERT_FALSE(stage.hear().is_null());
     for (int id = 1; id <= 40; ++id)
         stage.ask(id, "widgets.placeholder", radar);
     stage.closeInput();
-    EXPECT_TRUE(stage.exitStatus(1s));
+    EXPECT_TRUE(stage.exitStatus(soon));
 }
 
 TEST_F(ExtensionScenario, itEndsWhenNobodyHearsIt)
@@ -206,7 +211,7 @@ TEST_F(ExtensionScenario, itEndsWhenNobodyHearsIt)
     ASSERT_TRUE(stage.server().waitForRequests(1));
     stage.closeOutput();
     stage.ask(2, "widgets.list");
-    EXPECT_EQ(stage.exitStatus(1s), 1);
+    EXPECT_EQ(stage.exitStatus(soon), 1);
 }
 
 } // namespace skyvane::test
