@@ -2,8 +2,8 @@
 
 #include "host/gallery.h"
 #include "host/screens.h"
-#include "host/widget_card.h"
 #include "host/widget_menu.h"
+#include "paint/widget_card.h"
 
 #include <QApplication>
 #include <QMenu>

@@ -1,6 +1,6 @@
 #include "host/sample_button.h"
 
-#include "host/widget_card.h"
+#include "paint/widget_card.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 #include "host/widget_window.h"
 
 #include "host/desktop_hints.h"
-#include "host/widget_card.h"
+#include "paint/widget_card.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

@@ -1,4 +1,4 @@
-#include "host/widget_card.h"
+#include "paint/widget_card.h"
 
 #include "paint/painter.h"
 #include "paint/to_qt.h"
