@@ -17,8 +17,6 @@ namespace {
 
 Q_LOGGING_CATEGORY(journal, "skyvane.host.extension")
 
-constexpr std::chrono::milliseconds grace{1000}; ///< To end by itself.
-
 void wait(QTimer& timer, const QDeadlineTimer& deadline)
 {
     timer.start(std::chrono::milliseconds{std::max<qint64>(deadline.remainingTime(), 0) + 1});
@@ -50,7 +48,7 @@ ExtensionProcess::~ExtensionProcess()
     m_process.disconnect();
     m_process.closeWriteChannel();
     if (m_process.state() == QProcess::NotRunning
-        || m_process.waitForFinished(static_cast<int>(grace.count())))
+        || m_process.waitForFinished(static_cast<int>(m_pace.grace.count())))
         return;
     m_process.kill();
     m_process.waitForFinished();
@@ -209,7 +207,7 @@ void ExtensionProcess::endIdle()
         return m_process.kill();
     m_isEnding = true;
     m_process.closeWriteChannel();
-    m_idle.start(grace);
+    m_idle.start(m_pace.grace);
 }
 
 void ExtensionProcess::failLate()

@@ -23,6 +23,7 @@ namespace skyvane {
 struct ExtensionPace {
     std::chrono::milliseconds betweenTimelines{std::chrono::seconds{1}}; ///< Over all widgets.
     std::chrono::milliseconds idle{std::chrono::seconds{10}}; ///< Without a question, then it is ended.
+    std::chrono::milliseconds grace{std::chrono::seconds{1}}; ///< To end by itself.
     std::chrono::milliseconds firstBackOff{std::chrono::seconds{5}}; ///< Before a restart; doubles.
     std::chrono::milliseconds longestBackOff{std::chrono::minutes{5}};
 };

@@ -35,6 +35,23 @@ const std::string linkedEntry
 {"type":"link","url":"skyvane://aircraft/second","child":{"type":"frame","maxWidth":"infinity","maxHeight":"infinity",
 "child":{"type":"symbol","name":"house","font":{"size":40},"color":[0,1,1,1]}}}]}})";
 
+/// A line of words, and two links with some.
+const std::string wordedEntry
+    = R"({"date":1700000000.25,"isSample":false,"background":[0.1,0.2,0.3,1],"url":"skyvane://open",
+"view":{"type":"vstack","children":[
+{"type":"text","text":"Two aircraft","font":{"size":10},"color":[1,1,1,1]},
+{"type":"link","url":"skyvane://aircraft/first","child":
+{"type":"text","text":"BAW123","font":{"size":10},"color":[1,1,1,1]}},
+{"type":"link","url":"skyvane://aircraft/second","child":
+{"type":"text","text":"DLH456","font":{"size":10},"color":[1,1,1,1]}}]}})";
+
+std::string countedEntry(const std::string& id)
+{
+    return R"({"date":1700000000.25,"isSample":false,"background":[0.1,0.2,0.3,1],"view":{"type":"text",
+"text":"refresh )"
+        + id.substr(id.size() - 1) + R"(","font":{"size":10},"color":[1,1,1,1]}})";
+}
+
 std::string onOneLine(std::string text)
 {
     std::erase(text, '\n');
@@ -96,6 +113,8 @@ std::map<std::string, Behaviour> behaviours()
     return {
         {"good", [](const std::string& request) { good(request, entry); }},
         {"linked", [](const std::string& request) { good(request, linkedEntry); }},
+        {"worded", [](const std::string& request) { good(request, wordedEntry); }},
+        {"counting", [](const std::string& request) { good(request, countedEntry(idOf(request))); }},
         {"strange", [](const std::string& request) { good(request, strangeEntry); }},
         {"refusing", refuse},
         {"crashing", crash},
@@ -104,8 +123,7 @@ std::map<std::string, Behaviour> behaviours()
         {"silent", later([](const std::string&) {})},
         {"forgetful",
             [](const std::string& request) {
-                if (asks(request, "widgets.placeholder"))
-                    answer(idOf(request), R"({"entry":)" + entry + "}");
+                asks(request, "widgets.placeholder") ? good(request, entry) : refuse(request);
             }},
         {"babbling", later([](const std::string&) { std::cout << "hello there" << std::endl; })},
         {"misnumbering", [](const std::string&) { answer("77", widgets); }},

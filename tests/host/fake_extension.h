@@ -15,18 +15,15 @@ namespace skyvane::test {
 /// The fake extension under the name of one of its behaviours.
 class FakeExtension {
 public:
+    /// One that stays silent is given up soon, every other has its time however busy the machine is.
     explicit FakeExtension(const std::string& behaviour) : m_program{.path = m_folder.path() / behaviour}
     {
+        if (behaviour == "silent")
+            m_program.timeout = std::chrono::milliseconds{200};
         std::filesystem::create_symlink(SKYVANE_FAKE_EXTENSION, m_program.path);
     }
 
     const ExtensionProgram& program() const { return m_program; }
-
-    /// Gives up at once where a user would have to wait.
-    ExtensionProgram impatient() const
-    {
-        return {.path = m_program.path, .timeout = std::chrono::milliseconds{200}};
-    }
 
     struct Event {
         std::chrono::milliseconds at; ///< By the steady clock.

@@ -48,7 +48,7 @@ protected:
         const test::FakeExtension extension{behaviour};
         words.insert(words.begin(), "render");
         words.insert(words.end(), {"--output", output.string()});
-        return run(words, extension.impatient());
+        return run(words, extension.program());
     }
 
     /// Neither a picture nor what one was being made of.

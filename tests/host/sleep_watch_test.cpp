@@ -3,6 +3,7 @@
 #include "tests/host/wait_for.h"
 #include "tests/host/x_session.h"
 
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
 #include <gtest/gtest.h>
@@ -30,7 +31,10 @@ TEST(SleepWatch, tellsOfTheWakingAndNotOfTheFallingAsleep)
         QDBusConnection manager = QDBusConnection::connectToBus(address, "manager");
         ASSERT_TRUE(manager.registerService("org.freedesktop.login1"));
         int woken = 0;
-        const SleepWatch watch{QDBusConnection::connectToBus(address, "host"), [&] { ++woken; }};
+        QDBusConnection host = QDBusConnection::connectToBus(address, "host");
+        const SleepWatch watch{host, [&] { ++woken; }};
+        // Once this is answered the bus knows what the watch listens to.
+        ASSERT_TRUE(host.interface()->isServiceRegistered("org.freedesktop.login1"));
         announce(manager, /*isGoingToSleep=*/true);
         EXPECT_FALSE(test::waitFor([&] { return woken > 0; }, std::chrono::milliseconds{200}));
         announce(manager, /*isGoingToSleep=*/false);

@@ -45,9 +45,11 @@ XSession::XSession()
 
     m_windowManager.setProcessEnvironment(m_environment);
     m_windowManager.setStandardErrorFile(QProcess::nullDevice());
-    m_windowManager.start("openbox", {"--sm-disable"});
+    // Long after it has announced itself it still loses windows that are mapped while it starts.
+    const QString sign = "xprop -root -format IS_MANAGED 8s -set IS_MANAGED yes";
+    m_windowManager.start("openbox", {"--sm-disable", "--startup", sign});
     const bool isManaged = waitFor([&] {
-        return run("xprop", {"-root", "_NET_SUPPORTING_WM_CHECK"}).find("0x") != std::string::npos;
+        return run("xprop", {"-root", "IS_MANAGED"}).find("yes") != std::string::npos;
     });
     if (!isManaged)
         throw std::runtime_error{"no window manager"};
