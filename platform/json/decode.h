@@ -15,6 +15,8 @@ struct Decoder<std::vector<T>> {
     static std::vector<T> decode(Value value)
     {
         const simdjson::dom::array elements = array(value);
+        if (elements.size() > mostElements)
+            throw DecodingError{"has more than 50,000 elements"};
         std::vector<T> list;
         list.reserve(elements.size());
         std::size_t index = 0;
@@ -41,10 +43,10 @@ private:
 };
 
 /// Reads one JSON text. Throws `DecodingError` when it is not JSON or not of T's shape.
-template <class T>
-T decodeText(std::string_view bytes)
+template <class T, class Bytes>
+T decodeText(const Bytes& bytes)
 {
-    Document document{bytes};
+    const Document document{bytes};
     return decode<T>(document.root());
 }
 

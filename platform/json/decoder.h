@@ -4,22 +4,24 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace skyvane::JSON {
 
-/// Specialise to read a type that is no record, list or one of those below: `static T decode(Value)`.
+/// Specialise to read a type that is no record, list or one of those below: `static T decode(Value)`, or what
+/// a T is made of.
 template <class T>
 struct Decoder;
 
 template <class T>
 T decode(Value value)
 {
-    return Decoder<T>::decode(value);
+    return T{Decoder<T>::decode(value)};
 }
 
 template <>
 struct Decoder<std::string> {
-    static std::string decode(Value value) { return std::string{string(value)}; }
+    static std::string_view decode(Value value) { return string(value); }
 };
 
 template <>

@@ -50,7 +50,7 @@ constexpr std::array<std::string_view, sizeof...(Fields)> keysOf(const std::tupl
     return std::apply([](const auto&... field) { return std::array{field.key...}; }, list);
 }
 
-/// Finds a key's place in a list with one probe and one comparison. The hash, of the key's length and its
+/// Finds the one place in a list where a key can be, with one probe. The hash, of the key's length and its
 /// first two and last characters, is made free of collisions while compiling.
 template <std::size_t fieldCount>
 class FieldTable {
@@ -64,13 +64,10 @@ public:
         while (!placeAll());
     }
 
-    /// The place of the key in the list, or `count`.
-    constexpr std::size_t indexOf(std::string_view key) const
+    /// The only place in the list where the key can be, or `count` when there is none.
+    constexpr std::size_t onlyIndexFor(std::string_view key) const
     {
-        if (key.empty())
-            return count;
-        const std::size_t index = m_places[slotOf(key)];
-        return index != count && m_keys[index] == key ? index : count;
+        return key.empty() ? count : m_places[slotOf(key)];
     }
 
     constexpr std::string_view key(std::size_t index) const { return m_keys[index]; }

@@ -34,21 +34,15 @@ struct Decoder<T> {
     /// Into a record with nothing in it yet.
     static void fill(T& record, Value value)
     {
-        std::uint64_t seen = 0;
-        std::uint64_t missing = required;
+        Progress progress{.record = record};
         for (const auto [key, member] : object(value)) {
-            const std::size_t index = table.indexOf(key);
-            if (index == table.count || (seen & mark(index)) != 0)
-                continue;
-            seen |= mark(index);
-            if (member.is_null())
-                continue;
-            missing &= ~mark(index);
-            readers[index](record, member, key);
+            const std::size_t index = table.onlyIndexFor(key);
+            if (index != table.count)
+                readers[index](progress, key, member);
         }
-        if (missing != 0)
+        if (progress.missing != 0)
             throw DecodingError{"is missing"}.inMember(
-                table.key(static_cast<std::size_t>(std::countr_zero(missing))));
+                table.key(static_cast<std::size_t>(std::countr_zero(progress.missing))));
     }
 
 private:
@@ -56,17 +50,39 @@ private:
     static constexpr auto table = FieldTable{keysOf(list)};
     static_assert(table.count <= 64, "each field has a bit");
 
-    using Reader = void (*)(T&, Value, std::string_view key);
-
     static constexpr std::uint64_t mark(std::size_t index) { return std::uint64_t{1} << index; }
 
-    template <std::size_t index>
-    static void read(T& record, Value member, std::string_view key)
+    static constexpr std::uint64_t required = []<std::size_t... index>(std::index_sequence<index...>)
     {
-        auto& target = record.*std::get<index>(list).member;
+        return ((isOptional<decltype(std::get<index>(list).member)> ? 0 : mark(index)) | ...);
+    }
+    (std::make_index_sequence<table.count>{});
+
+    struct Progress {
+        T& record;
+        std::uint64_t seen = 0;
+        std::uint64_t missing = required;
+    };
+
+    using Reader = void (*)(Progress&, std::string_view key, Value member);
+
+    /// Does nothing when the key is not this field's: to compare with one that is known while compiling is
+    /// cheap.
+    template <std::size_t index>
+    static void read(Progress& progress, std::string_view key, Value member)
+    {
+        constexpr auto& field = std::get<index>(list);
+        if (key != field.key || (progress.seen & mark(index)) != 0)
+            return;
+        progress.seen |= mark(index);
+        if (member.is_null())
+            return;
+        progress.missing &= ~mark(index);
+        auto& target = progress.record.*field.member;
         try {
-            target = JSON::decode<typename WithoutOptional<std::remove_reference_t<decltype(target)>>::type>(
-                member);
+            target
+                = Decoder<typename WithoutOptional<std::remove_reference_t<decltype(target)>>::type>::decode(
+                    member);
         } catch (const DecodingError& error) {
             throw error.inMember(key);
         }
@@ -75,12 +91,6 @@ private:
     static constexpr auto readers = []<std::size_t... index>(std::index_sequence<index...>)
     {
         return std::array<Reader, table.count>{&read<index>...};
-    }
-    (std::make_index_sequence<table.count>{});
-
-    static constexpr std::uint64_t required = []<std::size_t... index>(std::index_sequence<index...>)
-    {
-        return ((isOptional<decltype(std::get<index>(list).member)> ? 0 : mark(index)) | ...);
     }
     (std::make_index_sequence<table.count>{});
 };

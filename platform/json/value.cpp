@@ -94,9 +94,12 @@ DecodingError DecodingError::inElement(std::size_t index) const
     return {"[" + std::to_string(index) + "]" + (joins ? "." : "") + m_keyPath, m_problem};
 }
 
-Document::Document(std::string_view bytes)
+Document::Document(std::string_view bytes, std::size_t spareBytes)
 {
-    simdjson::error_code error = m_parser.parse(bytes.data(), bytes.size()).get(m_root);
+    if (bytes.size() > largestText)
+        throw DecodingError{"longer than 8 MiB"};
+    const bool mustCopy = spareBytes < simdjson::SIMDJSON_PADDING;
+    simdjson::error_code error = m_parser.parse(bytes.data(), bytes.size(), mustCopy).get(m_root);
     if (error == simdjson::NUMBER_ERROR)
         error = m_parser.parse(withLongIntegersAsDoubles(bytes)).get(m_root);
     if (error != simdjson::SUCCESS)

@@ -2,6 +2,8 @@
 
 #include <simdjson.h>
 
+#include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <stdexcept>
@@ -26,6 +28,10 @@ private:
     std::string m_problem;
 };
 
+/// What is read holds some dozen times its size in memory, and may come from anyone.
+inline constexpr std::size_t largestText = std::size_t{8} << 20; ///< Bytes.
+inline constexpr std::size_t mostElements = 50'000; ///< Of one list of records.
+
 /// A place in a parsed `Document`, valid as long as it.
 using Value = simdjson::dom::element;
 
@@ -33,12 +39,20 @@ using Value = simdjson::dom::element;
 /// number too large for 64 bits counts as the nearest double.
 class Document {
 public:
-    /// Throws `DecodingError` when the text is not JSON.
-    explicit Document(std::string_view bytes);
+    /// Throws `DecodingError` when the text is not JSON or larger than `largestText`.
+    explicit Document(std::string_view bytes) : Document(bytes, /*spareBytes=*/0) { }
+
+    /// A string with some spare capacity is read where it stands; any other text is copied first.
+    template <std::same_as<std::string> String>
+    explicit Document(const String& bytes) : Document(bytes, bytes.capacity() - bytes.size())
+    {
+    }
 
     Value root() const { return m_root; }
 
 private:
+    Document(std::string_view bytes, std::size_t spareBytes);
+
     simdjson::dom::parser m_parser;
     Value m_root;
 };

@@ -90,6 +90,22 @@ TEST(JSONDecoding, ofTwoEqualKeysTheFirstCounts)
         (Outer{.ratio = 1, .list = {}}));
 }
 
+TEST(JSONDecoding, passesOverAKeyThatDiffersFromAFieldsInItsMiddleOnly)
+{
+    const Outer outer{.ratio = 1, .list = {}};
+    EXPECT_EQ(JSON::decodeText<Outer>(R"({"ra--o":"x","ratio":1,"l--t":7,"list":[]})"), outer);
+}
+
+TEST(JSONDecoding, readsAStringWithSpareCapacityAsOneWithout)
+{
+    std::string roomy = R"({"ratio":1,"list":[{"name":"a"}]})";
+    std::string tight = roomy;
+    tight.shrink_to_fit();
+    roomy.reserve(roomy.size() + 1000);
+    roomy.append("]]]").resize(tight.size()); // What stands behind the text does not count.
+    EXPECT_EQ(JSON::decodeText<Outer>(roomy), JSON::decodeText<Outer>(tight));
+}
+
 TEST(JSONDecoding, escapedKeysAreTheKeysTheySpell)
 {
     EXPECT_EQ(JSON::decodeText<Outer>(R"({"\u0072atio":2,"list":[]})").ratio, 2);
@@ -137,15 +153,30 @@ TEST(JSONDecoding, refusesNestingBeyondTheLimit)
     EXPECT_EQ(errorOf(deep).substr(0, 10), "not JSON: ");
 }
 
-TEST(JSONFieldTable, findsEachOfItsKeysAndNoOther)
+TEST(JSONDecoding, refusesATextLongerThan8MiB)
+{
+    const std::string blanks(JSON::largestText, ' ');
+    EXPECT_EQ(JSON::decodeText<std::vector<double>>("[1]" + blanks.substr(3)), std::vector{1.0});
+    EXPECT_EQ(errorOf("[1]" + blanks.substr(2)), "longer than 8 MiB");
+}
+
+TEST(JSONDecoding, refusesAListOfMoreThan50000Elements)
+{
+    std::string list = "[1";
+    for (std::size_t count = 1; count < JSON::mostElements; ++count)
+        list += ",1";
+    EXPECT_EQ(JSON::decodeText<std::vector<double>>(list + "]").size(), JSON::mostElements);
+    EXPECT_EQ(errorOf(R"({"list":)" + list + ",1]}"), "list: has more than 50,000 elements");
+}
+
+TEST(JSONFieldTable, knowsTheOnlyPlaceWhereAKeyCanBe)
 {
     constexpr JSON::FieldTable<4> table{{"lat", "lon", "alt_baro", "alt_geom"}};
-    EXPECT_EQ(table.indexOf("lat"), 0U);
-    EXPECT_EQ(table.indexOf("lon"), 1U);
-    EXPECT_EQ(table.indexOf("alt_geom"), 3U);
-    EXPECT_EQ(table.indexOf("let"), 4U);
-    EXPECT_EQ(table.indexOf(""), 4U);
-    EXPECT_EQ(table.indexOf("dst"), 4U);
+    EXPECT_EQ(table.onlyIndexFor("lat"), 0U);
+    EXPECT_EQ(table.onlyIndexFor("lon"), 1U);
+    EXPECT_EQ(table.onlyIndexFor("alt_geom"), 3U);
+    EXPECT_EQ(table.onlyIndexFor(""), 4U);
+    EXPECT_EQ(table.onlyIndexFor("dst"), 4U);
 }
 
 } // namespace
