@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace skyvane {
@@ -38,10 +40,15 @@ UnitPoint onScope(const RadarGeometry::Polar& polar)
     return {.x = center.x + radius * std::sin(bearing), .y = center.y - radius * std::cos(bearing)};
 }
 
-CanvasItem blip(const Aircraft& aircraft, const RadarGeometry::Polar& polar, const ScopePalette& palette)
+/// Absent for a bearing beyond all arithmetic.
+std::optional<CanvasItem> blip(
+    const Aircraft& aircraft, const RadarGeometry::Polar& polar, const ScopePalette& palette)
 {
+    const UnitPoint place = onScope(polar);
+    if (!std::isfinite(place.x) || !std::isfinite(place.y))
+        return std::nullopt;
     return CanvasSymbol{
-        .center = onScope(polar),
+        .center = place,
         .name = "airplane",
         .font = {.size = 7, .weight = FontWeight::bold},
         .color = aircraft.blipColor(palette),
@@ -68,8 +75,9 @@ View RadarView::body() const
     const auto considered = std::min(static_cast<std::size_t>(std::max(maxBlips, 0)), entry.aircraft.size());
     for (std::size_t index = 0; index < considered; ++index) {
         const Aircraft& aircraft = entry.aircraft[index];
-        if (const auto polar = geometry.polar(aircraft))
-            items.push_back(blip(aircraft, *polar, palette));
+        const auto polar = geometry.polar(aircraft);
+        if (auto item = polar ? blip(aircraft, *polar, palette) : std::nullopt)
+            items.push_back(*std::move(item));
     }
     return canvas(1, std::move(items));
 }

@@ -80,6 +80,13 @@ TEST(RadarView, onTheRadiusAndBeyondItBlipsStandJustInsideTheRing)
     EXPECT_EQ(onlyBlip({.hex = "a", .distanceNM = 50.0, .directionDeg = 0.0}).center, onRing.center);
 }
 
+TEST(RadarView, aBearingBeyondAllArithmeticLeavesTheAircraftOut)
+{
+    SkyEntry entry = test::skyOf(3);
+    entry.aircraft[1].directionDeg = 1e308;
+    EXPECT_EQ(blipsOf({.entry = entry}).size(), 2U);
+}
+
 TEST(RadarView, onlyTheFirstFortyAircraftAreConsidered)
 {
     SkyEntry entry = test::skyOf(50);

@@ -1,4 +1,5 @@
 #include "tests/platform/net/url_session_fixture.h"
+#include "tests/support/compressed.h"
 
 #include <chrono>
 #include <cstddef>
@@ -16,25 +17,6 @@ using std::chrono::steady_clock;
 
 /// The library has words of its own for each stage that a transfer was in.
 const auto saysItTookTooLong = testing::ContainsRegex("timed out|timeout");
-
-/// The beginning of a gzip stream of at least so many zeros: one literal, then nothing but "258 more of the
-/// last byte".
-std::string gzipOfZeros(std::size_t size)
-{
-    std::string bytes{"\x1f\x8b\x08\x00\x00\x00\x00\x00\x00\x03", 10};
-    std::size_t length = 0;
-    const auto put = [&](const char* bits) {
-        for (; *bits != '\0'; ++bits, ++length) {
-            if (length % 8 == 0)
-                bytes.push_back('\0');
-            bytes.back() = static_cast<char>(bytes.back() | (*bits - '0') << length % 8);
-        }
-    };
-    put("11000110000");
-    for (std::size_t made = 0; made < size; made += 258)
-        put("1100010100000");
-    return bytes;
-}
 
 /// Generous to a machine that tests on every core, with sanitizers; a stall would last 8 seconds.
 constexpr std::chrono::milliseconds atOnce{500};
@@ -88,7 +70,7 @@ TEST_F(UrlSessionTest, boundsABodyThatIsSmallOnlyWhileCompressed)
 {
     server.handle("/", [](const auto&, Connection& connection) {
         connection.send("HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\n\r\n");
-        connection.send(gzipOfZeros(64 * mebibyte));
+        connection.send(endlessGzip().first(430'000)); // Some 64 MiB.
         connection.close();
     });
     EXPECT_THAT(failure(), HasSubstr("longer than 32 MiB"));
