@@ -1,5 +1,6 @@
 #include "platform/net/url_session.h"
 #include "platform/text/localized.h"
+#include "widgets/extension/confinement.h"
 #include "widgets/extension/serve.h"
 
 #include <unistd.h>
@@ -27,5 +28,6 @@ int main(int argumentCount, char**)
     }
     std::signal(SIGPIPE, SIG_IGN);
     skyvane::useCatalogues(catalogueFolder());
+    skyvane::Extension::confine(); // Where the kernel does not, the extension serves all the same.
     return skyvane::Extension::serve(STDIN_FILENO, STDOUT_FILENO, {.transport = &skyvane::UrlSession::data});
 }

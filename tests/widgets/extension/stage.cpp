@@ -97,15 +97,15 @@ void Stage::closeOutput()
     closeOnce(m_output);
 }
 
-nlohmann::json Stage::hear()
+nlohmann::json Stage::hear(std::chrono::milliseconds patience)
 {
-    constexpr int longestSilence = 12'000;
     std::size_t end = 0;
     while ((end = m_heard.find('\n')) == std::string::npos) {
         pollfd answer{.fd = m_output, .events = POLLIN, .revents = 0};
         std::array<char, 4096> bytes;
-        const ssize_t count
-            = poll(&answer, 1, longestSilence) > 0 ? read(m_output, bytes.data(), bytes.size()) : 0;
+        const ssize_t count = poll(&answer, 1, static_cast<int>(patience.count())) > 0
+            ? read(m_output, bytes.data(), bytes.size())
+            : 0;
         if (count <= 0)
             return nullptr;
         m_heard.append(bytes.data(), static_cast<std::size_t>(count));

@@ -25,6 +25,7 @@ public:
     Stage& operator=(const Stage&) = delete;
 
     HttpsServer& server() { return m_server; }
+    const CertificateAuthority& authority() const { return m_authority; }
 
     void setConfiguration(std::string_view json);
 
@@ -35,8 +36,8 @@ public:
     void closeInput();
     void closeOutput();
 
-    /// The next answer; null when there is none within 12 seconds.
-    nlohmann::json hear();
+    /// The next answer; null when there is none within that time.
+    nlohmann::json hear(std::chrono::milliseconds patience = std::chrono::seconds{12});
 
     /// What the extension ended with; absent while it runs on for longer than that.
     std::optional<int> exitStatus(std::chrono::milliseconds within);
