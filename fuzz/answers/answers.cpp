@@ -1,0 +1,44 @@
+#include "fuzz/fuzzer.h"
+#include "host/answer_lines.h"
+#include "host/extension_answers.h"
+#include "host/extension_error.h"
+
+namespace {
+
+using namespace skyvane;
+
+template <class Decode>
+void tryTo(Decode decode)
+{
+    try {
+        decode();
+    } catch (const JSON::DecodingError&) {
+        // What is of another shape is refused.
+    }
+}
+
+void readAsEverything(const QByteArray& line)
+{
+    const JSON::Document document{{line.data(), static_cast<std::size_t>(line.size())}};
+    const std::int64_t id = ExtensionAnswers::id(document.root());
+    const JSON::Value result = ExtensionAnswers::result(document.root(), id);
+    tryTo([&] { ExtensionAnswers::widgets(result); });
+    tryTo([&] { ExtensionAnswers::entry(result); });
+    tryTo([&] { ExtensionAnswers::timeline(result); });
+}
+
+} // namespace
+
+/// What a stranger's extension says to the host.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    AnswerLines lines;
+    lines.add(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+    try {
+        while (const auto line = lines.next())
+            tryTo([&] { readAsEverything(*line); });
+    } catch (const ExtensionError&) {
+        // The host starts such an extension afresh.
+    }
+    return 0;
+}

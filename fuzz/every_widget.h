@@ -1,0 +1,33 @@
+#pragma once
+
+#include "fuzz/fuzzer.h"
+#include "tests/ui/layout/even_measurer.h"
+#include "ui/archive/archive.h"
+#include "ui/layout/dump.h"
+#include "ui/layout/widget_container.h"
+#include "widgets/extension/answers.h"
+
+#include <string>
+
+namespace skyvane::fuzz {
+
+/// Every widget in every family from this entry, through the archive and laid out as a host does.
+inline void showEverywhere(const SkyEntry& entry)
+{
+    constexpr std::size_t longestAnswer = std::size_t{256} << 10;
+    for (const Widget& widget : SkyvaneWidgetBundle{}.body()) {
+        for (const WidgetFamily family : widget.supportedFamilies) {
+            const View view = widget.content(entry, family).view;
+            const std::string archive = toArchive(view).dump();
+            const JSON::Document document{archive};
+            require(fromArchive(document.root()) == view);
+            const std::string line = Extension::resultLine(
+                1, Extension::entryResult(entry, {.widget = &widget, .family = family}));
+            require(line.size() <= longestAnswer && line.find('\n') == line.size() - 1);
+            const auto container = WidgetContainer::named(Extension::word(family));
+            dump(WidgetContainer::layout(view, container.value(), test::EvenMeasurer{}));
+        }
+    }
+}
+
+} // namespace skyvane::fuzz
