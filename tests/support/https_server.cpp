@@ -103,9 +103,9 @@ HttpsServer::~HttpsServer()
 {
     shutdown(m_listener, SHUT_RDWR);
     m_accepting.join();
-    for (const auto& connection : m_connections)
-        connection->interrupt();
-    m_serving.clear();
+    for (Served& served : m_served)
+        served.connection.interrupt();
+    m_served.clear();
     close(m_listener);
     close(m_release);
 }
@@ -149,7 +149,7 @@ std::vector<RecordedRequest> HttpsServer::requests() const
 std::size_t HttpsServer::connectionCount() const
 {
     const std::lock_guard lock{m_mutex};
-    return m_connections.size();
+    return m_connectionCount;
 }
 
 bool HttpsServer::waitForRequests(std::size_t count)
@@ -161,7 +161,7 @@ bool HttpsServer::waitForRequests(std::size_t count)
 bool HttpsServer::waitForConnections(std::size_t count)
 {
     std::unique_lock lock{m_mutex};
-    return m_changed.wait_for(lock, longestWait, [&] { return m_connections.size() >= count; });
+    return m_changed.wait_for(lock, longestWait, [&] { return m_connectionCount >= count; });
 }
 
 Network HttpsServer::network() const
@@ -212,15 +212,18 @@ void HttpsServer::accept()
 {
     for (int socket; (socket = accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC)) >= 0;) {
         const std::lock_guard lock{m_mutex};
-        Connection& connection = *m_connections.emplace_back(std::make_unique<Connection>(socket, m_release));
-        m_serving.emplace_back([this, &connection] {
+        ++m_connectionCount;
+        std::erase_if(m_served, [](const Served& past) { return past.isOver.load(); });
+        Served& served = m_served.emplace_back(socket, m_release);
+        served.thread = std::jthread{[this, &served] {
             blockBrokenPipeSignal();
             try {
-                serve(connection);
+                serve(served.connection);
             } catch (const ConnectionGone&) {
             }
-            connection.cut();
-        });
+            served.connection.cut();
+            served.isOver = true;
+        }};
         m_changed.notify_all();
     }
 }

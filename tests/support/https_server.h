@@ -4,11 +4,13 @@
 #include "tests/support/certificate_authority.h"
 #include "tests/support/connection.h"
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -73,6 +75,15 @@ public:
 private:
     using Context = std::shared_ptr<SSL_CTX>;
 
+    /// One connection and the thread that serves it.
+    struct Served {
+        Served(int socket, int release) : connection(socket, release) { }
+
+        Connection connection;
+        std::atomic<bool> isOver{false};
+        std::jthread thread{};
+    };
+
     static Context contextOf(const ServerCertificate& certificate);
     static int chooseCertificate(SSL* tls, int* alert, void* server);
     void listen(std::uint16_t port);
@@ -93,8 +104,8 @@ private:
     std::map<std::string, Context> m_contexts;
     std::map<std::string, Handler> m_handlers;
     std::vector<RecordedRequest> m_requests;
-    std::vector<std::unique_ptr<Connection>> m_connections;
-    std::vector<std::jthread> m_serving;
+    std::size_t m_connectionCount = 0;
+    std::list<Served> m_served;
     std::jthread m_accepting;
 };
 

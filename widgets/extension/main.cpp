@@ -3,6 +3,7 @@
 #include "widgets/extension/confinement.h"
 #include "widgets/extension/serve.h"
 
+#include <malloc.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -18,6 +19,16 @@ std::filesystem::path catalogueFolder()
     return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path() / "../../share/locale";
 }
 
+/// One hostile answer may take a hundred times what the others do, and the host may keep the process for
+/// weeks.
+void giveLargeBlocksBackAtOnce()
+{
+    constexpr int large = 1 << 20; // Bytes.
+    constexpr int fewArenas = 2;
+    mallopt(M_MMAP_THRESHOLD, large);
+    mallopt(M_ARENA_MAX, fewArenas);
+}
+
 } // namespace
 
 int main(int argumentCount, char**)
@@ -27,6 +38,7 @@ int main(int argumentCount, char**)
         return 2;
     }
     std::signal(SIGPIPE, SIG_IGN);
+    giveLargeBlocksBackAtOnce();
     skyvane::useCatalogues(catalogueFolder());
     skyvane::Extension::confine(); // Where the kernel does not, the extension serves all the same.
     return skyvane::Extension::serve(STDIN_FILENO, STDOUT_FILENO, {.transport = &skyvane::UrlSession::data});

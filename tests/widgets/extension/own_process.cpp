@@ -89,7 +89,10 @@ public:
         posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
         std::string program = SKYVANE_WIDGETS_PROGRAM;
         const std::array<char*, 2> arguments{program.data(), nullptr};
-        const std::array<char*, 1> environment{nullptr};
+        // Nothing of this one's; a sanitizer is to keep little of what was freed, so that memory can be
+        // measured.
+        std::string sanitizer = "ASAN_OPTIONS=quarantine_size_mb=8:allocator_release_to_os_interval_ms=100";
+        const std::array<char*, 2> environment{sanitizer.data(), nullptr};
         if (posix_spawn(&m_process, program.c_str(), &actions, nullptr, arguments.data(), environment.data())
             != 0)
             throw std::runtime_error("cannot start " + program);
