@@ -3,9 +3,9 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
-#include <QRawFont>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 
@@ -14,6 +14,7 @@ namespace skyvane {
 namespace {
 
 constexpr std::size_t mostWidths = 2048;
+constexpr std::size_t mostScaledFonts = 64;
 
 /// Fonts come in whole pixels only. Everything is shaped at this size and scaled, which makes widths
 /// proportional.
@@ -123,12 +124,24 @@ QList<QGlyphRun> FontMeasurer::glyphs(std::string_view text, const FontFace& fac
         QList<QPointF> positions = run.positions();
         for (QPointF& position : positions)
             position = (position - baseline) * scale;
-        QRawFont font = run.rawFont();
-        font.setPixelSize(font.pixelSize() * scale);
-        run.setRawFont(font);
+        run.setRawFont(scaled(run.rawFont(), scale));
         run.setPositions(positions);
     }
     return runs;
+}
+
+QRawFont FontMeasurer::scaled(const QRawFont& shaped, double scale) const
+{
+    const auto known = std::find_if(m_scaled.begin(), m_scaled.end(),
+        [&](const ScaledFont& candidate) { return candidate.scale == scale && candidate.shaped == shaped; });
+    if (known != m_scaled.end())
+        return known->font;
+    if (m_scaled.size() == mostScaledFonts)
+        m_scaled.clear();
+    QRawFont font = shaped;
+    font.setPixelSize(shaped.pixelSize() * scale);
+    m_scaled.push_back({.shaped = shaped, .scale = scale, .font = font});
+    return font;
 }
 
 QFont FontMeasurer::shapingFont(const FontFace& face, double tracking) const

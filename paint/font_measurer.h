@@ -5,10 +5,12 @@
 #include <QFont>
 #include <QGlyphRun>
 #include <QList>
+#include <QRawFont>
 
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace skyvane {
 
@@ -25,11 +27,20 @@ public:
     QList<QGlyphRun> glyphs(std::string_view text, const FontFace& face, double tracking) const;
 
 private:
+    /// Holds the pictures of its glyphs, so that they are drawn once only.
+    struct ScaledFont {
+        QRawFont shaped;
+        double scale;
+        QRawFont font;
+    };
+
     QFont shapingFont(const FontFace& face, double tracking) const;
+    QRawFont scaled(const QRawFont& shaped, double scale) const;
 
     QFont m_interfaceFont;
     QFont m_fixedFont;
     mutable std::unordered_map<std::string, double> m_widths; ///< By text and face; emptied when full.
+    mutable std::vector<ScaledFont> m_scaled; ///< Emptied when full.
 };
 
 } // namespace skyvane

@@ -135,4 +135,24 @@ TEST(FontMeasurer, moreTextsThanAreRememberedAreMeasuredAsWell)
     EXPECT_THAT(fonts.width("2099", fixed, 0), DoubleNear(4 * first, 0.01));
 }
 
+TEST(FontMeasurer, textLooksTheSameHoweverManySizesWereDrawnBefore)
+{
+    const FontMeasurer used;
+    const auto picture = [](const FontMeasurer& fonts, int size) {
+        const TextLine line{
+            .origin = {4, 60},
+            .width = 0,
+            .string = "Sky 12",
+            .face = {.size = size / 2.0},
+            .tracking = 0,
+            .color = test::white,
+        };
+        return renderImage({.size = {200, 80}, .items = {line}}, test::black, 1, fonts);
+    };
+    for (int size = 10; size < 90; ++size)
+        EXPECT_EQ(picture(used, size), picture(FontMeasurer{}, size)) << size;
+    EXPECT_EQ(picture(used, 10), picture(FontMeasurer{}, 10));
+    EXPECT_EQ(picture(used, 89), picture(FontMeasurer{}, 89));
+}
+
 } // namespace skyvane
