@@ -1,5 +1,6 @@
 #include "host/desktop.h"
 
+#include "host/desktop_hints.h"
 #include "host/gallery.h"
 #include "host/screens.h"
 #include "host/widget_menu.h"
@@ -40,6 +41,7 @@ void Desktop::DeleteLater::operator()(QWidget* window) const
 
 Desktop::Desktop(const DesktopSetup& setup)
     : m_open(setup.open)
+    , m_settings(setup.settings)
     , m_extension(setup.extension, setup.pace)
     , m_file(setup.hostFile)
     , m_schedule(m_extension,
@@ -49,6 +51,7 @@ Desktop::Desktop(const DesktopSetup& setup)
           })
     , m_configuration(setup.configuration, [this] { m_schedule.refreshAll(); })
     , m_sleep(QDBusConnection::systemBus(), [this] { m_schedule.lookAtClock(); })
+    , m_compositing([this] { shapeWindows(); })
 {
     Screens::onChange(m_context, [this] { restoreFrames(); });
     if (auto remembered = m_file.read()) {
@@ -57,7 +60,10 @@ Desktop::Desktop(const DesktopSetup& setup)
             openWindow(widget);
     } else {
         for (const WidgetTarget& target : firstWidgets())
-            place(target);
+            place(target, freeFrame(target.family, Screens::primary()));
+        std::error_code ignored;
+        if (!std::filesystem::exists(setup.configuration, ignored))
+            setup.welcome();
     }
     learnWidgets();
 }
@@ -82,33 +88,50 @@ void Desktop::learnWidgets()
     });
 }
 
-std::optional<int> Desktop::add(const WidgetTarget& target)
+std::optional<int> Desktop::add(const WidgetTarget& target, const std::optional<QRect>& frame)
 {
     const WidgetInfo* info = infoOf(target.kind);
     if (info == nullptr || !offers(*info, target.family))
         return std::nullopt;
-    return place({.kind = info->kind, .family = target.family});
+    const int id = nextId();
+    const QRect place = frame ? snapped(id, *frame) : freeFrame(target.family, screenInUse());
+    return this->place({.kind = info->kind, .family = target.family}, place);
 }
 
-int Desktop::place(const WidgetTarget& target)
+int Desktop::nextId() const
 {
-    std::vector<QRect> taken;
-    int lastId = 0;
-    for (const PlacedWidget& widget : m_placed) {
-        taken.push_back(m_windows.at(widget.id)->geometry());
-        lastId = std::max(lastId, widget.id);
-    }
-    const auto screens = Screens::all();
-    Placement placement{.screen = {}, .corner = ScreenCorner::topRight, .inset = {}};
-    if (!screens.empty()) {
-        const QRect frame
-            = Placing::freeFrame(WidgetCard::sizeOf(target.family), screens.front().area, taken);
-        placement = Placing::placement(frame, {screens.front()}).value_or(placement);
-    }
-    m_placed.push_back({.id = lastId + 1, .target = target, .placement = placement});
+    int last = 0;
+    for (const PlacedWidget& widget : m_placed)
+        last = std::max(last, widget.id);
+    return last + 1;
+}
+
+int Desktop::place(const WidgetTarget& target, const QRect& frame)
+{
+    const Placement nowhere{.screen = {}, .corner = ScreenCorner::topRight, .inset = {}};
+    m_placed.push_back({
+        .id = nextId(),
+        .target = target,
+        .placement = Placing::placement(frame, Screens::all()).value_or(nowhere),
+    });
     openWindow(m_placed.back());
     m_file.write(m_placed);
-    return lastId + 1;
+    return m_placed.back().id;
+}
+
+QRect Desktop::freeFrame(ContainerFamily family, const std::optional<ScreenArea>& screen) const
+{
+    const QSize size = WidgetCard::sizeOf(family);
+    return screen ? Placing::freeFrame(size, screen->area, framesBut(nextId())) : QRect{{}, size};
+}
+
+/// The gallery's, else the pointer's.
+std::optional<ScreenArea> Desktop::screenInUse() const
+{
+    if (m_gallery && m_gallery->isVisible() && arePlacesKnown())
+        return Placing::screenOf(m_gallery->frameGeometry(), Screens::all());
+    return arePlacesKnown() ? Placing::screenOf({QCursor::pos(), QSize{1, 1}}, Screens::all())
+                            : Screens::primary();
 }
 
 bool Desktop::remove(int widget)
@@ -125,8 +148,8 @@ bool Desktop::remove(int widget)
 void Desktop::showGallery()
 {
     if (!m_gallery) {
-        m_gallery.reset(
-            new Gallery{m_extension, m_fonts, [this](const WidgetTarget& target) { add(target); }});
+        m_gallery.reset(new Gallery{m_extension, m_fonts,
+            [this](const WidgetTarget& target, const std::optional<QRect>& frame) { add(target, frame); }});
         m_gallery->showWidgets(m_known);
         if (m_known.empty())
             learnWidgets();
@@ -139,7 +162,8 @@ void Desktop::showGallery()
 void Desktop::openWindow(const PlacedWidget& widget)
 {
     Window window{new WidgetWindow{widget.target.family, m_fonts, actionsOf(widget.id)}};
-    window->move(Placing::frame(widget.placement, window->size(), Screens::all()).topLeft());
+    window->setShaped(!m_compositing.isActive());
+    moveOnDesktop(*window, Placing::frame(widget.placement, window->size(), Screens::all()).topLeft());
     window->show();
     m_windows[widget.id] = std::move(window);
     nameWindow(widget);
@@ -188,8 +212,14 @@ void Desktop::restoreFrames()
 {
     for (const PlacedWidget& widget : m_placed) {
         WidgetWindow& window = *m_windows.at(widget.id);
-        window.move(Placing::frame(widget.placement, window.size(), Screens::all()).topLeft());
+        moveOnDesktop(window, Placing::frame(widget.placement, window.size(), Screens::all()).topLeft());
     }
+}
+
+void Desktop::shapeWindows()
+{
+    for (const auto& [id, window] : m_windows)
+        window->setShaped(!m_compositing.isActive());
 }
 
 QRect Desktop::snapped(int widget, const QRect& frame) const
@@ -197,12 +227,17 @@ QRect Desktop::snapped(int widget, const QRect& frame) const
     const auto screen = Placing::screenOf(frame, Screens::all());
     if (!screen)
         return frame;
-    std::vector<QRect> neighbours;
+    return Placing::snapped(frame, screen->area, framesBut(widget));
+}
+
+std::vector<QRect> Desktop::framesBut(int widget) const
+{
+    std::vector<QRect> frames;
     for (const auto& [id, window] : m_windows) {
         if (id != widget)
-            neighbours.push_back(window->geometry());
+            frames.push_back(window->geometry());
     }
-    return Placing::snapped(frame, screen->area, neighbours);
+    return frames;
 }
 
 void Desktop::popUpMenu(int widget, const QPoint& place)
@@ -216,7 +251,7 @@ void Desktop::popUpMenu(int widget, const QPoint& place)
         .refresh = [this, widget] { m_schedule.refresh(widget); },
         .add = [this] { showGallery(); },
         .remove = [this, widget] { remove(widget); },
-        .settings = [this] { m_open(URL::parse("skyvane://settings").value()); },
+        .settings = m_settings,
         .quit = [] { QCoreApplication::quit(); },
     };
     const auto families = info != nullptr ? info->families : std::vector{placed->target.family};

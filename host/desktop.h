@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/compositing_watch.h"
 #include "host/configuration_watch.h"
 #include "host/host_file.h"
 #include "host/schedule.h"
@@ -18,6 +19,8 @@ struct DesktopSetup {
     std::filesystem::path hostFile;
     std::filesystem::path configuration; ///< The file whose changes refresh the widgets.
     std::function<void(const URL&)> open;
+    std::function<void()> welcome; ///< On the first start, when there is no configuration yet.
+    std::function<void()> settings;
     ExtensionPace pace{};
 };
 
@@ -32,8 +35,8 @@ public:
     const std::vector<PlacedWidget>& placed() const { return m_placed; }
 
     /// Its id; the kind may be its last component alone. Absent for a widget, or a family of one, that the
-    /// extension did not list.
-    std::optional<int> add(const WidgetTarget& target);
+    /// extension did not list. Without a frame it stands where there is room on the screen in use.
+    std::optional<int> add(const WidgetTarget& target, const std::optional<QRect>& frame = std::nullopt);
     /// Whether there was one of this id.
     bool remove(int widget);
     void refreshAll() { m_schedule.refreshAll(); }
@@ -47,19 +50,25 @@ private:
     using Window = std::unique_ptr<WidgetWindow, DeleteLater>;
 
     void learnWidgets();
-    int place(const WidgetTarget& target);
+    int nextId() const;
+    int place(const WidgetTarget& target, const QRect& frame);
+    QRect freeFrame(ContainerFamily family, const std::optional<ScreenArea>& screen) const;
+    std::optional<ScreenArea> screenInUse() const;
+    std::vector<QRect> framesBut(int widget) const;
     void openWindow(const PlacedWidget& widget);
     WidgetActions actionsOf(int widget);
     void nameWindow(const PlacedWidget& widget);
     void resize(int widget, ContainerFamily family);
     void rememberFrame(int widget);
     void restoreFrames();
+    void shapeWindows();
     QRect snapped(int widget, const QRect& frame) const;
     void popUpMenu(int widget, const QPoint& place);
     PlacedWidget* find(int widget);
     const WidgetInfo* infoOf(const std::string& kind) const;
 
     std::function<void(const URL&)> m_open;
+    std::function<void()> m_settings;
     FontMeasurer m_fonts;
     ExtensionProcess m_extension;
     HostFile m_file;
@@ -70,6 +79,7 @@ private:
     Schedule m_schedule;
     ConfigurationWatch m_configuration;
     SleepWatch m_sleep;
+    CompositingWatch m_compositing;
     QObject m_context; ///< Ends the connections to screens.
 };
 

@@ -1,31 +1,49 @@
 #include "host/desktop_hints.h"
 
+#include "host/layer_shell.h"
+#include "host/x11.h"
+
 #include <QGuiApplication>
 #include <QWidget>
 
 #include <array>
-#include <cstdlib>
-#include <memory>
-#include <string_view>
-#include <xcb/xcb.h>
 
 namespace skyvane {
 
 namespace {
 
-xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
+bool isWayland()
 {
-    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply{
-        xcb_intern_atom_reply(connection, cookie, nullptr), &std::free};
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    return QGuiApplication::platformName() == QStringLiteral("wayland");
+}
+
+bool isOnLayer()
+{
+    static const bool isOffered = isWayland() && LayerShell::isOffered();
+    return isOffered;
 }
 
 void replace(
     xcb_connection_t* connection, xcb_window_t window, const char* name, xcb_atom_t type, auto values)
 {
-    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, atom(connection, name), type, 32,
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, X11::atom(connection, name), type, 32,
         static_cast<std::uint32_t>(values.size()), values.data());
+}
+
+void hintToWindowManager(xcb_connection_t* connection, xcb_window_t window)
+{
+    constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
+    replace(connection, window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
+        std::array{X11::atom(connection, "_NET_WM_WINDOW_TYPE_UTILITY")});
+    replace(connection, window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, std::array{everyDesktop});
+    replace(connection, window, "_NET_WM_STATE", XCB_ATOM_ATOM,
+        std::array{
+            X11::atom(connection, "_NET_WM_STATE_BELOW"),
+            X11::atom(connection, "_NET_WM_STATE_STICKY"),
+            X11::atom(connection, "_NET_WM_STATE_SKIP_TASKBAR"),
+            X11::atom(connection, "_NET_WM_STATE_SKIP_PAGER"),
+        });
+    xcb_flush(connection);
 }
 
 } // namespace
@@ -36,23 +54,23 @@ void makePartOfDesktop(QWidget& window)
         Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnBottomHint | Qt::NoDropShadowWindowHint);
     window.setAttribute(Qt::WA_TranslucentBackground);
     window.setAttribute(Qt::WA_ShowWithoutActivating);
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (QGuiApplication::platformName() != QStringLiteral("xcb") || x11 == nullptr)
-        return;
-    xcb_connection_t* connection = x11->connection();
-    const auto id = static_cast<xcb_window_t>(window.winId());
-    constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
-    replace(connection, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
-        std::array{atom(connection, "_NET_WM_WINDOW_TYPE_UTILITY")});
-    replace(connection, id, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, std::array{everyDesktop});
-    replace(connection, id, "_NET_WM_STATE", XCB_ATOM_ATOM,
-        std::array{
-            atom(connection, "_NET_WM_STATE_BELOW"),
-            atom(connection, "_NET_WM_STATE_STICKY"),
-            atom(connection, "_NET_WM_STATE_SKIP_TASKBAR"),
-            atom(connection, "_NET_WM_STATE_SKIP_PAGER"),
-        });
-    xcb_flush(connection);
+    if (isOnLayer())
+        LayerShell::adopt(window);
+    else if (xcb_connection_t* connection = X11::connection())
+        hintToWindowManager(connection, static_cast<xcb_window_t>(window.winId()));
+}
+
+void moveOnDesktop(QWidget& window, const QPoint& place)
+{
+    if (isOnLayer())
+        LayerShell::move(window, place);
+    else
+        window.move(place);
+}
+
+bool arePlacesKnown()
+{
+    return !isWayland();
 }
 
 } // namespace skyvane

@@ -1,6 +1,8 @@
 #include "host/gallery.h"
 
 #include "host/sample_button.h"
+#include "host/widget_menu.h"
+#include "platform/text/localized.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,7 +17,7 @@ namespace skyvane {
 Gallery::Gallery(ExtensionProcess& extension, const FontMeasurer& fonts, Add add)
     : m_extension(extension), m_fonts(fonts), m_add(std::move(add)), m_content(new QWidget)
 {
-    setWindowTitle(QStringLiteral("Add Widgets"));
+    setWindowTitle(QString::fromStdString(localized("Add Widgets")));
     m_rows = new QVBoxLayout{m_content};
     auto* scroll = new QScrollArea;
     scroll->setWidgetResizable(true);
@@ -57,10 +59,10 @@ QWidget* Gallery::row(const WidgetInfo& widget)
     lines->addLayout(samples);
     for (const ContainerFamily family : widget.families) {
         const WidgetTarget target{.kind = widget.kind, .family = family};
-        auto* button = new SampleButton{family, m_fonts};
-        button->setAccessibleName(
-            name + QStringLiteral(", ") + QString::fromUtf8(WidgetContainer::name(family)));
-        connect(button, &QAbstractButton::clicked, this, [this, target] { m_add(target); });
+        auto* button
+            = new SampleButton{family, m_fonts, [this, target](const QRect& frame) { m_add(target, frame); }};
+        button->setAccessibleName(name + QStringLiteral(", ") + familyTitle(family));
+        connect(button, &QAbstractButton::clicked, this, [this, target] { m_add(target, std::nullopt); });
         m_extension.sample(
             target, [button = QPointer<SampleButton>{button}](const std::optional<WidgetEntry>& entry) {
                 if (button && entry)

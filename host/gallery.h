@@ -9,10 +9,11 @@ class QVBoxLayout;
 
 namespace skyvane {
 
-/// Every widget in every family, painted from its sample; a click adds it.
+/// Every widget in every family, painted from its sample. A click adds it, and so does a drag out of here.
 class Gallery : public QWidget {
 public:
-    using Add = std::function<void(const WidgetTarget&)>;
+    /// The frame is where it was dropped, if it was.
+    using Add = std::function<void(const WidgetTarget&, const std::optional<QRect>& frame)>;
 
     Gallery(ExtensionProcess& extension, const FontMeasurer& fonts, Add add);
 

@@ -26,7 +26,7 @@ QString HostService::path()
     return QStringLiteral("/org/skyvane/Host");
 }
 
-HostService::HostService(QDBusConnection bus, Desktop& desktop) : m_bus(std::move(bus)), m_desktop(desktop)
+HostService::HostService(QDBusConnection bus) : m_bus(std::move(bus))
 {
     m_bus.registerVirtualObject(path(), this);
 }
@@ -60,7 +60,7 @@ bool HostService::handleMessage(const QDBusMessage& message, const QDBusConnecti
 {
     const QString method = message.member();
     QDBusMessage reply = message.createReply(QString{});
-    if (message.interface() != name())
+    if (m_desktop == nullptr || message.interface() != name())
         return false;
     if (method == QStringLiteral("Add") && message.signature() == QStringLiteral("ss"))
         reply = add(message);
@@ -69,11 +69,11 @@ bool HostService::handleMessage(const QDBusMessage& message, const QDBusConnecti
     else if (!message.signature().isEmpty())
         return false;
     else if (method == QStringLiteral("Refresh"))
-        m_desktop.refreshAll();
+        m_desktop->refreshAll();
     else if (method == QStringLiteral("ListPlaced"))
         reply = message.createReply(placed());
     else if (method == QStringLiteral("ShowGallery"))
-        m_desktop.showGallery();
+        m_desktop->showGallery();
     else if (method == QStringLiteral("Quit"))
         QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     else
@@ -86,7 +86,7 @@ QDBusMessage HostService::add(const QDBusMessage& message)
     const QString kind = message.arguments().at(0).toString();
     const QString family = message.arguments().at(1).toString();
     const auto known = WidgetContainer::named(family.toStdString());
-    const auto widget = known ? m_desktop.add({.kind = kind.toStdString(), .family = *known}) : std::nullopt;
+    const auto widget = known ? m_desktop->add({.kind = kind.toStdString(), .family = *known}) : std::nullopt;
     if (!widget)
         return refusal(
             message, QStringLiteral("there is no widget \"%1\" of family \"%2\"").arg(kind, family));
@@ -96,7 +96,7 @@ QDBusMessage HostService::add(const QDBusMessage& message)
 QDBusMessage HostService::remove(const QDBusMessage& message)
 {
     const int widget = message.arguments().at(0).toInt();
-    if (!m_desktop.remove(widget))
+    if (!m_desktop->remove(widget))
         return refusal(message, QStringLiteral("there is no placed widget %1").arg(widget));
     return message.createReply(QString{});
 }
@@ -104,7 +104,7 @@ QDBusMessage HostService::remove(const QDBusMessage& message)
 QString HostService::placed() const
 {
     QString text;
-    for (const PlacedWidget& widget : m_desktop.placed()) {
+    for (const PlacedWidget& widget : m_desktop->placed()) {
         text += QStringLiteral("%1\t%2\t%3\n")
                     .arg(QString::number(widget.id), QString::fromStdString(widget.target.kind),
                         QString::fromUtf8(WidgetContainer::name(widget.target.family)));

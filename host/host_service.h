@@ -14,11 +14,14 @@ public:
     static QString name();
     static QString path();
 
-    /// Serves for as long as it lives.
-    HostService(QDBusConnection bus, Desktop& desktop);
+    /// Takes calls from now on for as long as it lives; they wait in the event loop.
+    explicit HostService(QDBusConnection bus);
     ~HostService() override;
     HostService(const HostService&) = delete;
     HostService& operator=(const HostService&) = delete;
+
+    /// What calls are about. To be told before the event loop runs.
+    void serve(Desktop& desktop) { m_desktop = &desktop; }
 
     QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
@@ -29,7 +32,7 @@ private:
     QString placed() const;
 
     QDBusConnection m_bus;
-    Desktop& m_desktop;
+    Desktop* m_desktop = nullptr;
 };
 
 } // namespace skyvane

@@ -1,24 +1,38 @@
 #include "host/extension_path.h"
+#include "host/layer_shell.h"
 #include "host/run_command.h"
 #include "host/run_desktop.h"
+#include "platform/text/localized.h"
 
 #include <QApplication>
 
+#include <filesystem>
 #include <iostream>
 
 namespace {
 
 void dropMessage(QtMsgType, const QMessageLogContext&, const QString&) { }
 
-skyvane::ExtensionProgram extension()
+std::filesystem::path programFolder()
 {
-    return {.path = skyvane::extensionPath(QCoreApplication::applicationDirPath().toStdString())};
+    std::error_code ignored;
+    return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
 }
 
-/// On a desktop that offers both, windows are X11's: only there can they place themselves.
-void preferX11()
+skyvane::ExtensionProgram extension()
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && qEnvironmentVariableIsSet("DISPLAY"))
+    return {.path = skyvane::extensionPath(programFolder())};
+}
+
+/// Windows that can be put where they belong: on the desktop layer of a Wayland compositor, else as X11's.
+void choosePlatform()
+{
+    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        return;
+    const bool hasX11 = qEnvironmentVariableIsSet("DISPLAY");
+    if (skyvane::LayerShell::isOffered())
+        qputenv("QT_QPA_PLATFORM", hasX11 ? "wayland;xcb" : "wayland");
+    else if (hasX11)
         qputenv("QT_QPA_PLATFORM", "xcb");
 }
 
@@ -39,7 +53,14 @@ int main(int argc, char* argv[])
     const std::vector<std::string> words(argv + (argc > 0 ? 1 : 0), argv + argc);
     if (!words.empty())
         return runCommand(words, argv);
-    preferX11();
+    skyvane::useCatalogues(programFolder() / "../share/locale");
+    // Before the toolkit takes out of the environment what lets a window come to the front.
+    const skyvane::Companion companion{
+        .program = skyvane::companionPath(programFolder()),
+        .environment = QProcessEnvironment::systemEnvironment(),
+    };
+    choosePlatform();
+    QApplication::setDesktopFileName(QStringLiteral("org.skyvane.Host"));
     QApplication application{argc, argv};
-    return skyvane::runDesktop(skyvane::standardSetup(extension()));
+    return skyvane::runDesktop(skyvane::standardSetup(extension(), companion));
 }

@@ -5,9 +5,7 @@
 #include "platform/files/files.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QLoggingCategory>
-#include <QUrl>
 
 namespace skyvane {
 
@@ -28,13 +26,15 @@ int showGalleryOfOther(const QDBusConnection& bus)
 
 } // namespace
 
-DesktopSetup standardSetup(const ExtensionProgram& extension)
+DesktopSetup standardSetup(const ExtensionProgram& extension, const Companion& companion)
 {
     return {
         .extension = extension,
         .hostFile = HostFile::standardPath(),
         .configuration = configurationFile(Files::homeFolder()),
-        .open = [](const URL& url) { QDesktopServices::openUrl(QUrl{QString::fromStdString(url.text())}); },
+        .open = [companion](const URL& url) { companion.openLink(url); },
+        .welcome = [companion] { companion.startInPlaceOfHost(); },
+        .settings = [companion] { companion.start({QStringLiteral("--settings")}); },
     };
 }
 
@@ -42,10 +42,11 @@ int runDesktop(const DesktopSetup& setup)
 {
     QApplication::setQuitOnLastWindowClosed(false);
     QDBusConnection bus = QDBusConnection::sessionBus();
+    HostService service{bus}; // Before its name is known, so that nobody who knows it finds nothing.
     if (bus.isConnected() && !bus.registerService(HostService::name()))
         return showGalleryOfOther(bus);
     Desktop desktop{setup};
-    const HostService service{bus, desktop};
+    service.serve(desktop);
     return QApplication::exec();
 }
 

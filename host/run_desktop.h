@@ -1,11 +1,12 @@
 #pragma once
 
+#include "host/companion.h"
 #include "host/desktop.h"
 
 namespace skyvane {
 
-/// The user's own desktop, with this extension.
-DesktopSetup standardSetup(const ExtensionProgram& extension);
+/// The user's own desktop, with these programs.
+DesktopSetup standardSetup(const ExtensionProgram& extension, const Companion& companion);
 
 /// Shows the widgets until the user quits; where a host of this session shows them already, that one's
 /// gallery. The exit status. Needs a QApplication.

@@ -13,6 +13,12 @@ std::vector<ScreenArea> all()
     return areas;
 }
 
+std::optional<ScreenArea> primary()
+{
+    const auto areas = all();
+    return areas.empty() ? std::nullopt : std::optional{areas.front()};
+}
+
 void onChange(QObject& context, std::function<void()> changed)
 {
     const auto follow = [&context, changed](QScreen* screen) {

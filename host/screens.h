@@ -3,6 +3,7 @@
 #include "host/placing.h"
 
 #include <functional>
+#include <optional>
 
 class QObject;
 
@@ -11,6 +12,9 @@ namespace skyvane::Screens {
 
 /// The primary one first.
 std::vector<ScreenArea> all();
+
+/// Absent where there is none.
+std::optional<ScreenArea> primary();
 
 /// Calls back when one comes, goes or changes its area, for as long as the context lives.
 void onChange(QObject& context, std::function<void()> changed);

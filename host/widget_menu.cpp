@@ -1,26 +1,24 @@
 #include "host/widget_menu.h"
 
+#include "platform/text/localized.h"
+
 #include <QActionGroup>
 #include <QMenu>
 
 namespace skyvane {
 
-namespace {
-
-QString title(ContainerFamily family)
+QString familyTitle(ContainerFamily family)
 {
     switch (family) {
     case ContainerFamily::small:
-        return QStringLiteral("Small");
+        return QString::fromStdString(localized("Small"));
     case ContainerFamily::medium:
-        return QStringLiteral("Medium");
+        return QString::fromStdString(localized("Medium"));
     case ContainerFamily::large:
         break;
     }
-    return QStringLiteral("Large");
+    return QString::fromStdString(localized("Large"));
 }
-
-} // namespace
 
 QMenu* makeWidgetMenu(QWidget& parent, const std::vector<ContainerFamily>& families, ContainerFamily current,
     const WidgetMenuActions& actions)
@@ -29,19 +27,19 @@ QMenu* makeWidgetMenu(QWidget& parent, const std::vector<ContainerFamily>& famil
     menu->setAttribute(Qt::WA_DeleteOnClose);
     auto* sizes = new QActionGroup{menu};
     for (const ContainerFamily family : families) {
-        QAction* size = menu->addAction(title(family), menu, [=] { actions.resize(family); });
+        QAction* size = menu->addAction(familyTitle(family), menu, [=] { actions.resize(family); });
         size->setCheckable(true);
         size->setChecked(family == current);
         sizes->addAction(size);
     }
     menu->addSeparator();
-    menu->addAction(QStringLiteral("&Refresh Now"), menu, actions.refresh);
+    menu->addAction(QString::fromStdString(localized("&Refresh Now")), menu, actions.refresh);
     menu->addSeparator();
-    menu->addAction(QStringLiteral("&Add Widgets…"), menu, actions.add);
-    menu->addAction(QStringLiteral("Re&move"), menu, actions.remove);
+    menu->addAction(QString::fromStdString(localized("&Add Widgets…")), menu, actions.add);
+    menu->addAction(QString::fromStdString(localized("Re&move")), menu, actions.remove);
     menu->addSeparator();
-    menu->addAction(QStringLiteral("&Settings…"), menu, actions.settings);
-    menu->addAction(QStringLiteral("&Quit"), menu, actions.quit);
+    menu->addAction(QString::fromStdString(localized("&Settings…")), menu, actions.settings);
+    menu->addAction(QString::fromStdString(localized("&Quit")), menu, actions.quit);
     return menu;
 }
 

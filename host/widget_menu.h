@@ -3,6 +3,7 @@
 #include "ui/layout/widget_container.h"
 
 #include <QPoint>
+#include <QString>
 
 #include <functional>
 #include <vector>
@@ -20,6 +21,9 @@ struct WidgetMenuActions {
     std::function<void()> settings;
     std::function<void()> quit;
 };
+
+/// Its name as people read it.
+QString familyTitle(ContainerFamily family);
 
 /// The menu of one widget; it goes when it closes.
 QMenu* makeWidgetMenu(QWidget& parent, const std::vector<ContainerFamily>& families, ContainerFamily current,

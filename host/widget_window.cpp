@@ -1,7 +1,11 @@
 #include "host/widget_window.h"
 
+#include "host/accessible_widget.h"
 #include "host/desktop_hints.h"
+#include "host/round_mask.h"
+#include "paint/to_qt.h"
 #include "paint/widget_card.h"
+#include "platform/text/localized.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -16,19 +20,17 @@ namespace {
 
 constexpr double linkRadius = 4;
 
-QRectF toQt(const Rect& rect)
+QRectF rectOf(const LinkArea& link)
 {
-    return {rect.x, rect.y, rect.width, rect.height};
+    return {link.frame.x, link.frame.y, link.frame.width, link.frame.height};
 }
 
-QString spoken(const DisplayList& list)
+QString spoken(const std::vector<SpokenPart>& parts)
 {
-    QStringList lines;
-    for (const DisplayItem& item : list.items) {
-        if (const auto* line = std::get_if<TextLine>(&item))
-            lines += QString::fromStdString(line->string);
-    }
-    return lines.join(QStringLiteral(", "));
+    QStringList texts;
+    for (const SpokenPart& part : parts)
+        texts += QString::fromStdString(part.text);
+    return texts.join(QStringLiteral(", "));
 }
 
 } // namespace
@@ -39,6 +41,7 @@ WidgetWindow::WidgetWindow(ContainerFamily family, const FontMeasurer& fonts, Wi
     , m_actions(std::move(actions))
     , m_list{.size = WidgetContainer::size(family)}
 {
+    makeWidgetsAccessible();
     setFixedSize(WidgetCard::sizeOf(family));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -59,11 +62,23 @@ void WidgetWindow::showContent(const WidgetContent& content)
         return;
     m_content = content;
     m_list = WidgetContainer::layout(content.entry.view, m_family, m_fonts);
+    m_parts = spokenParts(m_list);
     if (m_focusedLink >= m_list.links.size())
         m_focusedLink.reset();
-    const QString state = content.isStale ? QStringLiteral("Not up to date. ") : QString{};
-    setAccessibleDescription(state + spoken(m_list));
-    setToolTip(state.trimmed());
+    const QString state = content.isStale ? QString::fromStdString(localized("Not up to date.")) : QString{};
+    setAccessibleDescription((state + QStringLiteral(" ") + spoken(m_parts)).trimmed());
+    setToolTip(state);
+    if (AccessibleWidget* accessible = accessibleOf(*this))
+        accessible->renew();
+    update();
+}
+
+void WidgetWindow::setShaped(bool isShaped)
+{
+    if (isShaped)
+        setMask(roundMask(size()));
+    else
+        clearMask();
     update();
 }
 
@@ -71,13 +86,15 @@ void WidgetWindow::paintEvent(QPaintEvent*)
 {
     QPainter painter{this};
     const Color background = m_content ? m_content->entry.background : WidgetCard::emptyBackground;
+    if (!mask().isEmpty())
+        painter.fillRect(rect(), toQt(background));
     WidgetCard::paint(m_list, background, painter, m_fonts);
     if (m_content && m_content->isStale)
         WidgetCard::paintStale(width(), painter);
     if (!hasFocus() || !m_isKeyboardUsed)
         return;
     if (m_focusedLink)
-        WidgetCard::paintFocus(toQt(m_list.links[*m_focusedLink].frame), linkRadius, painter);
+        WidgetCard::paintFocus(rectOf(m_list.links[*m_focusedLink]), linkRadius, painter);
     else
         WidgetCard::paintFocus(rect(), WidgetCard::cornerRadius, painter);
 }
@@ -97,7 +114,7 @@ void WidgetWindow::mouseMoveEvent(QMouseEvent* event)
     if (m_pressed && (place - *m_pressed).manhattanLength() >= QApplication::startDragDistance())
         m_isDragging = true;
     if (m_pressed && m_isDragging)
-        move(m_actions.snapped({m_origin + place - *m_pressed, size()}).topLeft());
+        moveOnDesktop(*this, m_actions.snapped({m_origin + place - *m_pressed, size()}).topLeft());
     setCursor(linkAt(event->position()) != nullptr ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
@@ -114,7 +131,7 @@ void WidgetWindow::mouseReleaseEvent(QMouseEvent* event)
 void WidgetWindow::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        open(m_focusedLink ? &m_list.links[*m_focusedLink] : nullptr);
+        press(m_focusedLink);
     else
         QWidget::keyPressEvent(event);
 }
@@ -132,6 +149,8 @@ bool WidgetWindow::focusNextPrevChild(bool isNext)
     const std::size_t next = (stop + (isNext ? 1 : stops - 1)) % stops;
     m_focusedLink = next == 0 ? std::nullopt : std::optional{next - 1};
     m_isKeyboardUsed = true;
+    if (AccessibleWidget* accessible = accessibleOf(*this))
+        accessible->tellFocus();
     update();
     return true;
 }
@@ -148,10 +167,15 @@ const LinkArea* WidgetWindow::linkAt(QPointF place) const
 {
     const LinkArea* found = nullptr;
     for (const LinkArea& link : m_list.links) {
-        if (toQt(link.frame).contains(place))
+        if (rectOf(link).contains(place))
             found = &link;
     }
     return found;
+}
+
+void WidgetWindow::press(std::optional<std::size_t> link)
+{
+    open(link && *link < m_list.links.size() ? &m_list.links[*link] : nullptr);
 }
 
 void WidgetWindow::open(const LinkArea* link)

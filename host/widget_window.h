@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/schedule.h"
+#include "host/spoken_parts.h"
 #include "paint/font_measurer.h"
 #include "ui/layout/display_list.h"
 
@@ -26,6 +27,15 @@ public:
 
     void showContent(const WidgetContent& content);
 
+    /// Where nothing blends its round corners with what is below, they are cut off.
+    void setShaped(bool isShaped);
+
+    /// What it shows, in words.
+    const std::vector<SpokenPart>& parts() const { return m_parts; }
+    std::optional<std::size_t> focusedLink() const { return m_focusedLink; }
+    /// As a tap on that link does, or on the widget beside all links.
+    void press(std::optional<std::size_t> link);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -45,6 +55,7 @@ private:
     WidgetActions m_actions;
     std::optional<WidgetContent> m_content;
     DisplayList m_list;
+    std::vector<SpokenPart> m_parts;
     std::optional<std::size_t> m_focusedLink;
     std::optional<QPoint> m_pressed; ///< In the coordinates of the screens.
     QPoint m_origin; ///< The window's place when it was pressed.

@@ -16,5 +16,7 @@ int main(int argc, char* argv[])
         .hostFile = argv[2],
         .configuration = argv[3],
         .open = [](const skyvane::URL& url) { std::cout << url.text() << std::endl; },
+        .welcome = [] { std::cout << "welcome" << std::endl; },
+        .settings = [] { std::cout << "settings" << std::endl; },
     });
 }

@@ -171,7 +171,17 @@ TEST_F(WidgetWindowTest, whatIsStaleIsMarkedAndSaidSo)
     window.showContent(shown);
     EXPECT_NE(picture(), fresh);
     EXPECT_EQ(window.accessibleName(), "Clock");
-    EXPECT_EQ(window.accessibleDescription(), "Not up to date. ");
+    EXPECT_EQ(window.accessibleDescription(), "Not up to date.");
+}
+
+TEST_F(WidgetWindowTest, shapedItIsCutAlongItsRoundCorners)
+{
+    window.setShaped(true);
+    EXPECT_FALSE(window.mask().contains(QPoint{3, 3}));
+    EXPECT_TRUE(window.mask().contains(QPoint{3, 85}));
+    EXPECT_TRUE(window.mask().contains(QPoint{85, 168}));
+    window.setShaped(false);
+    EXPECT_TRUE(window.mask().isEmpty());
 }
 
 TEST_F(WidgetWindowTest, itsCornersAreRoundAndItsSizeIsTheFamilys)

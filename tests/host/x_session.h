@@ -23,6 +23,9 @@ public:
     /// What a program of this session is started with; its home folder is an empty one.
     const QProcessEnvironment& environment() const { return m_environment; }
 
+    /// One more variable of it.
+    void set(const QString& name, const QString& value) { m_environment.insert(name, value); }
+
     /// Runs a program to its end and returns its standard output.
     std::string run(const QString& program, const QStringList& words) const;
 

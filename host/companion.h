@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/net/url.h"
+
+#include <QProcessEnvironment>
+#include <QStringList>
+
+#include <filesystem>
+
+namespace skyvane {
+
+/// The program that sets the widgets up and shows what their links lead to.
+struct Companion {
+    std::filesystem::path program;
+    QProcessEnvironment environment; ///< The one that the host was started in.
+
+    /// Starts it, to live by itself. A failure is a line in the journal.
+    void start(const QStringList& words) const;
+
+    /// The same with what let the host come to the front, which is good for one start soon after the host's.
+    void startInPlaceOfHost() const;
+
+    /// Has the desktop's own opener open the link; when that fails, the companion gets it.
+    void openLink(const URL& link, const QString& opener = QStringLiteral("xdg-open")) const;
+};
+
+/// The companion that belongs to a host whose program stands in this folder: the one beside it, else that of
+/// a build tree. Where there is neither, the path beside.
+std::filesystem::path companionPath(const std::filesystem::path& programFolder);
+
+} // namespace skyvane
