@@ -1,0 +1,224 @@
+#include "companion/aircraft/aircraft_page.h"
+
+#include "companion/aircraft/aircraft_words.h"
+#include "companion/aircraft/fact_grid.h"
+#include "companion/aircraft/photo_panel.h"
+#include "companion/aircraft/route_panel.h"
+#include "companion/aircraft/watch_words.h"
+#include "companion/aircraft/where_to_look.h"
+#include "companion/common/to_qstring.h"
+#include "companion/common/type_scale.h"
+#include "companion/common/view_widget.h"
+#include "companion/legible.h"
+#include "companion/notice_bar.h"
+#include "companion/sky/empty_sky.h"
+#include "companion/sources.h"
+#include "core/radar/radar_view.h"
+#include "platform/text/localized.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QStackedWidget>
+
+namespace skyvane {
+
+namespace {
+
+constexpr int margin = 20;
+constexpr int columnGap = 32;
+constexpr int pictureWidth = 420;
+constexpr int scopeHeight = 260;
+constexpr int widthForColumns = 860;
+
+QLabel* plainLabel(const QFont& font)
+{
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setWordWrap(true);
+    label->setFont(font);
+    return label;
+}
+
+void showText(QLabel& label, const QString& text)
+{
+    label.setText(text);
+    label.setVisible(!text.isEmpty());
+}
+
+/// The scope with this aircraft alone.
+SkyEntry alone(SkyEntry entry, const Aircraft& aircraft)
+{
+    entry.aircraft = {aircraft};
+    return entry;
+}
+
+QScrollArea* scrolling(QWidget* content)
+{
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidget(content);
+    return area;
+}
+
+} // namespace
+
+AircraftPage::AircraftPage(AircraftSources sources, const FontMeasurer& fonts, QWidget* parent)
+    : QWidget(parent)
+    , m_sources(std::move(sources))
+    , m_notice(new NoticeBar{toQString(localized("Ask again"))})
+    , m_stack(new QStackedWidget)
+    , m_empty(new EmptySky)
+    , m_columns(new QBoxLayout{QBoxLayout::LeftToRight})
+    , m_photo(new PhotoPanel{m_sources.open})
+    , m_scope(new ViewWidget{fonts})
+    , m_name(plainLabel(TypeScale::display(font())))
+    , m_identity(plainLabel(font()))
+    , m_alarm(plainLabel(TypeScale::strong(font())))
+    , m_routePanel(new RoutePanel)
+    , m_look(plainLabel(TypeScale::title(font())))
+    , m_facts(new FactGrid)
+{
+    auto* content = new QWidget;
+    m_columns->setContentsMargins(margin, margin / 2, margin, margin);
+    m_columns->setSpacing(columnGap);
+    m_columns->addWidget(makePictures(), 0, Qt::AlignTop);
+    m_columns->addWidget(makeDetails(), /*stretch=*/1, Qt::AlignTop);
+    content->setLayout(m_columns);
+    m_stack->addWidget(scrolling(content));
+    m_stack->addWidget(m_empty);
+    auto* noticeRow = new QHBoxLayout;
+    noticeRow->setContentsMargins(margin, 0, margin, 0);
+    noticeRow->addWidget(m_notice);
+    auto* page = new QVBoxLayout{this};
+    page->setContentsMargins(0, 0, 0, 0);
+    page->addLayout(noticeRow);
+    page->addWidget(m_stack, /*stretch=*/1);
+
+    connect(&m_sources.feed, &SkyFeed::changed, this, &AircraftPage::showReport);
+    connect(m_notice, &NoticeBar::actionTriggered, &m_sources.feed, &SkyFeed::refresh);
+    connect(m_empty, &EmptySky::actionTriggered, this, [this] {
+        if (m_watch && m_watch->state() == AircraftWatch::State::noHome)
+            emit settingsWanted();
+        else
+            m_sources.feed.refresh();
+    });
+}
+
+QWidget* AircraftPage::makePictures()
+{
+    m_scope->setFixedSize(pictureWidth, scopeHeight);
+    m_scope->setAccessibleName(toQString(localized("Radar scope")));
+    auto* pictures = new QWidget;
+    auto* column = new QVBoxLayout{pictures};
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(margin);
+    column->addWidget(m_photo);
+    column->addWidget(m_scope);
+    return pictures;
+}
+
+QWidget* AircraftPage::makeDetails()
+{
+    auto* details = new QWidget;
+    auto* column = new QVBoxLayout{details};
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    column->addWidget(m_name);
+    column->addWidget(m_identity);
+    column->addWidget(m_alarm);
+    column->addWidget(m_routePanel);
+    column->addSpacing(margin);
+    column->addWidget(m_look);
+    column->addSpacing(margin);
+    column->addWidget(m_facts);
+    column->addSpacing(margin / 2);
+    column->addWidget(makeSourcesLabel({Source::firstAggregator, Source::secondAggregator}));
+    return details;
+}
+
+void AircraftPage::showAircraft(const std::string& hex)
+{
+    leave();
+    m_watch.emplace(hex);
+    m_routePanel->showRoute(std::nullopt);
+    m_photo->showPlace();
+    m_photograph = m_sources.lookups.photograph(
+        hex, [this](const std::optional<Photograph>& found) { m_photo->showPhotograph(found); });
+    showReport();
+    if (m_watch->state() != AircraftWatch::State::inRange)
+        m_sources.feed.refresh();
+}
+
+void AircraftPage::leave()
+{
+    m_watch.reset();
+    m_routeCallsign.clear();
+    m_route = {};
+    m_photograph = {};
+}
+
+Heading AircraftPage::heading() const
+{
+    if (!m_watch)
+        return {};
+    return WatchWords::heading(*m_watch);
+}
+
+void AircraftPage::showReport()
+{
+    if (!m_watch)
+        return;
+    const SkyReport& report = m_sources.feed.report();
+    m_watch->look(report);
+    const auto instead = WatchWords::instead(*m_watch, report);
+    if (instead)
+        m_empty->show(*instead);
+    else if (m_watch->aircraft())
+        showDetails(*m_watch->aircraft());
+    m_notice->showText(WatchWords::notice(*m_watch, report));
+    m_stack->setCurrentIndex(instead ? 1 : 0);
+    emit headingChanged();
+}
+
+void AircraftPage::showDetails(const Aircraft& aircraft)
+{
+    const SkyEntry& entry = m_sources.feed.report().entry;
+    m_name->setText(toQString(aircraft.displayName()));
+    showText(*m_identity, AircraftWords::identity(aircraft));
+    showText(*m_alarm, AircraftWords::alarm(aircraft));
+    QPalette colors = m_alarm->palette();
+    colors.setColor(QPalette::WindowText,
+        legible(aircraft.blipColor(entry.palette()), palette().color(QPalette::Window)));
+    m_alarm->setPalette(colors);
+    const auto where = whereToLook(aircraft, entry.home);
+    const bool isThere = m_watch->state() == AircraftWatch::State::inRange;
+    showText(*m_look, where && isThere ? toQString(lookText(*where)) : QString{});
+    m_facts->showFacts(AircraftWords::facts(aircraft, entry.unit));
+    m_scope->showCard(RadarView{.entry = alone(entry, aircraft)}.body(), entry.palette().background);
+    lookUpRoute(aircraft);
+}
+
+void AircraftPage::lookUpRoute(const Aircraft& aircraft)
+{
+    const std::string callsign = aircraft.flight.value_or("");
+    if (callsign.empty() || callsign == m_routeCallsign)
+        return;
+    m_routeCallsign = callsign;
+    m_routePanel->showRoute(std::nullopt);
+    m_route = m_sources.lookups.route(
+        aircraft, [this](const std::optional<FlightRoute>& found) { m_routePanel->showRoute(found); });
+}
+
+void AircraftPage::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    const bool isWide = width() >= widthForColumns;
+    m_columns->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    m_scope->setVisible(isWide);
+}
+
+} // namespace skyvane

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "companion/aircraft/aircraft_watch.h"
+#include "companion/aircraft/lookups.h"
+#include "companion/heading.h"
+#include "paint/font_measurer.h"
+
+#include <QUrl>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class QBoxLayout;
+class QLabel;
+class QStackedWidget;
+
+namespace skyvane {
+
+class EmptySky;
+class FactGrid;
+class NoticeBar;
+class PhotoPanel;
+class RoutePanel;
+class ViewWidget;
+
+/// What the page looks things up with.
+struct AircraftSources {
+    SkyFeed& feed;
+    Lookups& lookups;
+    std::function<void(const QUrl&)> open; ///< Shows a page on the web.
+};
+
+/// One aircraft in detail.
+class AircraftPage : public QWidget {
+    Q_OBJECT
+public:
+    AircraftPage(AircraftSources sources, const FontMeasurer& fonts, QWidget* parent = nullptr);
+
+    void showAircraft(const std::string& hex);
+    /// Moves on: what is still looked for is called off.
+    void leave();
+
+    Heading heading() const;
+
+signals:
+    void headingChanged();
+    void settingsWanted();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QWidget* makeDetails();
+    QWidget* makePictures();
+    void showReport();
+    void showDetails(const Aircraft& aircraft);
+    void lookUpRoute(const Aircraft& aircraft);
+
+    AircraftSources m_sources;
+    std::optional<AircraftWatch> m_watch;
+    std::string m_routeCallsign; ///< Whose route is shown or looked for.
+    Errand m_route;
+    Errand m_photograph;
+
+    NoticeBar* m_notice;
+    QStackedWidget* m_stack;
+    EmptySky* m_empty;
+    QBoxLayout* m_columns;
+    PhotoPanel* m_photo;
+    ViewWidget* m_scope;
+    QLabel* m_name;
+    QLabel* m_identity;
+    QLabel* m_alarm;
+    RoutePanel* m_routePanel;
+    QLabel* m_look;
+    FactGrid* m_facts;
+};
+
+} // namespace skyvane

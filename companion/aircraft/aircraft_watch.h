@@ -1,0 +1,42 @@
+#pragma once
+
+#include "companion/sky/sky_feed.h"
+
+#include <optional>
+#include <string>
+
+namespace skyvane {
+
+/// One aircraft as the reports of the sky tell of it, one after the other.
+class AircraftWatch {
+public:
+    enum class State {
+        noHome,
+        lookedFor, ///< Nothing is known yet, and somebody is asked.
+        noAnswer,
+        elsewhere, ///< Not around home, and it was not while it was watched.
+        inRange,
+        gone, ///< It was in range, and is no longer.
+    };
+
+    explicit AircraftWatch(std::string hex) : m_hex(std::move(hex)) { }
+
+    void look(const SkyReport& report);
+
+    State state() const { return m_state; }
+    const std::string& hex() const { return m_hex; }
+
+    /// As last seen; absent until it was.
+    const std::optional<Aircraft>& aircraft() const { return m_aircraft; }
+    Date seenAt() const { return m_seenAt; }
+
+private:
+    State stateWithout(const SkyReport& report) const;
+
+    std::string m_hex;
+    State m_state = State::lookedFor;
+    std::optional<Aircraft> m_aircraft;
+    Date m_seenAt{};
+};
+
+} // namespace skyvane

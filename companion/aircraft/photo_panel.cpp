@@ -1,0 +1,80 @@
+#include "companion/aircraft/photo_panel.h"
+
+#include "companion/aircraft/photo_card.h"
+#include "companion/common/to_qstring.h"
+#include "companion/common/type_scale.h"
+#include "platform/text/localized.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace skyvane {
+
+namespace {
+
+constexpr const char* service = "planespotters.net";
+
+QUrl pageOf(const PlanePhoto& photo)
+{
+    if (!photo.pageURL || photo.pageURL->scheme() != "https")
+        return {};
+    return QUrl{toQString(photo.pageURL->text()), QUrl::StrictMode};
+}
+
+QString creditOf(const PlanePhoto& photo)
+{
+    if (!photo.photographer || photo.photographer->empty())
+        return toQString(localized("Photo: %1")).arg(QLatin1String{service});
+    return toQString(localized("Photo: %1"))
+        .arg(QStringLiteral("© ") + toQString(*photo.photographer) + QStringLiteral(" · ")
+            + QLatin1String{service});
+}
+
+} // namespace
+
+PhotoPanel::PhotoPanel(std::function<void(const QUrl&)> open, QWidget* parent)
+    : QWidget(parent), m_open(std::move(open)), m_card(new PhotoCard), m_credit(new QLabel)
+{
+    m_credit->setTextFormat(Qt::PlainText);
+    m_credit->setWordWrap(true);
+    m_credit->setFont(TypeScale::small(font()));
+    TypeScale::makeQuiet(*m_credit);
+    auto* column = new QVBoxLayout{this};
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(6);
+    column->addWidget(m_card);
+    column->addWidget(m_credit);
+    connect(m_card, &PhotoCard::clicked, this, [this] {
+        if (!m_page.isEmpty())
+            m_open(m_page);
+    });
+}
+
+void PhotoPanel::showPlace()
+{
+    m_page.clear();
+    m_card->showImage({}, /*leadsSomewhere=*/false);
+    m_card->setAccessibleName({});
+    m_card->setToolTip({});
+    m_credit->setText(toQString(localized("Looking for a photo…")));
+    show();
+}
+
+void PhotoPanel::showPhotograph(const std::optional<Photograph>& photograph)
+{
+    setVisible(photograph.has_value());
+    if (!photograph)
+        return;
+    m_page = pageOf(photograph->photo);
+    m_card->showImage(photograph->image, !m_page.isEmpty());
+    m_credit->setText(creditOf(photograph->photo));
+    m_card->setAccessibleName(m_credit->text());
+    m_card->setToolTip(m_page.toDisplayString());
+}
+
+QString PhotoPanel::credit() const
+{
+    return m_credit->text();
+}
+
+} // namespace skyvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "core/enrichment/flight_route.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class QLabel;
+
+namespace skyvane {
+
+/// Where a flight goes: airports, cities, and who says so.
+class RoutePanel : public QWidget {
+    Q_OBJECT
+public:
+    explicit RoutePanel(QWidget* parent = nullptr);
+
+    /// Hides without one.
+    void showRoute(const std::optional<FlightRoute>& route);
+
+    QString airports() const;
+    QString cities() const;
+
+private:
+    QLabel* m_airports;
+    QLabel* m_cities;
+};
+
+} // namespace skyvane

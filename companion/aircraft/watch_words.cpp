@@ -1,0 +1,78 @@
+#include "companion/aircraft/watch_words.h"
+
+#include "companion/common/to_qstring.h"
+#include "companion/sky/range_text.h"
+#include "companion/sky/sky_words.h"
+#include "platform/text/locale.h"
+#include "platform/text/localized.h"
+#include "platform/text/unicode.h"
+
+namespace skyvane::WatchWords {
+
+namespace {
+
+QString address(const AircraftWatch& watch)
+{
+    return toQString(Unicode::uppercased(watch.hex()));
+}
+
+QString time(Date date)
+{
+    return toQString(localized("as of ") + shortTime(date));
+}
+
+} // namespace
+
+Heading heading(const AircraftWatch& watch)
+{
+    const QString title = toQString(localized("Aircraft"));
+    if (!watch.aircraft())
+        return {.title = title, .window = address(watch)};
+    return {
+        .title = title,
+        .details = time(watch.seenAt()),
+        .window = toQString(watch.aircraft()->displayName()),
+    };
+}
+
+std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyReport& report)
+{
+    const QString askAgain = toQString(localized("Ask again"));
+    switch (watch.state()) {
+    case AircraftWatch::State::noHome:
+        return SkyWords::instead(report);
+    case AircraftWatch::State::lookedFor:
+        return EmptySky::Words{.title = toQString(localized("Looking for %1…")).arg(address(watch))};
+    case AircraftWatch::State::noAnswer:
+        return EmptySky::Words{
+            .title = toQString(localized("No answer")),
+            .explanation = toQString(report.problem),
+            .action = askAgain,
+        };
+    case AircraftWatch::State::elsewhere:
+        return EmptySky::Words{
+            .title = toQString(localized("%1 is not in range")).arg(address(watch)),
+            .explanation
+            = toQString(localized("It is not within %1 of home, %2."))
+                  .arg(toQString(rangeText(askedRadiusNM(report.entry.radiusNM), report.entry.unit)),
+                      time(report.entry.date)),
+            .action = askAgain,
+        };
+    case AircraftWatch::State::inRange:
+    case AircraftWatch::State::gone:
+        return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+QString notice(const AircraftWatch& watch, const SkyReport& report)
+{
+    if (watch.state() == AircraftWatch::State::gone)
+        return toQString(localized("It is no longer in range. This is what was last seen of it, %1."))
+            .arg(time(watch.seenAt()));
+    if (watch.state() == AircraftWatch::State::inRange && !report.problem.empty())
+        return SkyWords::notice(report);
+    return {};
+}
+
+} // namespace skyvane::WatchWords

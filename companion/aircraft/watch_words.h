@@ -1,0 +1,20 @@
+#pragma once
+
+#include "companion/aircraft/aircraft_watch.h"
+#include "companion/heading.h"
+#include "companion/sky/empty_sky.h"
+
+#include <optional>
+
+/// What the page of one aircraft says about its being there or not.
+namespace skyvane::WatchWords {
+
+Heading heading(const AircraftWatch& watch);
+
+/// In place of the details; absent when there are any.
+std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyReport& report);
+
+/// Above the details: that they are no longer up to date, and why; empty while they are.
+QString notice(const AircraftWatch& watch, const SkyReport& report);
+
+} // namespace skyvane::WatchWords

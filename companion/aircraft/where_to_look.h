@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/model/aircraft.h"
+#include "core/model/home_location.h"
+
+#include <optional>
+#include <string>
+
+namespace skyvane {
+
+/// Where an aircraft stands, seen from home.
+struct WhereToLook {
+    double bearingDeg; ///< Clockwise from true north.
+    std::optional<double> elevationDeg{}; ///< Above the horizon, negative below it; absent without a height.
+
+    bool operator==(const WhereToLook&) const = default;
+};
+
+/// The elevation is that seen from sea level on a round Earth. Absent without a direction.
+std::optional<WhereToLook> whereToLook(const Aircraft& aircraft, const std::optional<HomeLocation>& home);
+
+/// In the user's language: "Look north-east, about 12° above the horizon."
+std::string lookText(const WhereToLook& where);
+
+} // namespace skyvane

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QVariantMap>
+
+class QWidget;
+
+/// How a window comes to the front on behalf of the click that asked for it.
+namespace skyvane::Activation {
+
+/// What the desktop gave this process at its start; empty: nothing.
+QString tokenOfStart();
+
+/// What comes along with a request over D-Bus; empty: nothing.
+QString tokenIn(const QVariantMap& platformData);
+QVariantMap platformData(const QString& token);
+
+/// Shows the window, restores it where it is minimised, and brings it to the front as far as the desktop
+/// allows that to the holder of the token.
+void bringToFront(QWidget& window, const QString& token);
+
+} // namespace skyvane::Activation

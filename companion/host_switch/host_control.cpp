@@ -1,0 +1,96 @@
+#include "companion/host_switch/host_control.h"
+
+#include "companion/common/to_qstring.h"
+#include "platform/text/localized.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QProcess>
+
+#include <chrono>
+
+namespace skyvane {
+
+namespace {
+
+constexpr std::chrono::seconds longestWait{10};
+
+QString hostName()
+{
+    return QStringLiteral("org.skyvane.Host");
+}
+
+/// The token of this program's own start is not the host's.
+QProcessEnvironment environmentOfHost()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("XDG_ACTIVATION_TOKEN"));
+    environment.remove(QStringLiteral("DESKTOP_STARTUP_ID"));
+    return environment;
+}
+
+} // namespace
+
+HostControl::HostControl(QDBusConnection bus, QString program)
+    : m_bus(std::move(bus))
+    , m_program(std::move(program))
+    , m_watcher(hostName(), m_bus, QDBusServiceWatcher::WatchForOwnerChange)
+{
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(longestWait);
+    m_patience.callOnTimeout([this] {
+        emit failed(m_isRunning ? toQString(localized("The widgets do not answer."))
+                                : toQString(localized("The widgets did not start.")));
+    });
+    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+        [this](const QString&, const QString&, const QString& owner) { setRunning(!owner.isEmpty()); });
+    askWhetherItRuns();
+}
+
+void HostControl::askWhetherItRuns()
+{
+    auto message = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+        QStringLiteral("/org/freedesktop/DBus"), QStringLiteral("org.freedesktop.DBus"),
+        QStringLiteral("NameHasOwner"));
+    message << hostName();
+    auto* answer = new QDBusPendingCallWatcher{m_bus.asyncCall(message), this};
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        const QDBusPendingReply<bool> hasOwner = *answer;
+        if (hasOwner.isValid())
+            setRunning(hasOwner.value());
+        answer->deleteLater();
+    });
+}
+
+void HostControl::setRunning(bool isRunning)
+{
+    m_patience.stop();
+    if (std::exchange(m_isRunning, isRunning) != isRunning)
+        emit runningChanged(isRunning);
+}
+
+void HostControl::start()
+{
+    if (m_isRunning)
+        return;
+    QProcess host;
+    host.setProgram(m_program);
+    host.setProcessEnvironment(environmentOfHost());
+    if (host.startDetached())
+        m_patience.start();
+    else
+        emit failed(toQString(localized("The widgets’ program cannot be started: %1")).arg(m_program));
+}
+
+void HostControl::stop()
+{
+    if (!m_isRunning)
+        return;
+    const auto message = QDBusMessage::createMethodCall(
+        hostName(), QStringLiteral("/org/skyvane/Host"), hostName(), QStringLiteral("Quit"));
+    m_bus.send(message);
+    m_patience.start();
+}
+
+} // namespace skyvane

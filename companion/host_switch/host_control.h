@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QTimer>
+
+namespace skyvane {
+
+/// Starts and ends the session's widget host, and knows whether it runs.
+class HostControl : public QObject {
+    Q_OBJECT
+public:
+    /// `program`: what is started.
+    HostControl(QDBusConnection bus, QString program);
+
+    const QString& program() const { return m_program; }
+    bool isRunning() const { return m_isRunning; }
+
+    void start();
+    void stop();
+
+signals:
+    void runningChanged(bool isRunning);
+    /// In words, for the user.
+    void failed(const QString& problem);
+
+private:
+    void setRunning(bool isRunning);
+    void askWhetherItRuns();
+
+    QDBusConnection m_bus;
+    QString m_program;
+    QDBusServiceWatcher m_watcher;
+    QTimer m_patience; ///< Runs while a start or an end is awaited.
+    bool m_isRunning = false;
+};
+
+} // namespace skyvane

@@ -1,0 +1,66 @@
+#include "companion/host_switch/host_switch.h"
+
+#include "companion/common/to_qstring.h"
+#include "companion/common/type_scale.h"
+#include "companion/host_switch/host_control.h"
+#include "platform/text/localized.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace skyvane {
+
+namespace {
+
+QString explanation()
+{
+    return toQString(localized("Now, and whenever you log in."));
+}
+
+} // namespace
+
+HostSwitch::HostSwitch(HostControl& host, AutostartFolders folders, QWidget* parent)
+    : QWidget(parent)
+    , m_host(host)
+    , m_folders(std::move(folders))
+    , m_box(new QCheckBox{toQString(localized("Show &widgets on my desktop"))})
+    , m_words(new QLabel{explanation()})
+{
+    m_box->setFont(TypeScale::strong(font()));
+    m_words->setTextFormat(Qt::PlainText);
+    m_words->setWordWrap(true);
+    TypeScale::makeQuiet(*m_words);
+    auto* column = new QVBoxLayout{this};
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(m_box);
+    column->addWidget(m_words);
+    m_box->setChecked(m_host.isRunning());
+    connect(&m_host, &HostControl::runningChanged, m_box, &QCheckBox::setChecked);
+    connect(&m_host, &HostControl::failed, this, &HostSwitch::showProblem);
+    connect(m_box, &QCheckBox::clicked, this, &HostSwitch::choose);
+}
+
+void HostSwitch::choose(bool isOn)
+{
+    m_words->setText(explanation());
+    if (isOn)
+        m_host.start();
+    else
+        m_host.stop();
+    const bool hasTaken
+        = isOn ? Autostart::turnOn(m_folders, m_host.program().toStdString()) : Autostart::turnOff(m_folders);
+    if (!hasTaken)
+        showProblem(toQString(localized("What starts when you log in cannot be changed: %1"))
+                        .arg(toQString(m_folders.own.string())));
+}
+
+void HostSwitch::showProblem(const QString& problem)
+{
+    m_words->setText(problem);
+    m_box->setAccessibleDescription(problem);
+    m_box->setChecked(m_host.isRunning());
+}
+
+} // namespace skyvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "companion/host_switch/autostart.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QLabel;
+
+namespace skyvane {
+
+class HostControl;
+
+/// "Show widgets on my desktop": on while they are there, now and with every session.
+class HostSwitch : public QWidget {
+    Q_OBJECT
+public:
+    HostSwitch(HostControl& host, AutostartFolders folders, QWidget* parent = nullptr);
+
+private:
+    void choose(bool isOn);
+    void showProblem(const QString& problem);
+
+    HostControl& m_host;
+    AutostartFolders m_folders;
+    QCheckBox* m_box;
+    QLabel* m_words;
+};
+
+} // namespace skyvane

@@ -1,0 +1,50 @@
+#include "companion/command_line.h"
+#include "companion/desktop/activation.h"
+#include "companion/run_companion.h"
+#include "platform/text/localized.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include <filesystem>
+#include <iostream>
+
+namespace {
+
+/// Beside the program's own place, built or installed.
+std::filesystem::path catalogueFolder()
+{
+    std::error_code ignored;
+    return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path() / "../share/locale";
+}
+
+int print(const skyvane::Printed& printed)
+{
+    (printed.isError ? std::cerr : std::cout) << printed.text;
+    return printed.isError ? 2 : 0;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const auto read = skyvane::readCommandLine({argv + (argc > 0 ? 1 : 0), argv + argc});
+    if (const auto* printed = std::get_if<skyvane::Printed>(&read))
+        return print(*printed);
+    const QString token = skyvane::Activation::tokenOfStart();
+    skyvane::useCatalogues(catalogueFolder());
+    int programNameOnly = 1;
+    QApplication application{programNameOnly, argv};
+    QApplication::setApplicationName(QStringLiteral("skyvane"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Skyvane"));
+    QApplication::setDesktopFileName(QStringLiteral("org.skyvane.Companion"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.skyvane.Companion")));
+    QTranslator words;
+    if (words.load(QLocale{}, QStringLiteral("qtbase"), QStringLiteral("_"),
+            QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&words);
+    return skyvane::runCompanion(
+        skyvane::CompanionSetup::standard(), std::get<skyvane::CommandLine>(read), token);
+}

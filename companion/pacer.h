@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/net/url_session.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <list>
+#include <map>
+#include <mutex>
+#include <string>
+
+namespace skyvane {
+
+/// Keeps to what the sources ask for: one request at a time to each host, in the order in which they came,
+/// and a rest after every one.
+class Pacer {
+public:
+    explicit Pacer(Transport transport, std::chrono::milliseconds rest = std::chrono::seconds{1});
+
+    /// What the transport gives for the request once its turn has come. Called from any thread but the event
+    /// loop's. Throws `CancellationError` at once when `stop` asks for it, and what the transport throws.
+    URLResponse data(const URLRequest& request, std::stop_token stop);
+
+    /// `data` of this pacer, which must outlive it.
+    Transport transport();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Host {
+        std::list<const URLRequest*> line{}; ///< The first one's is the turn.
+        Clock::time_point restedAt{};
+    };
+
+    class Turn;
+
+    Transport m_transport;
+    std::chrono::milliseconds m_rest;
+    std::mutex m_mutex; ///< Guards what follows.
+    std::condition_variable_any m_changed;
+    std::map<std::string, Host> m_hosts;
+};
+
+} // namespace skyvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+/// The pieces of a written position.
+namespace skyvane::CoordinateTokens {
+
+struct Number {
+    double value;
+    bool isWhole;
+
+    bool operator==(const Number&) const = default;
+};
+
+enum class Sign { plus, minus };
+enum class Mark { degrees, minutes, seconds };
+enum class Hemisphere { north, south, east, west };
+struct Separator {
+    bool operator==(const Separator&) const = default;
+};
+
+using Token = std::variant<Number, Sign, Mark, Hemisphere, Separator>;
+
+/// What a comma with a digit on either side is.
+enum class Comma { separator, decimalMark };
+
+/// Absent as soon as there is anything else in the text, and for texts that are too long for a position.
+std::optional<std::vector<Token>> read(std::string_view text, Comma comma);
+
+} // namespace skyvane::CoordinateTokens

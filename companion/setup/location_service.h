@@ -1,0 +1,67 @@
+#pragma once
+
+#include "core/model/aircraft.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+namespace skyvane {
+
+/// Asks the system where it stands, once a question. Nothing waits: the answer is a signal.
+class LocationService : public QObject {
+    Q_OBJECT
+public:
+    enum class Failure {
+        notRunning, ///< No service answers, or it went while it was asked.
+        denied,
+        noFixInTime,
+        other, ///< It answered with an error or with no position.
+    };
+
+    /// `limit`: for the whole of one question.
+    explicit LocationService(const QDBusConnection& bus,
+        std::chrono::milliseconds limit = std::chrono::seconds{30}, QObject* parent = nullptr);
+    ~LocationService() override;
+
+    /// Replaces a question under way.
+    void ask();
+
+    /// Ends a question under way without an answer.
+    void cancel();
+
+    bool isAsking() const { return m_isAsking; }
+
+signals:
+    void located(const skyvane::Coordinate& coordinate);
+    void failed(skyvane::LocationService::Failure failure);
+
+private slots:
+    void locationUpdated(const QDBusObjectPath& old, const QDBusObjectPath& current);
+
+private:
+    using Next = std::function<void(const QDBusMessage& answer)>;
+
+    void call(const QDBusMessage& message, Next next);
+    void introduce(const QDBusMessage& client);
+    void start();
+    void readLocation(const QDBusMessage& properties);
+    void answerWith(Failure failure);
+    void end();
+
+    QDBusConnection m_bus;
+    QDBusServiceWatcher m_owner;
+    QTimer m_limit;
+    bool m_isAsking = false;
+    unsigned m_question = 0; ///< So that a late answer to an earlier one is known as such.
+    QString m_client; ///< The path of what stands for this program in the service; empty: none.
+};
+
+} // namespace skyvane

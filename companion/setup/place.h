@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/model/aircraft.h"
+
+#include <string>
+
+namespace skyvane {
+
+/// A place with a name that somebody may live at.
+struct Place {
+    std::string name; ///< In the user's language.
+    std::string englishName;
+    std::string region; ///< What the place lies in, innermost first: "Bavaria, Germany".
+    std::string countryCode; ///< "DE".
+    std::string code{}; ///< Of an airport, such as "EDDM"; empty for a city.
+    Coordinate coordinate;
+    bool isPrincipal = false; ///< Gives its time zone the name.
+
+    /// In one line, to tell it from others of its name.
+    std::string title() const;
+
+    bool operator==(const Place&) const = default;
+};
+
+} // namespace skyvane

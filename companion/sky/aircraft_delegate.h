@@ -1,0 +1,17 @@
+#pragma once
+
+#include "companion/sky/cell_delegate.h"
+
+namespace skyvane {
+
+/// Paints an aircraft's name between its heading glyph and its badge, in the colour that it has on the scope
+/// as far as it can be read.
+class AircraftDelegate : public CellDelegate {
+public:
+    using CellDelegate::CellDelegate;
+
+    void paint(
+        QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};
+
+} // namespace skyvane

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+namespace skyvane {
+
+/// What stands where the list would be when there is nothing to list.
+class EmptySky : public QWidget {
+    Q_OBJECT
+public:
+    struct Words {
+        QString title;
+        QString explanation{}; ///< Plain text, whatever it holds.
+        QString action{}; ///< Of the button; empty: none.
+
+        bool operator==(const Words&) const = default;
+    };
+
+    explicit EmptySky(QWidget* parent = nullptr);
+
+    void show(const Words& words);
+    QString title() const;
+    QString explanation() const;
+
+signals:
+    void actionTriggered();
+
+private:
+    QLabel* m_title;
+    QLabel* m_explanation;
+    QPushButton* m_action;
+};
+
+} // namespace skyvane

@@ -1,0 +1,132 @@
+#include "companion/sky/sky_cells.h"
+
+#include "companion/common/to_qstring.h"
+#include "platform/text/localized.h"
+
+#include <optional>
+
+namespace skyvane::SkyCells {
+
+namespace {
+
+QString orEmpty(const std::optional<std::string>& text)
+{
+    return text ? toQString(*text) : QString{};
+}
+
+template <class Number>
+QVariant orNothing(const std::optional<Number>& number)
+{
+    return number ? QVariant{static_cast<double>(*number)} : QVariant{};
+}
+
+QString model(const Aircraft& aircraft)
+{
+    if (const auto name = aircraft.typeName())
+        return toQString(*name);
+    return orEmpty(aircraft.typeCode);
+}
+
+QVariant textKey(const QString& text)
+{
+    return text.isEmpty() ? QVariant{} : QVariant{text.toCaseFolded()};
+}
+
+/// On the ground counts as lower than everything that flies.
+QVariant altitudeKey(const Aircraft& aircraft)
+{
+    constexpr double ground = -100'000;
+    return aircraft.isOnGround() ? QVariant{ground} : orNothing(aircraft.altitudeFeet());
+}
+
+} // namespace
+
+QString title(SkyColumn column)
+{
+    switch (column) {
+    case SkyColumn::name:
+        return toQString(localized("Aircraft"));
+    case SkyColumn::model:
+        return toQString(localized("Model"));
+    case SkyColumn::operatorName:
+        return toQString(localized("Operator"));
+    case SkyColumn::distance:
+        return toQString(localized("Distance"));
+    case SkyColumn::altitude:
+        return toQString(localized("Altitude"));
+    case SkyColumn::climb:
+        return toQString(localized("Climb"));
+    }
+    return {};
+}
+
+QString text(const Aircraft& aircraft, SkyColumn column, const std::string& unit)
+{
+    switch (column) {
+    case SkyColumn::name:
+        return toQString(aircraft.displayName());
+    case SkyColumn::model:
+        return model(aircraft);
+    case SkyColumn::operatorName:
+        return orEmpty(aircraft.operatorDisplayName());
+    case SkyColumn::distance:
+        return orEmpty(aircraft.distanceText(unit, /*compact=*/false));
+    case SkyColumn::altitude:
+        if (aircraft.isOnGround())
+            return toQString(localized("On ground"));
+        return toQString(aircraft.altitudeText());
+    case SkyColumn::climb:
+        return orEmpty(aircraft.verticalText());
+    }
+    return {};
+}
+
+QVariant sortKey(const Aircraft& aircraft, SkyColumn column)
+{
+    switch (column) {
+    case SkyColumn::name:
+    case SkyColumn::model:
+    case SkyColumn::operatorName:
+        return textKey(text(aircraft, column, {}));
+    case SkyColumn::distance:
+        return orNothing(aircraft.distanceNM);
+    case SkyColumn::altitude:
+        return altitudeKey(aircraft);
+    case SkyColumn::climb:
+        return orNothing(aircraft.verticalRate());
+    }
+    return {};
+}
+
+QString badge(const Aircraft& aircraft)
+{
+    if (aircraft.isEmergency())
+        return toQString(localized("Emergency"));
+    return aircraft.isMilitary() ? toQString(localized("Military")) : QString{};
+}
+
+QString summary(const Aircraft& aircraft)
+{
+    QStringList words{text(aircraft, SkyColumn::name, {}), badge(aircraft), orEmpty(aircraft.registration),
+        text(aircraft, SkyColumn::model, {}), text(aircraft, SkyColumn::operatorName, {})};
+    words.removeAll(QString{});
+    words.removeDuplicates();
+    return words.join(QStringLiteral(" · "));
+}
+
+QString searched(const Aircraft& aircraft)
+{
+    return QStringList{
+        text(aircraft, SkyColumn::name, {}),
+        text(aircraft, SkyColumn::model, {}),
+        text(aircraft, SkyColumn::operatorName, {}),
+        orEmpty(aircraft.registration),
+        orEmpty(aircraft.typeCode),
+        orEmpty(aircraft.squawk),
+        badge(aircraft),
+        toQString(aircraft.hex),
+    }
+        .join(QLatin1Char{'\n'});
+}
+
+} // namespace skyvane::SkyCells

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "companion/sky/sky_model.h"
+
+/// What stands in the cells of the sky list.
+namespace skyvane::SkyCells {
+
+QString title(SkyColumn column);
+QString text(const Aircraft& aircraft, SkyColumn column, const std::string& unit);
+
+/// To order by: a number or a text; invalid where nothing is known.
+QVariant sortKey(const Aircraft& aircraft, SkyColumn column);
+
+/// "Emergency", "Military", or nothing.
+QString badge(const Aircraft& aircraft);
+
+/// The aircraft in a sentence's worth of words, for a tool tip.
+QString summary(const Aircraft& aircraft);
+
+/// Every text by which it may be looked for, one a line.
+QString searched(const Aircraft& aircraft);
+
+} // namespace skyvane::SkyCells

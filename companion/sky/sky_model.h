@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/config/scope_palette.h"
+#include "core/model/aircraft.h"
+
+#include <QAbstractTableModel>
+
+#include <string>
+#include <vector>
+
+namespace skyvane {
+
+enum class SkyColumn { name, model, operatorName, distance, altitude, climb };
+
+/// The aircraft of the sky, one a row.
+class SkyModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    enum Role {
+        SortRole = Qt::UserRole, ///< A number or a text; invalid where nothing is known.
+        FilterRole, ///< All texts by which an aircraft may be looked for.
+        HexRole,
+        TrackRole, ///< Degrees; invalid where it is not known.
+        BadgeRole, ///< What sets the aircraft apart, in a word; empty: nothing.
+        BlipRole, ///< The colour that it has on the scope.
+    };
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    /// Aircraft that were there before keep their rows' selection and focus. The unit is that of
+    /// `Aircraft::distanceText`.
+    void show(std::vector<Aircraft> aircraft, const std::string& unit, const ScopePalette& palette);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    void follow(std::vector<Aircraft> aircraft);
+    void removeGone(const std::vector<Aircraft>& now);
+    void appendNew(const std::vector<Aircraft>& now);
+    void bringIntoOrder(std::vector<Aircraft> now);
+
+    std::vector<Aircraft> m_aircraft;
+    std::string m_unit = "mi";
+    ScopePalette m_palette = ScopePalette::standard();
+};
+
+} // namespace skyvane

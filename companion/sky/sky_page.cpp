@@ -1,0 +1,158 @@
+#include "companion/sky/sky_page.h"
+
+#include "companion/common/to_qstring.h"
+#include "companion/common/type_scale.h"
+#include "companion/common/view_widget.h"
+#include "companion/line_icon.h"
+#include "companion/notice_bar.h"
+#include "companion/sky/empty_sky.h"
+#include "companion/sky/range_text.h"
+#include "companion/sky/sky_table.h"
+#include "companion/sky/sky_words.h"
+#include "companion/sources.h"
+#include "core/radar/radar_view.h"
+#include "platform/text/localized.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStackedWidget>
+
+namespace skyvane {
+
+namespace {
+
+constexpr int margin = 20;
+constexpr int scopeSize = 300;
+constexpr int widthForScope = 940;
+
+} // namespace
+
+SkyPage::SkyPage(SkyFeed& feed, const FontMeasurer& fonts, QWidget* parent)
+    : QWidget(parent)
+    , m_feed(feed)
+    , m_filter(new QLineEdit)
+    , m_linkProblem(new NoticeBar{toQString(localized("Dismiss"))})
+    , m_feedProblem(new NoticeBar{toQString(localized("Ask again"))})
+    , m_stack(new QStackedWidget)
+    , m_table(new SkyTable)
+    , m_empty(new EmptySky)
+    , m_scope(new ViewWidget{fonts})
+    , m_range(new QLabel)
+{
+    m_filter->setPlaceholderText(toQString(localized("Filter by name, model, operator, squawk…")));
+    m_filter->setAccessibleName(toQString(localized("Filter")));
+    m_filter->setClearButtonEnabled(true);
+    m_filter->addAction(lineIcon(LineIcon::search), QLineEdit::LeadingPosition);
+    m_scope->setFixedSize(scopeSize, scopeSize);
+    m_scope->setAccessibleName(toQString(localized("Radar scope")));
+    m_range->setAlignment(Qt::AlignCenter);
+    m_range->setFont(TypeScale::small(font()));
+    TypeScale::makeQuiet(*m_range);
+    layOut(makeSourcesLabel({Source::firstAggregator, Source::secondAggregator}));
+
+    connect(&m_feed, &SkyFeed::changed, this, &SkyPage::showReport);
+    connect(m_filter, &QLineEdit::textChanged, m_table, &SkyTable::setWords);
+    connect(m_filter, &QLineEdit::textChanged, this, &SkyPage::showListOrWords);
+    connect(m_table, &SkyTable::aircraftActivated, this, &SkyPage::aircraftActivated);
+    connect(m_linkProblem, &NoticeBar::actionTriggered, this, [this] { showLinkProblem({}); });
+    connect(m_feedProblem, &NoticeBar::actionTriggered, &m_feed, &SkyFeed::refresh);
+    connect(m_empty, &EmptySky::actionTriggered, this, [this] {
+        if (!m_feed.report().entry.home)
+            emit settingsWanted();
+        else if (m_feed.report().entry.aircraft.empty())
+            m_feed.refresh();
+        else
+            m_filter->clear();
+    });
+    showReport();
+}
+
+void SkyPage::layOut(QWidget* footer)
+{
+    m_stack->addWidget(m_table);
+    m_stack->addWidget(m_empty);
+    auto* list = new QVBoxLayout;
+    list->setSpacing(margin / 2);
+    list->addWidget(m_filter);
+    list->addWidget(m_stack, /*stretch=*/1);
+    auto* body = new QHBoxLayout;
+    body->setSpacing(margin);
+    body->addLayout(list, /*stretch=*/1);
+    auto* scope = new QVBoxLayout;
+    scope->setSpacing(margin / 2);
+    scope->addWidget(m_scope);
+    scope->addWidget(m_range);
+    scope->addStretch();
+    body->addLayout(scope);
+    auto* page = new QVBoxLayout{this};
+    page->setContentsMargins(margin, 0, margin, margin / 2);
+    page->setSpacing(margin / 2);
+    page->addWidget(m_linkProblem);
+    page->addWidget(m_feedProblem);
+    page->addLayout(body, /*stretch=*/1);
+    page->addWidget(footer);
+}
+
+Heading SkyPage::heading() const
+{
+    return SkyWords::heading(m_feed.report());
+}
+
+void SkyPage::showLinkProblem(const QString& text)
+{
+    m_linkProblem->showText(text);
+}
+
+void SkyPage::focusFilter()
+{
+    m_filter->setFocus(Qt::ShortcutFocusReason);
+    m_filter->selectAll();
+}
+
+void SkyPage::focusList()
+{
+    m_stack->currentWidget()->setFocus();
+}
+
+void SkyPage::showReport()
+{
+    const SkyReport& report = m_feed.report();
+    m_table->showEntry(report.entry);
+    m_scope->showCard(RadarView{.entry = report.entry}.body(), report.entry.palette().background);
+    m_range->setText(toQString(localized("The outer ring is at %1."))
+                         .arg(toQString(rangeText(report.entry.radiusNM, report.entry.unit))));
+    m_feedProblem->showText(SkyWords::notice(report));
+    showListOrWords();
+    emit headingChanged();
+}
+
+void SkyPage::showListOrWords()
+{
+    const auto instead = SkyWords::instead(m_feed.report());
+    if (instead)
+        m_empty->show(*instead);
+    else if (m_table->rowCount() == 0)
+        m_empty->show({
+            .title = toQString(localized("No match")),
+            .explanation
+            = toQString(localized("No aircraft in range has “%1” about it.")).arg(m_filter->text().trimmed()),
+            .action = toQString(localized("Clear the filter")),
+        });
+    const bool isList = !instead && m_table->rowCount() > 0;
+    QWidget* shown = isList ? static_cast<QWidget*>(m_table) : m_empty;
+    const bool isAnother = m_stack->currentWidget() != shown;
+    m_stack->setCurrentWidget(shown);
+    if (isAnother && isVisible() && !m_filter->hasFocus())
+        shown->setFocus();
+    m_filter->setEnabled(!instead);
+}
+
+void SkyPage::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    for (QWidget* widget : {static_cast<QWidget*>(m_scope), static_cast<QWidget*>(m_range)})
+        widget->setVisible(width() >= widthForScope);
+}
+
+} // namespace skyvane

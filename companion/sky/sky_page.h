@@ -1,0 +1,59 @@
+#pragma once
+
+#include "companion/heading.h"
+#include "companion/sky/sky_feed.h"
+#include "paint/font_measurer.h"
+
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QStackedWidget;
+
+namespace skyvane {
+
+class EmptySky;
+class NoticeBar;
+class SkyTable;
+class ViewWidget;
+
+/// The aircraft around home as a list, the scope beside it where there is room.
+class SkyPage : public QWidget {
+    Q_OBJECT
+public:
+    SkyPage(SkyFeed& feed, const FontMeasurer& fonts, QWidget* parent = nullptr);
+
+    Heading heading() const;
+
+    /// Says, until the user has read it, why a link showed nothing of its own; nothing for an empty text.
+    void showLinkProblem(const QString& text);
+
+    void focusFilter();
+    /// To the list, so that the keyboard works at once.
+    void focusList();
+
+signals:
+    void headingChanged();
+    void aircraftActivated(const QString& hex);
+    void settingsWanted();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void layOut(QWidget* footer);
+    void showReport();
+    void showListOrWords();
+
+    SkyFeed& m_feed;
+    QLineEdit* m_filter;
+    NoticeBar* m_linkProblem;
+    NoticeBar* m_feedProblem;
+    QStackedWidget* m_stack;
+    SkyTable* m_table;
+    EmptySky* m_empty;
+    ViewWidget* m_scope;
+    QLabel* m_range;
+};
+
+} // namespace skyvane

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "companion/sky/sky_filter.h"
+#include "companion/sky/sky_model.h"
+#include "core/views/sky_entry.h"
+
+#include <QTableView>
+
+namespace skyvane {
+
+/// The list of the sky, to be ordered by a click on a column's head.
+class SkyTable : public QTableView {
+    Q_OBJECT
+public:
+    explicit SkyTable(QWidget* parent = nullptr);
+
+    void showEntry(const SkyEntry& entry);
+    void setWords(const QString& words);
+    int rowCount() const { return m_filter.rowCount(); }
+
+signals:
+    /// Enter or a double click on its row.
+    void aircraftActivated(const QString& hex);
+    /// The rows that can be seen are others.
+    void rowsChanged();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void setUpColumns();
+    void activate(const QModelIndex& index);
+
+    SkyModel m_model;
+    SkyFilter m_filter;
+};
+
+} // namespace skyvane

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "companion/heading.h"
+#include "companion/sky/empty_sky.h"
+#include "companion/sky/sky_feed.h"
+
+#include <optional>
+
+/// What the sky page says in words.
+namespace skyvane::SkyWords {
+
+Heading heading(const SkyReport& report);
+
+/// In place of the list; absent when there are aircraft to list.
+std::optional<EmptySky::Words> instead(const SkyReport& report);
+
+/// Above the list: that it is no longer up to date, and why; empty while it is.
+QString notice(const SkyReport& report);
+
+} // namespace skyvane::SkyWords

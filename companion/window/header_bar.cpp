@@ -1,0 +1,85 @@
+#include "companion/window/header_bar.h"
+
+#include "companion/common/to_qstring.h"
+#include "companion/common/type_scale.h"
+#include "companion/line_icon.h"
+#include "platform/text/localized.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QToolButton>
+
+namespace skyvane {
+
+namespace {
+
+constexpr QSize iconSize{20, 20};
+
+QToolButton* iconButton()
+{
+    auto* button = new QToolButton;
+    button->setAutoRaise(true);
+    button->setIconSize(iconSize);
+    button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setMinimumSize(36, 36);
+    return button;
+}
+
+/// Only there while its action can be taken.
+QToolButton* actionButton(QAction* action)
+{
+    QToolButton* button = iconButton();
+    button->setDefaultAction(action);
+    button->setVisible(action->isEnabled());
+    QObject::connect(action, &QAction::enabledChanged, button, &QToolButton::setVisible);
+    return button;
+}
+
+QToolButton* menuButton(const std::vector<QAction*>& actions)
+{
+    QToolButton* button = iconButton();
+    auto* menu = new QMenu{button};
+    for (QAction* action : actions)
+        menu->addAction(action);
+    button->setIcon(lineIcon(LineIcon::menu));
+    button->setToolTip(toQString(localized("Menu")));
+    button->setAccessibleName(toQString(localized("Menu")));
+    button->setMenu(menu);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
+    return button;
+}
+
+} // namespace
+
+HeaderBar::HeaderBar(const Actions& actions, QWidget* parent)
+    : QWidget(parent), m_title(new QLabel), m_details(new QLabel)
+{
+    m_title->setFont(TypeScale::title(font()));
+    TypeScale::makeQuiet(*m_details);
+    for (QLabel* label : {m_title, m_details})
+        label->setTextFormat(Qt::PlainText);
+    auto* words = new QVBoxLayout;
+    words->setSpacing(0);
+    words->addWidget(m_title);
+    words->addWidget(m_details);
+    auto* row = new QHBoxLayout{this};
+    row->setContentsMargins(20, 14, 12, 12);
+    row->setSpacing(8);
+    row->addWidget(actionButton(actions.back));
+    row->addLayout(words, /*stretch=*/1);
+    row->addWidget(actionButton(actions.refresh));
+    row->addWidget(menuButton(actions.menu));
+}
+
+void HeaderBar::showHeading(const Heading& heading)
+{
+    m_title->setText(heading.title);
+    m_details->setText(heading.details);
+    m_details->setVisible(!heading.details.isEmpty());
+}
+
+} // namespace skyvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "companion/heading.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class QAction;
+class QLabel;
+
+namespace skyvane {
+
+/// The top of the window: the way back, the page's heading, refresh and the menu.
+class HeaderBar : public QWidget {
+    Q_OBJECT
+public:
+    struct Actions {
+        QAction* back;
+        QAction* refresh;
+        std::vector<QAction*> menu;
+    };
+
+    explicit HeaderBar(const Actions& actions, QWidget* parent = nullptr);
+
+    void showHeading(const Heading& heading);
+
+private:
+    QLabel* m_title;
+    QLabel* m_details;
+};
+
+} // namespace skyvane

@@ -1,0 +1,227 @@
+#include "companion/window/main_window.h"
+
+#include "companion/aircraft/aircraft_page.h"
+#include "companion/common/to_qstring.h"
+#include "companion/host_switch/host_switch.h"
+#include "companion/line_icon.h"
+#include "companion/setup/settings_page.h"
+#include "companion/sky/sky_page.h"
+#include "companion/window/about_dialog.h"
+#include "companion/window/header_bar.h"
+#include "platform/text/localized.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFrame>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace skyvane {
+
+namespace {
+
+constexpr QSize firstSize{1120, 720};
+constexpr QSize leastSize{640, 480};
+
+QString geometryKey()
+{
+    return QStringLiteral("window/geometry");
+}
+
+QFrame* line()
+{
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
+    return line;
+}
+
+} // namespace
+
+MainWindow::MainWindow(const WindowParts& parts)
+    : m_parts(parts)
+    , m_sky(new SkyPage{m_parts.feed, m_parts.fonts})
+    , m_aircraft(new AircraftPage{{m_parts.feed, m_parts.lookups, m_parts.open}, m_parts.fonts})
+    , m_stack(new QStackedWidget)
+{
+    setMinimumSize(leastSize);
+    makeActions();
+    m_header
+        = new HeaderBar{{.back = m_back, .refresh = m_refresh, .menu = {m_settingsAction, m_about, m_quit}}};
+    m_stack->addWidget(m_sky);
+    m_stack->addWidget(m_aircraft);
+    auto* column = new QVBoxLayout{this};
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_header);
+    column->addWidget(m_stack, /*stretch=*/1);
+
+    connect(m_sky, &SkyPage::headingChanged, this, &MainWindow::showHeading);
+    connect(m_aircraft, &AircraftPage::headingChanged, this, &MainWindow::showHeading);
+    connect(m_sky, &SkyPage::aircraftActivated, this,
+        [this](const QString& hex) { showAircraft(hex.toStdString()); });
+    connect(m_sky, &SkyPage::settingsWanted, this, &MainWindow::showSettings);
+    connect(m_aircraft, &AircraftPage::settingsWanted, this, &MainWindow::showSettings);
+
+    const QSettings memory{toQString(m_parts.memory.string()), QSettings::IniFormat};
+    if (!restoreGeometry(memory.value(geometryKey()).toByteArray()))
+        resize(firstSize);
+    showSky();
+}
+
+QAction* MainWindow::addShortcut(
+    const QString& text, const QList<QKeySequence>& keys, std::function<void()> act)
+{
+    auto* action = new QAction{text, this};
+    action->setShortcuts(keys);
+    connect(action, &QAction::triggered, this, std::move(act));
+    addAction(action);
+    return action;
+}
+
+void MainWindow::makeActions()
+{
+    m_back = addShortcut(
+        toQString(localized("Back")), {Qt::ALT | Qt::Key_Left, Qt::Key_Escape}, [this] { goBack(); });
+    m_back->setIcon(lineIcon(LineIcon::back));
+    m_refresh = addShortcut(toQString(localized("Refresh")), {Qt::Key_F5, Qt::CTRL | Qt::Key_R},
+        [this] { m_parts.feed.refresh(); });
+    m_refresh->setIcon(lineIcon(LineIcon::refresh));
+    m_settingsAction = addShortcut(
+        toQString(localized("Settings…")), {Qt::CTRL | Qt::Key_Comma}, [this] { showSettings(); });
+    m_about = addShortcut(toQString(localized("About Skyvane")), {}, [this] { showAbout(); });
+    m_quit = addShortcut(toQString(localized("Quit")), {Qt::CTRL | Qt::Key_Q}, [] { QApplication::quit(); });
+    addShortcut(toQString(localized("Filter")), {Qt::CTRL | Qt::Key_F}, [this] {
+        showSky();
+        m_sky->focusFilter();
+    });
+}
+
+void MainWindow::showSky()
+{
+    turnTo(m_sky);
+    m_sky->focusList();
+}
+
+void MainWindow::showAircraft(const std::string& hex)
+{
+    m_sky->showLinkProblem({});
+    m_hex = hex;
+    turnTo(m_aircraft);
+    m_aircraft->showAircraft(hex);
+}
+
+void MainWindow::showSettings()
+{
+    if (m_settings == nullptr) {
+        m_settings = makeSettings();
+        m_stack->addWidget(m_settings);
+    }
+    if (m_stack->currentWidget() != m_settings)
+        m_beforeSettings = m_stack->currentWidget();
+    turnTo(m_settings);
+}
+
+QWidget* MainWindow::makeSettings()
+{
+    auto* page = new SettingsPage{m_parts.fonts, m_parts.systemBus};
+    connect(page, &SettingsPage::changed, &m_parts.feed, &SkyFeed::reload);
+    auto* hostSwitch = new HostSwitch{m_parts.host, m_parts.autostart};
+    hostSwitch->setContentsMargins(20, 8, 20, 12);
+    auto* settings = new QWidget;
+    auto* column = new QVBoxLayout{settings};
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(hostSwitch);
+    column->addWidget(line());
+    column->addWidget(page, /*stretch=*/1);
+    return settings;
+}
+
+void MainWindow::follow(const Link::Target& target)
+{
+    if (const auto* aircraft = std::get_if<Link::OneAircraft>(&target)) {
+        showAircraft(aircraft->hex);
+        return;
+    }
+    const auto* problem = std::get_if<Link::Problem>(&target);
+    if (problem != nullptr)
+        m_parts.feed.holdOff();
+    m_sky->showLinkProblem(problem != nullptr ? toQString(Link::description(*problem)) : QString{});
+    showSky();
+}
+
+void MainWindow::turnTo(QWidget* page)
+{
+    if (page != m_aircraft)
+        m_aircraft->leave();
+    m_stack->setCurrentWidget(page);
+    m_back->setEnabled(page != m_sky);
+    m_refresh->setEnabled(page != m_settings);
+    showHeading();
+    watchFeed();
+}
+
+void MainWindow::goBack()
+{
+    if (m_stack->currentWidget() == m_settings && m_beforeSettings == m_aircraft)
+        showAircraft(std::string{m_hex});
+    else
+        showSky();
+}
+
+void MainWindow::showHeading()
+{
+    Heading heading{.title = toQString(localized("Settings"))};
+    if (m_stack->currentWidget() == m_sky)
+        heading = m_sky->heading();
+    else if (m_stack->currentWidget() == m_aircraft)
+        heading = m_aircraft->heading();
+    m_header->showHeading(heading);
+    const QString& title = heading.window.isEmpty() ? heading.title : heading.window;
+    setWindowTitle(title + QStringLiteral(" – Skyvane"));
+}
+
+void MainWindow::watchFeed()
+{
+    m_parts.feed.setWatched(isVisible() && !isMinimized() && m_stack->currentWidget() != m_settings);
+}
+
+void MainWindow::showAbout()
+{
+    auto* about = new AboutDialog{this};
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->open();
+}
+
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    watchFeed();
+}
+
+void MainWindow::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    watchFeed();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    QSettings memory{toQString(m_parts.memory.string()), QSettings::IniFormat};
+    memory.setValue(geometryKey(), saveGeometry());
+    QWidget::closeEvent(event);
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        watchFeed();
+}
+
+} // namespace skyvane

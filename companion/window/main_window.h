@@ -1,0 +1,85 @@
+#pragma once
+
+#include "companion/aircraft/lookups.h"
+#include "companion/heading.h"
+#include "companion/host_switch/autostart.h"
+#include "companion/link.h"
+#include "companion/sky/sky_feed.h"
+#include "paint/font_measurer.h"
+
+#include <QDBusConnection>
+#include <QUrl>
+#include <QWidget>
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+class QAction;
+class QStackedWidget;
+
+namespace skyvane {
+
+class AircraftPage;
+class HeaderBar;
+class HostControl;
+class SkyPage;
+
+/// What the window is made of; all of it outlives the window.
+struct WindowParts {
+    SkyFeed& feed;
+    Lookups& lookups;
+    HostControl& host;
+    const FontMeasurer& fonts;
+    QDBusConnection systemBus; ///< Where the system's location service is.
+    std::function<void(const QUrl&)> open; ///< Shows a page on the web.
+    AutostartFolders autostart;
+    std::filesystem::path memory; ///< File in which the window's place is kept.
+};
+
+/// The companion's one window: the sky, one aircraft, or the settings.
+class MainWindow : public QWidget {
+    Q_OBJECT
+public:
+    explicit MainWindow(const WindowParts& parts);
+
+    void showSky();
+    void showAircraft(const std::string& hex);
+    void showSettings();
+
+    /// Where the link leads; for one that leads nowhere, the sky with a line that says why. Nobody is asked
+    /// anything because of it.
+    void follow(const Link::Target& target);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    QAction* addShortcut(const QString& text, const QList<QKeySequence>& keys, std::function<void()> act);
+    void makeActions();
+    QWidget* makeSettings();
+    void turnTo(QWidget* page);
+    void goBack();
+    void showHeading();
+    void watchFeed();
+    void showAbout();
+
+    WindowParts m_parts;
+    SkyPage* m_sky;
+    AircraftPage* m_aircraft;
+    QWidget* m_settings = nullptr; ///< Made when it is first shown.
+    QWidget* m_beforeSettings = nullptr;
+    std::string m_hex; ///< Of the aircraft that was shown last.
+    QStackedWidget* m_stack;
+    QAction* m_back = nullptr;
+    QAction* m_refresh = nullptr;
+    QAction* m_settingsAction = nullptr;
+    QAction* m_about = nullptr;
+    QAction* m_quit = nullptr;
+    HeaderBar* m_header = nullptr;
+};
+
+} // namespace skyvane

@@ -1,0 +1,228 @@
+#include "companion/aircraft/aircraft_page.h"
+#include "companion/aircraft/photo_card.h"
+#include "companion/aircraft/photo_panel.h"
+#include "companion/aircraft/route_panel.h"
+#include "companion/notice_bar.h"
+#include "companion/sky/empty_sky.h"
+#include "tests/companion/companion_stage.h"
+
+#include <QLabel>
+#include <QStackedWidget>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace skyvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* routePath = "/v0/callsign/UAL123";
+constexpr const char* photoPath = "/pub/photos/hex/";
+constexpr const char* imagePath = "/photo.jpg";
+
+constexpr const char* route = R"({"response":{"flightroute":{
+  "origin":{"iata_code":"SFO","municipality":"San Francisco"},
+  "destination":{"iata_code":"JFK","municipality":"New York"}}}})";
+constexpr const char* photo = R"({"photos":[{"thumbnail_large":{"src":"https://t.plnspttrs.net/photo.jpg"},
+  "link":"https://www.planespotters.net/photo/1","photographer":"Jane <b>Example"}]})";
+
+class AircraftPageTest : public testing::Test {
+protected:
+    AircraftPageTest()
+    {
+        stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+        stage.server.answer(routePath, {.body = route});
+        stage.server.answer(photoPath, {.body = photo});
+        stage.server.answer(imagePath, {.body = test::picture({420, 280}, "JPG")});
+        page.resize(1000, 700);
+        page.show();
+    }
+
+    bool waitForPhoto()
+    {
+        return test::waitFor([&] { return panel().isVisible() && !panel().credit().startsWith("Looking"); });
+    }
+
+    bool says(const QString& title)
+    {
+        return test::waitFor([&] {
+            const auto* empty = page.findChild<EmptySky*>();
+            return page.findChild<QStackedWidget*>()->currentWidget() == empty && empty->title() == title;
+        });
+    }
+
+    bool isInDetail()
+    {
+        return test::waitFor([&] { return page.findChild<QStackedWidget*>()->currentIndex() == 0; });
+    }
+
+    /// Every text that can be seen.
+    std::vector<std::string> texts() const
+    {
+        std::vector<std::string> list;
+        for (const QLabel* label : page.findChildren<QLabel*>()) {
+            if (label->isVisible())
+                list.push_back(label->text().toStdString());
+        }
+        return list;
+    }
+
+    PhotoPanel& panel() const { return *page.findChild<PhotoPanel*>(); }
+    RoutePanel& routePanel() const { return *page.findChild<RoutePanel*>(); }
+
+    test::CompanionStage stage;
+    SkyFeed feed{stage.errands, stage.pacer.transport()};
+    Lookups lookups{stage.errands, stage.pacer.transport()};
+    std::vector<QUrl> opened;
+    AircraftPage page{{feed, lookups, [this](const QUrl& url) { opened.push_back(url); }}, stage.fonts};
+};
+
+} // namespace
+
+TEST_F(AircraftPageTest, oneAircraftIsShownWithAllThatIsKnown)
+{
+    page.showAircraft("A1B2C3");
+    ASSERT_TRUE(isInDetail());
+    ASSERT_TRUE(test::waitFor([&] { return routePanel().isVisible(); }));
+    ASSERT_TRUE(waitForPhoto());
+    for (const char* text : {"UAL123", "Airbus A320 · N123UA · United Airlines", "35,000 ft", "452 kt",
+             "↑ 1,216 ft/min", "9.6 km", "1200", "A320", "A1B2C3", "SFO → JFK", "San Francisco → New York",
+             "Look north-east, about 48° above the horizon.", "Photo: © Jane <b>Example · planespotters.net"})
+        EXPECT_THAT(texts(), Contains(text));
+    EXPECT_EQ(page.heading().window, "UAL123");
+    EXPECT_THAT(page.heading().details.toStdString(), HasSubstr("as of "));
+}
+
+TEST_F(AircraftPageTest, aClickOnThePhotoOpensItsPage)
+{
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(waitForPhoto());
+    QTest::mouseClick(page.findChild<PhotoCard*>(), Qt::LeftButton);
+    EXPECT_THAT(opened, testing::ElementsAre(QUrl{"https://www.planespotters.net/photo/1"}));
+}
+
+TEST_F(AircraftPageTest, aPageThatIsNotSecureIsNotOpened)
+{
+    stage.server.answer(
+        photoPath, {.body = R"({"photos":[{"thumbnail_large":{"src":"https://t.plnspttrs.net/photo.jpg"},
+            "link":"http://www.planespotters.net/photo/1"}]})"});
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(waitForPhoto());
+    EXPECT_EQ(panel().credit(), "Photo: planespotters.net");
+    QTest::mouseClick(page.findChild<PhotoCard*>(), Qt::LeftButton);
+    EXPECT_THAT(opened, testing::IsEmpty());
+}
+
+TEST_F(AircraftPageTest, whatCannotBeHadIsLeftOut)
+{
+    stage.server.answer(routePath, {.status = 404});
+    stage.server.answer(imagePath, {.body = "no picture"});
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(isInDetail());
+    EXPECT_TRUE(test::waitFor([&] { return !panel().isVisible(); }));
+    EXPECT_TRUE(test::waitFor([&] { return stage.asked(routePath) == 1; }));
+    EXPECT_FALSE(routePanel().isVisible());
+    EXPECT_EQ(stage.asked(imagePath), 1U);
+}
+
+TEST_F(AircraftPageTest, anImageThatIsNotOverHTTPSIsNotAskedFor)
+{
+    stage.server.answer(photoPath,
+        {.body = R"({"photos":[{"thumbnail_large":{"src":"http://t.plnspttrs.net/photo.jpg"}}]})"});
+    page.showAircraft("a1b2c3");
+    EXPECT_TRUE(test::waitFor([&] { return !panel().isVisible(); }));
+    EXPECT_EQ(stage.asked(imagePath), 0U);
+}
+
+TEST_F(AircraftPageTest, nobodyIsAskedAboutWhatHasNeitherRouteNorPhoto)
+{
+    page.showAircraft("~4ca7b4");
+    ASSERT_TRUE(isInDetail());
+    EXPECT_THAT(texts(), Contains("It reports an emergency (7700)."));
+    EXPECT_FALSE(panel().isVisible());
+    EXPECT_EQ(stage.asked("/v0/"), 0U);
+    EXPECT_EQ(stage.asked(photoPath), 0U);
+}
+
+TEST_F(AircraftPageTest, anAnswerIsRememberedForTheVisit)
+{
+    for (int visit = 0; visit < 2; ++visit) {
+        page.showAircraft("a1b2c3");
+        ASSERT_TRUE(waitForPhoto());
+        ASSERT_TRUE(test::waitFor([&] { return routePanel().isVisible(); }));
+        page.leave();
+    }
+    for (const char* path : {routePath, photoPath, imagePath})
+        EXPECT_EQ(stage.asked(path), 1U) << path;
+}
+
+TEST_F(AircraftPageTest, movingOnCallsOffWhatIsStillLookedFor)
+{
+    stage.stall("/pub/photos/hex/a1b2c3");
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(test::waitFor([&] { return stage.asked("/pub/photos/hex/a1b2c3") == 1; }));
+    page.showAircraft("ae0001");
+    ASSERT_TRUE(waitForPhoto());
+    EXPECT_EQ(stage.asked("/pub/photos/hex/ae0001"), 1U);
+    EXPECT_THAT(texts(), Contains("RCH285"));
+}
+
+TEST_F(AircraftPageTest, slowSourcesNeverBlockTheWindow)
+{
+    for (const char* path : {routePath, photoPath})
+        stage.stall(path);
+    feed.refresh();
+    ASSERT_TRUE(test::waitFor([&] { return feed.report().hasAnswer; }));
+    test::StallMeter meter;
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(isInDetail());
+    ASSERT_TRUE(test::waitFor([&] { return stage.asked(routePath) == 1 && stage.asked(photoPath) == 1; }));
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_TRUE(test::waitFor([&] { return clock.hasExpired(1000); }));
+    EXPECT_THAT(texts(), Contains("Looking for a photo…"));
+    page.leave();
+    EXPECT_LT(meter.longest(), 500ms);
+}
+
+TEST_F(AircraftPageTest, anAircraftThatHasLeftIsSaidToHaveLeft)
+{
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(isInDetail());
+    stage.server.answer(test::feedPath, {.body = R"({"ac":[{"hex":"b","lat":1,"lon":2}]})"});
+    feed.refresh();
+    const auto* notice = page.findChild<NoticeBar*>();
+    EXPECT_TRUE(test::waitFor([&] { return notice->isVisible(); }));
+    EXPECT_THAT(notice->text().toStdString(), HasSubstr("no longer in range"));
+    EXPECT_THAT(texts(), Contains("UAL123"));
+    EXPECT_THAT(texts(), Not(Contains(HasSubstr("above the horizon"))));
+}
+
+TEST_F(AircraftPageTest, anAircraftThatIsElsewhereIsSaidToBe)
+{
+    page.showAircraft("ffffff");
+    EXPECT_TRUE(says("FFFFFF is not in range"));
+}
+
+TEST_F(AircraftPageTest, theFeedsErrorIsSaid)
+{
+    stage.server.answer(test::feedPath, {.status = 500});
+    stage.server.answer(test::secondFeedPath, {.status = 500});
+    page.showAircraft("a1b2c3");
+    EXPECT_TRUE(says("No answer"));
+    EXPECT_EQ(page.findChild<EmptySky*>()->explanation(), "opendata.adsb.fi returned an error");
+}
+
+TEST_F(AircraftPageTest, withoutAHomeItIsSaidWhatIsMissing)
+{
+    SharedState::clear();
+    page.showAircraft("a1b2c3");
+    EXPECT_TRUE(says("Where is home?"));
+}
+
+} // namespace skyvane

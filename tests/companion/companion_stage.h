@@ -1,0 +1,111 @@
+#pragma once
+
+#include "companion/aircraft/lookups.h"
+#include "companion/pacer.h"
+#include "companion/sky/sky_feed.h"
+#include "core/config/shared_state.h"
+#include "paint/font_measurer.h"
+#include "platform/files/files.h"
+#include "platform/pinned.h"
+#include "platform/text/locale.h"
+#include "tests/host/wait_for.h"
+#include "tests/support/certificate_authority.h"
+#include "tests/support/https_server.h"
+#include "tests/support/scratch_folder.h"
+
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QImage>
+#include <QTimer>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace skyvane::test {
+
+inline constexpr const char* feedPath = "/v2/point/";
+inline constexpr const char* secondFeedPath = "/api/v2/lat/";
+
+/// A feed's answer with an airliner, a military aircraft and one in an emergency.
+inline constexpr const char* threeAircraft = R"({"ac":[
+  {"hex":"a1b2c3","flight":"UAL123  ","r":"N123UA","t":"A320","alt_baro":35000,"gs":452.3,"track":45,
+   "baro_rate":1216,"squawk":"1200","lat":51.6,"lon":-0.2,"seen_pos":1,"dst":5.2,"dir":45.0},
+  {"hex":"ae0001","flight":"RCH285","t":"C17","alt_baro":24000,"gs":400,"track":270,"dbFlags":1,
+   "lat":51.7,"lon":-0.3,"dst":9.1,"dir":300},
+  {"hex":"~4ca7b4","r":"EI-ABC","t":"C172","alt_baro":1800,"squawk":"7700","lat":51.4,"lon":-0.1,
+   "dst":12.0,"dir":170}]})";
+
+/// The sources in one server, and a home folder of its own.
+class CompanionStage {
+public:
+    CompanionStage() { setHome(); }
+
+    static void setHome(double radiusNM = 25, const std::string& unit = "km")
+    {
+        SharedState::write({
+            .home = {.latitude = 51.5, .longitude = -0.12, .label = "Home"},
+            .radiusNM = radiusNM,
+            .distanceUnit = unit,
+        });
+    }
+
+    /// The requests for targets that begin so.
+    std::size_t asked(const std::string& prefix) const
+    {
+        const auto requests = server.requests();
+        return static_cast<std::size_t>(std::ranges::count_if(
+            requests, [&](const RecordedRequest& request) { return request.target.starts_with(prefix); }));
+    }
+
+    /// Answers targets that begin so when the server is released.
+    void stall(const std::string& prefix)
+    {
+        server.handle(prefix, [](const RecordedRequest&, Connection& connection) { connection.stall(); });
+    }
+
+    ScratchFolder scratch;
+    Pinned<HomeFolder> home{{.path = scratch.path() / "home"}};
+    Pinned<Locale> locale{{.numbers = "en_US", .times = "en_GB", .timeZone = "UTC"}};
+    CertificateAuthority authority{scratch.path() / "authority.pem"};
+    HttpsServer server{authority,
+        {"api.adsb.lol", "opendata.adsb.fi", "api.adsbdb.com", "api.planespotters.net", "t.plnspttrs.net"}};
+    Pinned<Network> network{server.network()};
+    Pacer pacer{&UrlSession::data, std::chrono::milliseconds{20}};
+    Errands errands;
+    FontMeasurer fonts;
+};
+
+/// How long the event loop came to nothing, at worst.
+class StallMeter {
+public:
+    StallMeter()
+    {
+        m_timer.setTimerType(Qt::PreciseTimer);
+        m_timer.callOnTimeout([this] { m_longest = std::max(m_longest, m_clock.restart()); });
+        m_clock.start();
+        m_timer.start(5);
+    }
+
+    std::chrono::milliseconds longest() const { return std::chrono::milliseconds{m_longest}; }
+
+private:
+    QElapsedTimer m_clock;
+    QTimer m_timer;
+    qint64 m_longest = 0;
+};
+
+/// A picture of that size in one colour, as a file's bytes.
+inline std::string picture(const QSize& size, const char* format)
+{
+    QImage image{size, QImage::Format_RGB32};
+    image.fill(QColor{0x30, 0x60, 0xa0});
+    QByteArray bytes;
+    QBuffer buffer{&bytes};
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return bytes.toStdString();
+}
+
+} // namespace skyvane::test

@@ -1,0 +1,33 @@
+// Stands in for the widget host: has its name on the session bus, and quits when it is asked to.
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+
+namespace {
+
+class FakeHost : public QDBusVirtualObject {
+public:
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
+    {
+        if (message.member() != QStringLiteral("Quit"))
+            return false;
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+        return connection.send(message.createReply(QString{}));
+    }
+};
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application{argc, argv};
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    FakeHost host;
+    if (!bus.registerVirtualObject(QStringLiteral("/org/skyvane/Host"), &host)
+        || !bus.registerService(QStringLiteral("org.skyvane.Host")))
+        return 1;
+    return QCoreApplication::exec();
+}

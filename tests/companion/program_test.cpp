@@ -1,0 +1,266 @@
+#include "tests/companion/companion_stage.h"
+#include "tests/companion/own_machine.h"
+#include "tests/host/x_session.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <fstream>
+
+namespace skyvane {
+
+namespace {
+
+using testing::HasSubstr;
+
+const char* const companionName = "org.skyvane.Companion";
+
+/// The built program in an X session, with the sources on this machine.
+class CompanionProgram : public testing::Test {
+protected:
+    CompanionProgram()
+    {
+        test::CompanionStage::setHome();
+        server.answer(test::feedPath, {.body = test::threeAircraft});
+    }
+    ~CompanionProgram() override
+    {
+        end(first);
+        QDBusConnection::disconnectFromBus("program");
+        std::filesystem::remove_all(home());
+        std::filesystem::create_directory(home());
+    }
+
+    static std::filesystem::path home() { return test::OwnMachine::instance().home(); }
+
+    /// The companion, with these words on its command line.
+    void start(QProcess& companion, const QStringList& words = {}, const QString& token = {}) const
+    {
+        QProcessEnvironment environment = session.environment();
+        if (!token.isEmpty())
+            environment.insert("DESKTOP_STARTUP_ID", token);
+        companion.setProcessEnvironment(environment);
+        companion.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        companion.start(SKYVANE_COMPANION, words);
+        companion.waitForStarted();
+    }
+
+    static void end(QProcess& companion)
+    {
+        companion.terminate();
+        if (!companion.waitForFinished(10'000))
+            companion.kill();
+        companion.waitForFinished();
+    }
+
+    /// What a start prints that ends by itself.
+    QByteArray ended(QProcess& companion, const QStringList& words = {}, const QString& token = {}) const
+    {
+        start(companion, words, token);
+        EXPECT_TRUE(test::waitFor([&] { return companion.state() == QProcess::NotRunning; }));
+        return companion.readAllStandardOutput();
+    }
+
+    /// Whether the first one's only window comes to be called so.
+    bool isCalled(const std::string& title) const
+    {
+        return test::waitFor([&] { return this->title() == title + " – Skyvane\n"; });
+    }
+
+    std::string window() const
+    {
+        const auto windows = session.windowsOf(first.processId());
+        return windows.size() == 1 ? windows.front() : "";
+    }
+    std::string title() const
+    {
+        return session.run("xdotool", {"getwindowname", QString::fromStdString(window())});
+    }
+    void press(const QString& key) const
+    {
+        session.run("xdotool", {"windowfocus", "--sync", QString::fromStdString(window()), "key", key});
+    }
+
+    QDBusMessage call(const QString& method, const QVariantList& arguments) const
+    {
+        auto message = QDBusMessage::createMethodCall(
+            companionName, "/org/skyvane/Companion", "org.freedesktop.Application", method);
+        message.setArguments(arguments);
+        return bus.call(message, QDBus::Block, 20'000);
+    }
+
+    bool isAsked(const std::string& prefix)
+    {
+        return test::waitFor([&] {
+            return std::ranges::any_of(server.requests(),
+                [&](const test::RecordedRequest& request) { return request.target.starts_with(prefix); });
+        });
+    }
+
+    Pinned<HomeFolder> homeFolder{{.path = home()}};
+    test::CertificateAuthority authority{test::OwnMachine::instance().authorityFile()};
+    test::HttpsServer server{authority,
+        {"api.adsb.lol", "opendata.adsb.fi", "api.adsbdb.com", "api.planespotters.net", "t.plnspttrs.net"},
+        443};
+    test::XSession session;
+    QDBusConnection bus
+        = QDBusConnection::connectToBus(session.environment().value("DBUS_SESSION_BUS_ADDRESS"), "program");
+    QProcess first;
+};
+
+} // namespace
+
+TEST_F(CompanionProgram, theFirstStartShowsTheSettingsAndTheNextTheSky)
+{
+    SharedState::clear();
+    start(first);
+    EXPECT_TRUE(isCalled("Settings"));
+    EXPECT_EQ(server.connectionCount(), 0U);
+    end(first);
+    test::CompanionStage::setHome();
+    start(first);
+    EXPECT_TRUE(isCalled("The sky over Home"));
+    EXPECT_TRUE(isAsked("/v2/point/51.50000/-0.12000/25"));
+}
+
+TEST_F(CompanionProgram, aLinkOpensItsAircraft)
+{
+    start(first, {"skyvane://aircraft/a1b2c3"});
+    EXPECT_TRUE(isCalled("UAL123"));
+    EXPECT_TRUE(isAsked("/pub/photos/hex/a1b2c3"));
+    EXPECT_TRUE(isAsked("/v0/callsign/UAL123"));
+    press("alt+Left");
+    EXPECT_TRUE(isCalled("The sky over Home"));
+}
+
+TEST_F(CompanionProgram, aLinkThatLeadsNowhereOpensTheSkyAndAsksNobody)
+{
+    for (const QString& link :
+        {QString{"skyvane://"}, QString{"skyvane://aircraft/"}, QString{"skyvane://settings"},
+            QString{"skyvane://aircraft/"} + QString{2048, 'a'}, QString{"skyvane://aircraft/a\x01\nb"}}) {
+        start(first, {link});
+        EXPECT_TRUE(isCalled("The sky over Home")) << link.toStdString();
+        end(first);
+    }
+    EXPECT_EQ(server.connectionCount(), 0U);
+}
+
+TEST_F(CompanionProgram, aSecondStartIsHandedToTheFirst)
+{
+    start(first);
+    ASSERT_TRUE(isCalled("The sky over Home"));
+    QProcess second;
+    ended(second, {"skyvane://aircraft/ae0001"}, "launcher_TIME12345678");
+    EXPECT_EQ(second.exitCode(), 0);
+    EXPECT_TRUE(isCalled("RCH285"));
+    QProcess third;
+    ended(third, {"--settings"});
+    EXPECT_TRUE(isCalled("Settings"));
+    QProcess fourth;
+    ended(fourth, {"skyvane://aircraft/"});
+    EXPECT_TRUE(isCalled("The sky over Home"));
+    EXPECT_EQ(first.state(), QProcess::Running);
+}
+
+TEST_F(CompanionProgram, aSecondStartBringsTheFirstToTheFront)
+{
+    start(first);
+    ASSERT_TRUE(isCalled("The sky over Home"));
+    QProcess other;
+    other.setProcessEnvironment(session.environment());
+    other.setStandardOutputFile(QProcess::nullDevice());
+    other.start("xev", {"-geometry", "1200x800+10+10"});
+    ASSERT_TRUE(test::waitFor([&] { return session.stacking().size() == 2; }));
+    const auto own = std::stoul(window());
+    ASSERT_TRUE(test::waitFor([&] { return session.stacking().back() != own; }));
+    QProcess second;
+    ended(second);
+    EXPECT_TRUE(test::waitFor([&] { return session.stacking().back() == own; }));
+    EXPECT_TRUE(test::waitFor(
+        [&] { return session.run("xdotool", {"getactivewindow"}) == std::to_string(own) + "\n"; }));
+    end(other);
+}
+
+TEST_F(CompanionProgram, theDesktopReachesItOverTheBus)
+{
+    start(first, {"--service"});
+    ASSERT_TRUE(test::waitFor([&] { return bus.interface()->isServiceRegistered(companionName); }));
+    const QVariantMap data{{"activation-token", "launcher_TIME1"}};
+    EXPECT_EQ(server.connectionCount(), 0U);
+    EXPECT_EQ(
+        call("Open", {QStringList{"skyvane://aircraft/a1b2c3"}, data}).type(), QDBusMessage::ReplyMessage);
+    EXPECT_TRUE(isCalled("UAL123"));
+    EXPECT_EQ(call("ActivateAction", {"settings", QVariantList{}, data}).type(), QDBusMessage::ReplyMessage);
+    EXPECT_TRUE(isCalled("Settings"));
+    EXPECT_EQ(call("Activate", {data}).type(), QDBusMessage::ReplyMessage);
+    EXPECT_EQ(call("ActivateAction", {"explode", QVariantList{}, data}).type(), QDBusMessage::ErrorMessage);
+    EXPECT_EQ(call("Open", {"no list"}).type(), QDBusMessage::ErrorMessage);
+    EXPECT_TRUE(isCalled("Settings"));
+}
+
+TEST_F(CompanionProgram, theKeyboardLeadsEverywhere)
+{
+    start(first);
+    ASSERT_TRUE(isCalled("The sky over Home"));
+    ASSERT_TRUE(isAsked(test::feedPath));
+    ASSERT_TRUE(test::waitFor([&] {
+        press("Down");
+        press("Return");
+        return title() != "The sky over Home – Skyvane\n";
+    }));
+    press("Escape");
+    EXPECT_TRUE(isCalled("The sky over Home"));
+    press("ctrl+comma");
+    EXPECT_TRUE(isCalled("Settings"));
+    press("ctrl+f");
+    EXPECT_TRUE(isCalled("The sky over Home"));
+    const std::size_t asked = server.requests().size();
+    press("F5");
+    EXPECT_TRUE(test::waitFor([&] { return server.requests().size() > asked; }));
+    press("ctrl+q");
+    EXPECT_TRUE(test::waitFor([&] { return first.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(first.exitCode(), 0);
+}
+
+TEST_F(CompanionProgram, theWindowIsBackInItsPlace)
+{
+    start(first);
+    ASSERT_TRUE(isCalled("The sky over Home"));
+    const QString id = QString::fromStdString(window());
+    session.run("xdotool", {"windowsize", id, "900", "600", "windowmove", id, "150", "120"});
+    EXPECT_TRUE(test::waitFor([&] { return session.frameOf(window()).size() == QSize(900, 600); }));
+    press("ctrl+q");
+    EXPECT_TRUE(test::waitFor([&] { return first.state() == QProcess::NotRunning; }));
+    start(first);
+    ASSERT_TRUE(isCalled("The sky over Home"));
+    EXPECT_TRUE(test::waitFor([&] { return session.frameOf(window()).size() == QSize(900, 600); }));
+}
+
+TEST_F(CompanionProgram, mistakesOnTheCommandLineAreSaid)
+{
+    QProcess mistaken;
+    mistaken.setProcessChannelMode(QProcess::MergedChannels);
+    mistaken.start(SKYVANE_COMPANION, {"--nonsense"});
+    mistaken.waitForFinished();
+    EXPECT_EQ(mistaken.exitCode(), 2);
+    EXPECT_THAT(mistaken.readAll().toStdString(), HasSubstr("\"--nonsense\""));
+    QProcess asked;
+    EXPECT_THAT(ended(asked, {"--version"}).toStdString(), testing::StartsWith("skyvane "));
+    EXPECT_EQ(asked.exitCode(), 0);
+}
+
+} // namespace skyvane
+
+int main(int argc, char* argv[])
+{
+    testing::InitGoogleTest(&argc, argv);
+    std::signal(SIGPIPE, SIG_IGN);
+    testing::AddGlobalTestEnvironment(&skyvane::test::OwnMachine::instance());
+    const QCoreApplication application{argc, argv};
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,197 @@
+#include "companion/common/view_widget.h"
+#include "companion/notice_bar.h"
+#include "companion/sky/empty_sky.h"
+#include "companion/sky/sky_page.h"
+#include "companion/sky/sky_table.h"
+#include "tests/companion/companion_stage.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace skyvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+using testing::HasSubstr;
+
+class SkyPageTest : public testing::Test {
+protected:
+    SkyPageTest()
+    {
+        page.resize(1100, 700);
+        page.show();
+    }
+
+    bool listHas(int rows)
+    {
+        return test::waitFor([&] { return isListShown() && table().rowCount() == rows; });
+    }
+
+    bool says(const QString& title)
+    {
+        return test::waitFor([&] { return !isListShown() && empty().title() == title; });
+    }
+
+    bool isListShown() const { return page.findChild<QStackedWidget*>()->currentWidget() == &table(); }
+    SkyTable& table() const { return *page.findChild<SkyTable*>(); }
+    EmptySky& empty() const { return *page.findChild<EmptySky*>(); }
+    std::string details() const { return page.heading().details.toStdString(); }
+
+    /// What the visible bars say.
+    std::string notices() const
+    {
+        std::string text;
+        for (const NoticeBar* bar : page.findChildren<NoticeBar*>())
+            text += bar->isVisible() ? bar->text().toStdString() : "";
+        return text;
+    }
+
+    test::CompanionStage stage;
+    SkyFeed feed{stage.errands, stage.pacer.transport(), 300ms};
+    SkyPage page{feed, stage.fonts};
+};
+
+} // namespace
+
+TEST_F(SkyPageTest, theAircraftComeNearestFirstWithTheirTime)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    const Pinned<Date> clock{Date{std::chrono::hours{10} + 42min}};
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    EXPECT_EQ(table().model()->index(0, 0).data().toString(), "UAL123");
+    EXPECT_EQ(page.heading().title, "The sky over Home");
+    EXPECT_EQ(details(), "3 aircraft within 46 km · as of 10:42");
+}
+
+TEST_F(SkyPageTest, enterOpensTheAircraftOfTheRow)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    QString opened;
+    QObject::connect(&page, &SkyPage::aircraftActivated, [&](const QString& hex) { opened = hex; });
+    table().setCurrentIndex(table().model()->index(1, 0));
+    QTest::keyClick(&table(), Qt::Key_Return);
+    EXPECT_EQ(opened, "ae0001");
+    const QRect row = table().visualRect(table().model()->index(2, 1));
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, row.center());
+    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, row.center());
+    EXPECT_EQ(opened, "~4ca7b4");
+}
+
+TEST_F(SkyPageTest, theFilterNarrowsTheListAndSaysWhenNothingMatches)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    auto* filter = page.findChild<QLineEdit*>();
+    filter->setText("united");
+    EXPECT_TRUE(listHas(1));
+    filter->setText("zeppelin");
+    EXPECT_TRUE(says("No match"));
+    empty().findChild<QPushButton*>()->click();
+    EXPECT_TRUE(listHas(3));
+}
+
+TEST_F(SkyPageTest, anEmptySkyIsSaidInTheUsersUnit)
+{
+    test::CompanionStage::setHome(21.7, "mi");
+    stage.server.answer("/", {.body = R"({"ac":[]})"});
+    feed.refresh();
+    ASSERT_TRUE(says("Quiet skies"));
+    EXPECT_THAT(empty().explanation().toStdString(), HasSubstr("No aircraft within 25 mi, as of "));
+}
+
+TEST_F(SkyPageTest, theFeedsOwnErrorIsSaidAndAskedAgain)
+{
+    stage.server.answer("/", {.status = 503});
+    feed.refresh();
+    ASSERT_TRUE(says("No answer"));
+    EXPECT_EQ(empty().explanation(), "opendata.adsb.fi returned an error");
+    stage.server.answer("/", {.body = test::threeAircraft});
+    empty().findChild<QPushButton*>()->click();
+    EXPECT_TRUE(listHas(3));
+}
+
+TEST_F(SkyPageTest, aFailedRefreshKeepsTheListAndSaysSo)
+{
+    stage.server.answer("/", {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    stage.server.answer("/", {.status = 500});
+    feed.refresh();
+    EXPECT_TRUE(test::waitFor([&] { return !notices().empty(); }));
+    EXPECT_THAT(notices(), HasSubstr("opendata.adsb.fi returned an error"));
+    EXPECT_TRUE(isListShown());
+    stage.server.answer("/", {.body = test::threeAircraft});
+    feed.refresh();
+    EXPECT_TRUE(test::waitFor([&] { return notices().empty(); }));
+}
+
+TEST_F(SkyPageTest, withoutAHomeNobodyIsAsked)
+{
+    SharedState::clear();
+    feed.setWatched(true);
+    feed.refresh();
+    ASSERT_TRUE(says("Where is home?"));
+    bool wanted = false;
+    QObject::connect(&page, &SkyPage::settingsWanted, [&] { wanted = true; });
+    empty().findChild<QPushButton*>()->click();
+    EXPECT_TRUE(wanted);
+    EXPECT_EQ(stage.server.connectionCount(), 0U);
+}
+
+TEST_F(SkyPageTest, aNewHomeShowsAnotherSkyAtOnce)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.setWatched(true);
+    ASSERT_TRUE(listHas(3));
+    stage.server.answer(test::feedPath, {.body = R"({"ac":[{"hex":"one","lat":1,"lon":2}]})"});
+    SharedState::write({.home = {.latitude = 1, .longitude = 2, .label = "Elsewhere"}, .radiusNM = 50});
+    feed.reload();
+    EXPECT_EQ(table().rowCount(), 0);
+    ASSERT_TRUE(listHas(1));
+    EXPECT_EQ(stage.asked("/v2/point/1.00000/2.00000/50"), 1U);
+}
+
+TEST_F(SkyPageTest, theSkyIsAskedForWhileItIsWatchedOnly)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.setWatched(true);
+    EXPECT_TRUE(test::waitFor([&] { return stage.asked(test::feedPath) >= 3; }));
+    feed.setWatched(false);
+    EXPECT_TRUE(test::waitFor([&] { return !feed.report().isAsking; }));
+    const auto asked = stage.asked(test::feedPath);
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_TRUE(test::waitFor([&] { return clock.hasExpired(700); }));
+    EXPECT_EQ(stage.asked(test::feedPath), asked);
+}
+
+TEST_F(SkyPageTest, aStalledFeedNeverBlocksTheWindow)
+{
+    stage.stall("/");
+    feed.refresh();
+    test::StallMeter meter;
+    ASSERT_TRUE(test::waitFor([&] { return stage.asked(test::feedPath) == 1; }));
+    EXPECT_TRUE(says("Looking at the sky…"));
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_TRUE(test::waitFor([&] { return clock.hasExpired(500); }));
+    EXPECT_LT(meter.longest(), 500ms);
+}
+
+TEST_F(SkyPageTest, theScopeGoesWhereThereIsNoRoomForIt)
+{
+    EXPECT_TRUE(page.findChild<ViewWidget*>()->isVisible());
+    page.resize(700, 600);
+    EXPECT_TRUE(test::waitFor([&] { return !page.findChild<ViewWidget*>()->isVisible(); }));
+}
+
+} // namespace skyvane

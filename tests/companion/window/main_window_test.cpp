@@ -1,0 +1,133 @@
+#include "companion/host_switch/host_control.h"
+#include "companion/notice_bar.h"
+#include "companion/window/main_window.h"
+#include "tests/companion/companion_stage.h"
+
+#include <QAction>
+#include <QPushButton>
+#include <QTableView>
+
+#include <gmock/gmock.h>
+
+namespace skyvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+using testing::HasSubstr;
+
+class MainWindowTest : public testing::Test {
+protected:
+    MainWindowTest() { stage.server.answer(test::feedPath, {.body = test::threeAircraft}); }
+
+    std::unique_ptr<MainWindow> window()
+    {
+        return std::make_unique<MainWindow>(WindowParts{
+            .feed = feed,
+            .lookups = lookups,
+            .host = host,
+            .fonts = stage.fonts,
+            .systemBus = bus,
+            .open = [](const QUrl&) {},
+            .autostart = {},
+            .memory = stage.scratch.path() / "config/skyvane/companion.ini",
+        });
+    }
+
+    /// Whether nothing is asked for as long as several refreshes would take.
+    bool isCalm() const
+    {
+        const std::size_t before = stage.server.requests().size();
+        QElapsedTimer clock;
+        clock.start();
+        return test::waitFor([&] { return clock.hasExpired(900); })
+            && stage.server.requests().size() == before;
+    }
+
+    static const NoticeBar* visibleNotice(const MainWindow& window)
+    {
+        for (const NoticeBar* bar : window.findChildren<NoticeBar*>()) {
+            if (bar->isVisible())
+                return bar;
+        }
+        return nullptr;
+    }
+
+    test::CompanionStage stage;
+    SkyFeed feed{stage.errands, stage.pacer.transport(), 300ms};
+    Lookups lookups{stage.errands, stage.pacer.transport()};
+    QDBusConnection bus{"none"};
+    HostControl host{bus, "/nowhere/skyvane-host"};
+};
+
+} // namespace
+
+TEST_F(MainWindowTest, aWindowThatNobodySeesAsksNobody)
+{
+    const auto one = window();
+    one->show();
+    EXPECT_TRUE(test::waitFor([&] { return stage.asked(test::feedPath) >= 2; }));
+    one->showMinimized();
+    EXPECT_TRUE(test::waitFor([&] { return !feed.report().isAsking; }));
+    EXPECT_TRUE(isCalm());
+    const auto asked = stage.asked(test::feedPath);
+    one->showNormal();
+    EXPECT_TRUE(test::waitFor([&] { return stage.asked(test::feedPath) > asked; }));
+    one->hide();
+    EXPECT_TRUE(test::waitFor([&] { return !feed.report().isAsking; }));
+    EXPECT_TRUE(isCalm());
+}
+
+TEST_F(MainWindowTest, aLinkThatLeadsNowhereIsExplainedUntilItIsDismissed)
+{
+    const auto one = window();
+    one->show();
+    one->follow(Link::Problem::unknownPlace);
+    const NoticeBar* notice = visibleNotice(*one);
+    ASSERT_NE(notice, nullptr);
+    EXPECT_EQ(notice->text().toStdString(), Link::description(Link::Problem::unknownPlace));
+    notice->findChild<QPushButton*>()->click();
+    EXPECT_EQ(visibleNotice(*one), nullptr);
+    one->follow(Link::Problem::tooLong);
+    one->follow(Link::Sky{});
+    EXPECT_EQ(visibleNotice(*one), nullptr);
+}
+
+TEST_F(MainWindowTest, backLeadsToWhereOneCameFrom)
+{
+    const auto one = window();
+    one->show();
+    EXPECT_TRUE(test::waitFor([&] { return feed.report().hasAnswer; }));
+    const auto title = [&] { return one->windowTitle().toStdString(); };
+    auto* back = one->actions().front();
+    EXPECT_FALSE(back->isEnabled());
+    one->showAircraft("a1b2c3");
+    EXPECT_THAT(title(), HasSubstr("UAL123"));
+    one->showSettings();
+    EXPECT_THAT(title(), HasSubstr("Settings"));
+    back->trigger();
+    EXPECT_THAT(title(), HasSubstr("UAL123"));
+    back->trigger();
+    EXPECT_THAT(title(), HasSubstr("The sky over Home"));
+    EXPECT_FALSE(back->isEnabled());
+}
+
+TEST_F(MainWindowTest, theListHasTheFocusAsSoonAsItIsThere)
+{
+    const auto one = window();
+    one->show();
+    one->activateWindow();
+    EXPECT_TRUE(test::waitFor([&] { return one->focusWidget() == one->findChild<QTableView*>(); }));
+}
+
+TEST_F(MainWindowTest, aClosedWindowRemembersItsPlace)
+{
+    auto one = window();
+    one->resize(873, 611);
+    one->show();
+    one->close();
+    one = window();
+    EXPECT_EQ(one->size(), QSize(873, 611));
+}
+
+} // namespace skyvane
