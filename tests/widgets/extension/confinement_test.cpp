@@ -6,6 +6,7 @@
 
 #include <fcntl.h>
 #include <linux/sched.h>
+#include <seccomp.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
@@ -245,6 +246,25 @@ TEST_F(ConfinementTest, answersMayGoIntoAFileAndIntoNothingLarger)
     };
     EXPECT_EQ(answeringInto("/dev/null"), 1);
     EXPECT_EQ(answeringInto("file"), 0);
+}
+
+TEST_F(ConfinementTest, aKernelThatTakesNoFilterIsSaidAndLeavesEverythingElse)
+{
+    const auto refuseFilters = [] {
+        scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ALLOW);
+        const scmp_arg_cmp asked{.arg = 0, .op = SCMP_CMP_EQ, .datum_a = PR_SET_SECCOMP, .datum_b = 0};
+        seccomp_rule_add_array(filter, SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(seccomp), 0, nullptr);
+        seccomp_rule_add_array(filter, SCMP_ACT_ERRNO(EINVAL), SCMP_SYS(prctl), 1, &asked);
+        const bool isRefused = seccomp_load(filter) == 0;
+        seccomp_release(filter);
+        return isRefused;
+    };
+    EXPECT_EQ(inChild([&] {
+        if (!refuseFilters() || confine())
+            return 1;
+        return prctl(PR_GET_NO_NEW_PRIVS, 0, 0, 0, 0) == 1 ? errorOf(open("file", O_RDONLY)) : 2;
+    }),
+        0);
 }
 
 } // namespace skyvane::Extension
