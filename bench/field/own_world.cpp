@@ -1,0 +1,47 @@
+#include "bench/field/own_world.h"
+
+#include "bench/synthetic_sky.h"
+
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+
+namespace skyvane::bench {
+
+namespace {
+
+constexpr std::string_view configuration
+    = R"({"home":{"latitude":51.5,"longitude":-0.12,"label":"Home"},"radiusNM":250,"distanceUnit":"km"})";
+
+} // namespace
+
+OwnWorld::OwnWorld()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    const std::filesystem::path home = m_folder.path() / "home";
+    const std::filesystem::path folder = home / "Library/Application Support/Skyvane";
+    std::filesystem::create_directories(folder);
+    std::ofstream{folder / "widget-config.json"} << configuration;
+
+    const std::string user = std::to_string(getuid()) + ":" + std::to_string(getgid());
+    bind("/etc/passwd", "bench:x:" + user + "::" + home.string() + ":/bin/sh\n");
+    bind("/etc/hosts", "127.0.0.1 localhost api.adsb.lol opendata.adsb.fi\n");
+    bind("/etc/nsswitch.conf", "passwd: files\nhosts: files\n");
+    bind("/etc/ssl/certs/ca-certificates.crt", "");
+    test::enterOwnNamespaces(m_files);
+
+    const test::CertificateAuthority authority{m_files.back().standIn};
+    m_server = std::make_unique<test::HttpsServer>(
+        authority, std::vector<std::string>{"api.adsb.lol", "opendata.adsb.fi"}, std::uint16_t{443});
+    m_server->answer("/v2/point/", {.body = syntheticAnswer(1000)});
+}
+
+void OwnWorld::bind(const std::string& file, const std::string& content)
+{
+    const std::filesystem::path standIn = m_folder.path() / std::filesystem::path{file}.filename();
+    std::ofstream{standIn} << content;
+    m_files.push_back({.path = file, .standIn = standIn});
+}
+
+} // namespace skyvane::bench

@@ -1,0 +1,57 @@
+#include "bench/field/rows.h"
+#include "bench/field/run.h"
+
+namespace skyvane::bench {
+
+namespace {
+
+constexpr std::string_view listRequest = R"({"jsonrpc":"2.0","id":1,"method":"widgets.list"})"
+                                         "\n";
+constexpr std::string_view timelineRequest
+    = R"({"jsonrpc":"2.0","id":1,"method":"widgets.timeline","params":{"kind":"org.skyvane.widgets.skyboard","family":"large"}})"
+      "\n";
+
+/// The same request, the same choice, the same order.
+constexpr const char* shellTimeline
+    = "curl --silent --fail https://api.adsb.lol/v2/point/51.50000/-0.12000/250 | jq --compact-output "
+      "'[(.ac // .aircraft // [])[] | select(.lat != null and .lon != null and (.seen_pos // 0) < 60)] "
+      "| sort_by(.dst // infinite)'";
+
+} // namespace
+
+Rows timelineRows(const Programs& programs)
+{
+    const auto runs = runInTurn(programs, 21,
+        {
+            {.line = timelineRequest, .words = {programs.extension.string()}},
+            {.line = "", .words = {"sh", "-c", shellTimeline}},
+        });
+    const std::string what = "one timeline of 1000 aircraft over HTTPS, whole process: ";
+    const auto row = [&](const char* figure, const char* unit, double Run::*member) {
+        return Row{what + figure, unit, medianOf(runs[0], member), "curl piped to jq",
+            medianOf(runs[1], member), Target{.most = 1}};
+    };
+    return {
+        row("CPU", "ms", &Run::cpuMilliseconds),
+        row("peak memory of the largest process", "MiB", &Run::peakMiB),
+        row("first line", "ms", &Run::firstLineMilliseconds),
+    };
+}
+
+Rows startRows(const Programs& programs)
+{
+    const auto runs = runInTurn(programs, 61,
+        {
+            {.line = listRequest, .words = {programs.extension.string()}},
+            {.line = "", .words = {programs.hello.string()}},
+            {.line = "", .words = {"true"}},
+        });
+    const auto first = [&](std::size_t index) { return medianOf(runs[index], &Run::firstLineMilliseconds); };
+    const std::string what = "extension start to first answer";
+    return {
+        {what, "ms", first(0), "a “hello” linked to the same libraries", first(1), Target{.most = 1.3}},
+        {what, "ms", first(0), "/bin/true", first(2)},
+    };
+}
+
+} // namespace skyvane::bench
