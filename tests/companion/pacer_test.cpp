@@ -70,6 +70,7 @@ TEST_F(PacerTest, aHostRestsAfterEveryRequest)
 {
     {
         std::vector<std::jthread> asking;
+        asking.reserve(4);
         for (int count = 0; count < 4; ++count)
             asking.push_back(ask("https://one.test/" + std::to_string(count)));
         for (std::jthread& one : asking)
