@@ -46,6 +46,7 @@ TEST(Link, whatLeadsNowhereSaysWhy)
         {"skyvane://open?x=1", Problem::unknownPlace},
         {"skyvane://open//", Problem::unknownPlace},
         {"skyvane://aircrafts/abc", Problem::unknownPlace},
+        {"skyvane://aircraftopen", Problem::unknownPlace},
         {"skyvane://aircraft", Problem::noAircraft},
         {"skyvane://aircraft/", Problem::noAircraft},
         {"skyvane://aircraft/~", Problem::noAddress},
