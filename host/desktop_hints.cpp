@@ -7,6 +7,10 @@
 #include <QWidget>
 
 #include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <vector>
 
 namespace skyvane {
 
@@ -30,9 +34,27 @@ void replace(
         static_cast<std::uint32_t>(values.size()), values.data());
 }
 
+/// Window managers keep utility windows above the other windows of their group, here the gallery.
+void leaveWindowGroup(xcb_connection_t* connection, xcb_window_t window)
+{
+    constexpr std::uint32_t groupHint = 1U << 6;
+    constexpr std::uint32_t longestHints = 9;
+    const auto cookie
+        = xcb_get_property(connection, 0, window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 0, longestHints);
+    const std::unique_ptr<xcb_get_property_reply_t, decltype(&std::free)> reply{
+        xcb_get_property_reply(connection, cookie, nullptr), &std::free};
+    if (!reply || reply->format != 32 || reply->length == 0)
+        return;
+    const auto* words = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+    std::vector<std::uint32_t> hints(words, words + reply->length);
+    hints.front() &= ~groupHint;
+    replace(connection, window, "WM_HINTS", XCB_ATOM_WM_HINTS, hints);
+}
+
 void hintToWindowManager(xcb_connection_t* connection, xcb_window_t window)
 {
     constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
+    leaveWindowGroup(connection, window);
     replace(connection, window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
         std::array{X11::atom(connection, "_NET_WM_WINDOW_TYPE_UTILITY")});
     replace(connection, window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, std::array{everyDesktop});

@@ -28,6 +28,17 @@ TEST_F(DesktopTest, theGalleryAddsAWidget)
         (WidgetTarget{.kind = "org.example.clock", .family = ContainerFamily::small}));
 }
 
+TEST_F(DesktopTest, theGalleryStandsAboveTheWidgets)
+{
+    ASSERT_TRUE(start(3));
+    chooseFromMenu({1171, 100}, "a");
+    const unsigned long window = std::stoul(gallery());
+    EXPECT_TRUE(test::waitFor([&] {
+        const auto stacking = session.stacking();
+        return stacking.size() == 4 && stacking.back() == window;
+    }));
+}
+
 TEST_F(DesktopTest, aSampleDraggedOutOfTheGalleryIsAWidgetWhereItWasDropped)
 {
     ASSERT_TRUE(start(3));
