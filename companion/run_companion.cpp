@@ -68,7 +68,7 @@ public:
 
     void follow(const std::string& link, const QString& token)
     {
-        m_window.follow(Link::read(link));
+        m_window.follow(IncomingLink::read(link));
         Activation::bringToFront(m_window, token);
     }
 

@@ -40,9 +40,8 @@ std::vector<double> interleaved(std::size_t turns, const std::vector<std::functi
                 samples[index].push_back(sample);
         }
     }
-    std::vector<double> medians;
-    for (std::vector<double>& list : samples)
-        medians.push_back(median(std::move(list)));
+    std::vector<double> medians(samples.size());
+    std::ranges::transform(samples, medians.begin(), [](auto& list) { return median(std::move(list)); });
     return medians;
 }
 

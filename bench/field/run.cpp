@@ -4,6 +4,7 @@
 
 #include <QProcess>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace skyvane::bench {
@@ -41,9 +42,8 @@ std::vector<std::vector<Run>> runInTurn(
 
 double medianOf(const std::vector<Run>& runs, double Run::*figure)
 {
-    std::vector<double> values;
-    for (const Run& run : runs)
-        values.push_back(run.*figure);
+    std::vector<double> values(runs.size());
+    std::ranges::transform(runs, values.begin(), [&](const Run& run) { return run.*figure; });
     return median(std::move(values));
 }
 

@@ -23,7 +23,7 @@ QString path()
     return QStringLiteral("/org/freedesktop/portal/desktop");
 }
 
-QString interface()
+QString portalInterface()
 {
     return QStringLiteral("org.freedesktop.portal.Settings");
 }
@@ -59,9 +59,10 @@ QPalette calmed(QPalette palette)
 Appearance::Appearance(QDBusConnection bus) : m_light(calmed(QApplication::palette()))
 {
     QApplication::setPalette(m_light);
-    bus.connect(service(), path(), interface(), QStringLiteral("SettingChanged"), this,
+    bus.connect(service(), path(), portalInterface(), QStringLiteral("SettingChanged"), this,
         SLOT(settingChanged(QDBusMessage)));
-    auto message = QDBusMessage::createMethodCall(service(), path(), interface(), QStringLiteral("Read"));
+    auto message
+        = QDBusMessage::createMethodCall(service(), path(), portalInterface(), QStringLiteral("Read"));
     message << appearanceName() << schemeKey();
     auto* answer = new QDBusPendingCallWatcher{bus.asyncCall(message), this};
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {

@@ -142,16 +142,16 @@ QWidget* MainWindow::makeSettings()
     return settings;
 }
 
-void MainWindow::follow(const Link::Target& target)
+void MainWindow::follow(const IncomingLink::Target& target)
 {
-    if (const auto* aircraft = std::get_if<Link::OneAircraft>(&target)) {
+    if (const auto* aircraft = std::get_if<IncomingLink::OneAircraft>(&target)) {
         showAircraft(aircraft->hex);
         return;
     }
-    const auto* problem = std::get_if<Link::Problem>(&target);
+    const auto* problem = std::get_if<IncomingLink::Problem>(&target);
     if (problem != nullptr)
         m_parts.feed.holdOff();
-    m_sky->showLinkProblem(problem != nullptr ? toQString(Link::description(*problem)) : QString{});
+    m_sky->showLinkProblem(problem != nullptr ? toQString(IncomingLink::description(*problem)) : QString{});
     showSky();
 }
 

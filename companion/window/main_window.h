@@ -3,7 +3,7 @@
 #include "companion/aircraft/lookups.h"
 #include "companion/heading.h"
 #include "companion/host_switch/autostart.h"
-#include "companion/link.h"
+#include "companion/incoming_link.h"
 #include "companion/sky/sky_feed.h"
 #include "paint/font_measurer.h"
 
@@ -49,7 +49,7 @@ public:
 
     /// Where the link leads; for one that leads nowhere, the sky with a line that says why. Nobody is asked
     /// anything because of it.
-    void follow(const Link::Target& target);
+    void follow(const IncomingLink::Target& target);
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -6,7 +6,7 @@ namespace skyvane {
 
 namespace {
 
-constexpr auto rows = std::to_array<TableRow>({
+constexpr auto typeRows = std::to_array<TableRow>({
     {"A19N", "Airbus A319neo"},
     {"A20N", "Airbus A320neo"},
     {"A21N", "Airbus A321neo"},
@@ -280,13 +280,13 @@ constexpr auto rows = std::to_array<TableRow>({
     {"AN2", "Antonov An-2"},
     {"A124", "Antonov An-124"},
 });
-static_assert(rows.size() == 272);
+static_assert(typeRows.size() == 272);
 
 } // namespace
 
 std::span<const TableRow> aircraftTypeRows()
 {
-    return rows;
+    return typeRows;
 }
 
 } // namespace skyvane

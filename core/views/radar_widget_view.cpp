@@ -17,7 +17,7 @@ namespace {
 constexpr Font captionFont{.size = 8, .design = FontDesign::monospaced};
 constexpr Font quietFont{.size = 8, .weight = FontWeight::semibold, .design = FontDesign::monospaced};
 constexpr Font countFont{.size = 10, .weight = FontWeight::bold, .design = FontDesign::monospaced};
-constexpr Font headerFont{.size = 9, .weight = FontWeight::semibold, .design = FontDesign::monospaced};
+constexpr Font listHeaderFont{.size = 9, .weight = FontWeight::semibold, .design = FontDesign::monospaced};
 
 constexpr double unbounded = std::numeric_limits<double>::infinity();
 constexpr std::size_t listedAircraft = 3;
@@ -71,7 +71,7 @@ View RadarWidgetView::list() const
     const ScopePalette palette = entry.palette();
     return VStack{.spacing = 5, .align = HorizontalAlignment::leading}({
         text(localized("%lld AIRCRAFT · %lld NM", {count(entry), entry.wholeRadiusNM()}))
-            .font(headerFont)
+            .font(listHeaderFont)
             .tracking(1)
             .foreground(palette.dim()),
         linkedRows(entry, listedAircraft, linksEnabled),

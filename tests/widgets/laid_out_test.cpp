@@ -78,7 +78,7 @@ TEST_F(LaidOutWidgets, standWhereTheyShould)
         for (const LaidOut& one : laidOut(entry))
             all += "== " + one.title + ", " + situation + "\n" + dump(one.list);
     }
-    const std::filesystem::path expected = std::filesystem::path{__FILE__}.parent_path() / "laid_out.out.txt";
+    const std::filesystem::path expected = SKYVANE_LAID_OUT;
     EXPECT_EQ(all, Files::read(expected, 100000)) << "should be in " << expected;
 }
 

@@ -8,7 +8,7 @@ namespace skyvane {
 
 namespace {
 
-std::string number(double value)
+std::string decimal(double value)
 {
     const double rounded = std::round(value * 10) / 10;
     return Format::fixed(rounded == 0 ? 0 : rounded, 1);
@@ -16,10 +16,10 @@ std::string number(double value)
 
 std::string point(Point place)
 {
-    return number(place.x) + "," + number(place.y);
+    return decimal(place.x) + "," + decimal(place.y);
 }
 
-std::string color(const Color& value)
+std::string hex(const Color& value)
 {
     std::string text = "#";
     for (const double channel : {value.red, value.green, value.blue, value.opacity}) {
@@ -33,12 +33,12 @@ std::string color(const Color& value)
 
 std::string stroke(const Stroke& value)
 {
-    return "stroke " + color(value.color) + " " + number(value.width);
+    return "stroke " + hex(value.color) + " " + decimal(value.width);
 }
 
 std::string face(const FontFace& value)
 {
-    std::string text = number(value.size);
+    std::string text = decimal(value.size);
     if (value.weight != FontWeight::regular)
         text += value.weight == FontWeight::bold ? " bold" : " semibold";
     if (value.design == FontDesign::monospaced)
@@ -48,23 +48,23 @@ std::string face(const FontFace& value)
 
 std::string line(const TextLine& item)
 {
-    const std::string tracking = item.tracking != 0 ? " tracking " + number(item.tracking) : "";
-    return "text \"" + item.string + "\" at " + point(item.origin) + " width " + number(item.width) + " face "
-        + face(item.face) + tracking + " " + color(item.color);
+    const std::string tracking = item.tracking != 0 ? " tracking " + decimal(item.tracking) : "";
+    return "text \"" + item.string + "\" at " + point(item.origin) + " width " + decimal(item.width)
+        + " face " + face(item.face) + tracking + " " + hex(item.color);
 }
 
 std::string line(const Pictogram& item)
 {
-    const std::string rotation = item.rotation != 0 ? " rotated " + number(item.rotation) : "";
-    return "pictogram " + item.name + " at " + point(item.center) + " side " + number(item.side) + rotation
-        + " " + color(item.color);
+    const std::string rotation = item.rotation != 0 ? " rotated " + decimal(item.rotation) : "";
+    return "pictogram " + item.name + " at " + point(item.center) + " side " + decimal(item.side) + rotation
+        + " " + hex(item.color);
 }
 
 std::string line(const Ellipse& item)
 {
     const auto* fill = std::get_if<Color>(&item.paint);
-    return "ellipse at " + point(item.center) + " diameter " + number(item.diameter) + " "
-        + (fill ? "fill " + color(*fill) : stroke(std::get<Stroke>(item.paint)));
+    return "ellipse at " + point(item.center) + " diameter " + decimal(item.diameter) + " "
+        + (fill ? "fill " + hex(*fill) : stroke(std::get<Stroke>(item.paint)));
 }
 
 std::string line(const Segment& item)
@@ -76,12 +76,12 @@ std::string line(const Segment& item)
 
 std::string dump(const DisplayList& list)
 {
-    std::string text = number(list.size.width) + " x " + number(list.size.height) + "\n";
+    std::string text = decimal(list.size.width) + " x " + decimal(list.size.height) + "\n";
     for (const DisplayItem& item : list.items)
         text += std::visit([](const auto& drawn) { return line(drawn); }, item) + "\n";
     for (const LinkArea& link : list.links)
         text += "link " + link.url.text() + " at " + point({link.frame.x, link.frame.y}) + " size "
-            + number(link.frame.width) + " x " + number(link.frame.height) + "\n";
+            + decimal(link.frame.width) + " x " + decimal(link.frame.height) + "\n";
     return text;
 }
 

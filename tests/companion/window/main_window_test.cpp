@@ -82,14 +82,14 @@ TEST_F(MainWindowTest, aLinkThatLeadsNowhereIsExplainedUntilItIsDismissed)
 {
     const auto one = window();
     one->show();
-    one->follow(Link::Problem::unknownPlace);
+    one->follow(IncomingLink::Problem::unknownPlace);
     const NoticeBar* notice = visibleNotice(*one);
     ASSERT_NE(notice, nullptr);
-    EXPECT_EQ(notice->text().toStdString(), Link::description(Link::Problem::unknownPlace));
+    EXPECT_EQ(notice->text().toStdString(), IncomingLink::description(IncomingLink::Problem::unknownPlace));
     notice->findChild<QPushButton*>()->click();
     EXPECT_EQ(visibleNotice(*one), nullptr);
-    one->follow(Link::Problem::tooLong);
-    one->follow(Link::Sky{});
+    one->follow(IncomingLink::Problem::tooLong);
+    one->follow(IncomingLink::Sky{});
     EXPECT_EQ(visibleNotice(*one), nullptr);
 }
 

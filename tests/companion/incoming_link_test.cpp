@@ -1,4 +1,4 @@
-#include "companion/link.h"
+#include "companion/incoming_link.h"
 
 #include <gtest/gtest.h>
 
@@ -8,28 +8,28 @@ namespace skyvane {
 
 namespace {
 
-using Link::OneAircraft;
-using Link::Problem;
-using Link::read;
-using Link::Sky;
-using Link::Target;
+using IncomingLink::OneAircraft;
+using IncomingLink::Problem;
+using IncomingLink::read;
+using IncomingLink::Sky;
+using IncomingLink::Target;
 
 } // namespace
 
-TEST(Link, theSkyIsRead)
+TEST(IncomingLink, theSkyIsRead)
 {
     for (const char* text : {"skyvane://open", "skyvane://open/", "SKYVANE://Open"})
         EXPECT_EQ(read(text), Target{Sky{}}) << text;
 }
 
-TEST(Link, anAircraftIsReadAsItIsWritten)
+TEST(IncomingLink, anAircraftIsReadAsItIsWritten)
 {
     for (const char* hex : {"a", "A1b2C3", "~2a41b6", "01234567"})
         EXPECT_EQ(read(std::string{"skyvane://aircraft/"} + hex), Target{OneAircraft{.hex = hex}}) << hex;
     EXPECT_EQ(read("skyvane://aircraft/abc123/"), Target{OneAircraft{.hex = "abc123"}});
 }
 
-TEST(Link, whatLeadsNowhereSaysWhy)
+TEST(IncomingLink, whatLeadsNowhereSaysWhy)
 {
     const struct {
         std::string text;
@@ -65,12 +65,12 @@ TEST(Link, whatLeadsNowhereSaysWhy)
         EXPECT_EQ(read(text), Target{problem}) << text;
 }
 
-TEST(Link, everyProblemHasItsOwnWords)
+TEST(IncomingLink, everyProblemHasItsOwnWords)
 {
     std::set<std::string> words;
     for (const Problem problem : {Problem::foreign, Problem::nowhere, Problem::unknownPlace,
              Problem::noAircraft, Problem::noAddress, Problem::tooLong, Problem::unprintable})
-        words.insert(Link::description(problem));
+        words.insert(IncomingLink::description(problem));
     EXPECT_EQ(words.size(), 7U);
     EXPECT_FALSE(words.contains(""));
 }

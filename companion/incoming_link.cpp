@@ -1,4 +1,4 @@
-#include "companion/link.h"
+#include "companion/incoming_link.h"
 
 #include "core/enrichment/ascii.h"
 #include "platform/text/localized.h"
@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace skyvane::Link {
+namespace skyvane::IncomingLink {
 
 namespace {
 
@@ -90,4 +90,4 @@ std::string description(Problem problem)
     return {};
 }
 
-} // namespace skyvane::Link
+} // namespace skyvane::IncomingLink

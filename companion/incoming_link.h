@@ -7,7 +7,7 @@
 namespace skyvane {
 
 /// What an address of the scheme "skyvane" asks to be shown.
-namespace Link {
+namespace IncomingLink {
 
 struct Sky {
     bool operator==(const Sky&) const = default;
@@ -38,6 +38,6 @@ Target read(std::string_view text);
 /// For the user, in their language.
 std::string description(Problem problem);
 
-} // namespace Link
+} // namespace IncomingLink
 
 } // namespace skyvane
