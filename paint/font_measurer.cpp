@@ -13,7 +13,7 @@ namespace skyvane {
 
 namespace {
 
-constexpr std::size_t mostWidths = 2048;
+constexpr std::size_t mostLines = 1024;
 constexpr std::size_t mostScaledFonts = 64;
 
 /// Fonts come in whole pixels only. Everything is shaped at this size and scaled, which makes widths
@@ -70,14 +70,14 @@ std::unique_ptr<QTextLayout> oneLine(const QString& text, const QFont& font)
     return layout;
 }
 
+/// What makes the shape of a line, `tracking` a share of the size.
 std::string keyOf(std::string_view text, const FontFace& face, double tracking)
 {
     struct {
-        double size;
         double tracking;
         int weight;
         int design;
-    } const fields{face.size, tracking, static_cast<int>(face.weight), static_cast<int>(face.design)};
+    } const fields{tracking, static_cast<int>(face.weight), static_cast<int>(face.design)};
     std::string key(sizeof fields, '\0');
     std::memcpy(key.data(), &fields, sizeof fields);
     return key.append(text);
@@ -94,40 +94,58 @@ FontMeasurer::FontMeasurer()
 
 double FontMeasurer::width(std::string_view text, const FontFace& face, double tracking) const
 {
-    std::string key = keyOf(text, face, tracking);
-    if (const auto known = m_widths.find(key); known != m_widths.end())
-        return known->second;
-    const double shaped
-        = oneLine(toQString(text), shapingFont(face, tracking))->lineAt(0).horizontalAdvance();
-    const double width = shaped * face.size / shapingSize;
-    if (m_widths.size() == mostWidths)
-        m_widths.clear();
-    m_widths.emplace(std::move(key), width);
-    return width;
+    return shapedLine(text, face, tracking / face.size).width * face.size / shapingSize;
 }
 
 LineMetrics FontMeasurer::lineMetrics(const FontFace& face) const
 {
-    const QFontMetricsF metrics{shapingFont(face, 0)};
+    const LineMetrics& metrics = shapingFace(face).metrics;
     const double scale = face.size / shapingSize;
-    return {.ascent = metrics.ascent() * scale, .descent = metrics.descent() * scale};
+    return {.ascent = metrics.ascent * scale, .descent = metrics.descent * scale};
 }
 
 QList<QGlyphRun> FontMeasurer::glyphs(std::string_view text, const FontFace& face, double tracking) const
 {
-    const auto layout = oneLine(toQString(text), shapingFont(face, tracking));
-    const QTextLine line = layout->lineAt(0);
-    const QPointF baseline{line.x(), line.y() + line.ascent()};
     const double scale = face.size / shapingSize;
-    QList<QGlyphRun> runs = line.glyphRuns();
+    QList<QGlyphRun> runs = shapedLine(text, face, tracking / face.size).runs;
     for (QGlyphRun& run : runs) {
         QList<QPointF> positions = run.positions();
         for (QPointF& position : positions)
-            position = (position - baseline) * scale;
+            position *= scale;
         run.setRawFont(scaled(run.rawFont(), scale));
         run.setPositions(positions);
     }
     return runs;
+}
+
+/// Texts are measured before they are painted, and tried in several sizes: their shape is the same in all.
+const FontMeasurer::ShapedLine& FontMeasurer::shapedLine(
+    std::string_view text, const FontFace& face, double tracking) const
+{
+    std::string key = keyOf(text, face, tracking);
+    if (const auto known = m_lines.find(key); known != m_lines.end())
+        return known->second;
+    if (m_lines.size() == mostLines)
+        m_lines.clear();
+    QFont font = shapingFace(face).font;
+    if (tracking != 0)
+        font.setLetterSpacing(QFont::AbsoluteSpacing, tracking * shapingSize);
+    return m_lines.emplace(std::move(key), shape(toQString(text), font)).first->second;
+}
+
+FontMeasurer::ShapedLine FontMeasurer::shape(const QString& text, const QFont& font)
+{
+    const auto layout = oneLine(text, font);
+    const QTextLine line = layout->lineAt(0);
+    const QPointF baseline{line.x(), line.y() + line.ascent()};
+    ShapedLine shaped{.width = line.horizontalAdvance(), .runs = line.glyphRuns()};
+    for (QGlyphRun& run : shaped.runs) {
+        QList<QPointF> positions = run.positions();
+        for (QPointF& position : positions)
+            position -= baseline;
+        run.setPositions(positions);
+    }
+    return shaped;
 }
 
 QRawFont FontMeasurer::scaled(const QRawFont& shaped, double scale) const
@@ -144,14 +162,16 @@ QRawFont FontMeasurer::scaled(const QRawFont& shaped, double scale) const
     return font;
 }
 
-QFont FontMeasurer::shapingFont(const FontFace& face, double tracking) const
+const FontMeasurer::ShapingFace& FontMeasurer::shapingFace(const FontFace& face) const
 {
+    const std::pair key{face.weight, face.design};
+    if (const auto known = m_faces.find(key); known != m_faces.end())
+        return known->second;
     QFont font = face.design == FontDesign::monospaced ? m_fixedFont : m_interfaceFont;
     font.setPixelSize(shapingSize);
     font.setWeight(weight(face.weight));
-    if (tracking != 0)
-        font.setLetterSpacing(QFont::AbsoluteSpacing, tracking * shapingSize / face.size);
-    return font;
+    const QFontMetricsF metrics{font};
+    return m_faces.emplace(key, ShapingFace{font, {metrics.ascent(), metrics.descent()}}).first->second;
 }
 
 } // namespace skyvane

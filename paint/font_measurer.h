@@ -7,9 +7,11 @@
 #include <QList>
 #include <QRawFont>
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace skyvane {
@@ -27,6 +29,18 @@ public:
     QList<QGlyphRun> glyphs(std::string_view text, const FontFace& face, double tracking) const;
 
 private:
+    /// One line at the shaping size.
+    struct ShapedLine {
+        double width;
+        QList<QGlyphRun> runs; ///< From its baseline's beginning.
+    };
+
+    /// A face at the shaping size.
+    struct ShapingFace {
+        QFont font;
+        LineMetrics metrics;
+    };
+
     /// Holds the pictures of its glyphs, so that they are drawn once only.
     struct ScaledFont {
         QRawFont shaped;
@@ -34,12 +48,15 @@ private:
         QRawFont font;
     };
 
-    QFont shapingFont(const FontFace& face, double tracking) const;
+    const ShapedLine& shapedLine(std::string_view text, const FontFace& face, double tracking) const;
+    static ShapedLine shape(const QString& text, const QFont& font);
+    const ShapingFace& shapingFace(const FontFace& face) const;
     QRawFont scaled(const QRawFont& shaped, double scale) const;
 
     QFont m_interfaceFont;
     QFont m_fixedFont;
-    mutable std::unordered_map<std::string, double> m_widths; ///< By text and face; emptied when full.
+    mutable std::map<std::pair<FontWeight, FontDesign>, ShapingFace> m_faces;
+    mutable std::unordered_map<std::string, ShapedLine> m_lines; ///< By text and face; emptied when full.
     mutable std::vector<ScaledFont> m_scaled; ///< Emptied when full.
 };
 

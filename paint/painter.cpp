@@ -1,11 +1,11 @@
 #include "paint/painter.h"
 
 #include "paint/pictograms.h"
+#include "paint/stroke_painter.h"
 #include "paint/to_qt.h"
 
 #include <QPainter>
 #include <QPainterPath>
-#include <QPen>
 #include <QRawFont>
 
 #include <cmath>
@@ -24,11 +24,6 @@ bool isNear(double points)
 bool isNear(Point point)
 {
     return isNear(point.x) && isNear(point.y);
-}
-
-QPen pen(const Stroke& stroke)
-{
-    return {toQt(stroke.color), stroke.width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin};
 }
 
 bool isVisible(const Stroke& stroke)
@@ -72,25 +67,26 @@ struct ItemPainter {
         if (!isNear(ellipse.center) || !isNear(ellipse.diameter) || ellipse.diameter <= 0)
             return;
         const double radius = ellipse.diameter / 2;
+        const auto outline
+            = [&](QPainter& target) { target.drawEllipse(toQt(ellipse.center), radius, radius); };
         if (const auto* fill = std::get_if<Color>(&ellipse.paint)) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(toQt(*fill));
-        } else {
-            const Stroke& stroke = std::get<Stroke>(ellipse.paint);
-            if (!isVisible(stroke))
-                return;
-            painter.setPen(pen(stroke));
-            painter.setBrush(Qt::NoBrush);
+            outline(painter);
+        } else if (const Stroke& stroke = std::get<Stroke>(ellipse.paint); isVisible(stroke)) {
+            const QPointF corner{radius, radius};
+            paintStroke(
+                painter, stroke, {toQt(ellipse.center) - corner, toQt(ellipse.center) + corner}, outline);
         }
-        painter.drawEllipse(toQt(ellipse.center), radius, radius);
     }
 
     void operator()(const Segment& segment) const
     {
         if (!isNear(segment.from) || !isNear(segment.to) || !isVisible(segment.stroke))
             return;
-        painter.setPen(pen(segment.stroke));
-        painter.drawLine(toQt(segment.from), toQt(segment.to));
+        const QRectF bounds = QRectF{toQt(segment.from), toQt(segment.to)}.normalized();
+        paintStroke(painter, segment.stroke, bounds,
+            [&](QPainter& target) { target.drawLine(toQt(segment.from), toQt(segment.to)); });
     }
 
     static QPainterPath outline(const QGlyphRun& run)

@@ -23,6 +23,11 @@ View sample()
                     .diameter = FractionOfWidth{0.9},
                     .paint = Stroke{.color = test::white, .width = 1.5},
                 },
+                CanvasCircle{
+                    .center = {0.5, 0.5},
+                    .diameter = FractionOfWidth{0.5},
+                    .paint = Stroke{.color = test::white.withOpacity(0.5), .width = 1},
+                },
                 CanvasLine{.from = {0, 0.5}, .to = {1, 0.5}, .stroke = {.color = test::white, .width = 1}},
                 CanvasSymbol{
                     .center = {0.7, 0.3}, .name = "airplane", .font = {.size = 14}, .color = test::white},
@@ -80,6 +85,12 @@ TEST(Render, anSvgShowsWhatTheImageShows)
     renderer.render(&painter);
     painter.end();
     EXPECT_LT(test::difference(image, renderImage(list, test::black, 2, fonts)), 3);
+}
+
+TEST(Render, anSvgIsDrawnInLinesNotInPixels)
+{
+    const FontMeasurer fonts;
+    EXPECT_FALSE(renderSvg(sampleList(fonts), test::black, {.title = "Sample"}, fonts).contains("<image"));
 }
 
 TEST(Render, anSvgNamesItselfAndHoldsNoText)
