@@ -16,7 +16,7 @@ CompositingWatch::CompositingWatch(std::function<void()> changed) : m_changed(st
     xcb_connection_t* connection = X11::connection();
     if (connection == nullptr)
         return;
-    m_compositor = X11::atom(connection, "_NET_WM_CM_S0");
+    m_compositor = X11::atoms<1>(connection, {"_NET_WM_CM_S0"}).front();
     const xcb_query_extension_reply_t* fixes = xcb_get_extension_data(connection, &xcb_xfixes_id);
     if (fixes == nullptr || fixes->present == 0)
         return;

@@ -39,10 +39,10 @@ void Desktop::DeleteLater::operator()(QWidget* window) const
     window->deleteLater();
 }
 
-Desktop::Desktop(const DesktopSetup& setup)
+Desktop::Desktop(ExtensionProcess& extension, const DesktopSetup& setup)
     : m_open(setup.open)
     , m_settings(setup.settings)
-    , m_extension(setup.extension, setup.pace)
+    , m_extension(extension)
     , m_file(setup.hostFile)
     , m_schedule(m_extension,
           [this](int widget, const WidgetContent& content) {
@@ -162,7 +162,7 @@ void Desktop::showGallery()
 void Desktop::openWindow(const PlacedWidget& widget)
 {
     Window window{new WidgetWindow{widget.target.family, m_fonts, actionsOf(widget.id)}};
-    window->setShaped(!m_compositing.isActive());
+    window->setShaped(!m_isComposited);
     moveOnDesktop(*window, Placing::frame(widget.placement, window->size(), Screens::all()).topLeft());
     window->show();
     m_windows[widget.id] = std::move(window);
@@ -218,8 +218,9 @@ void Desktop::restoreFrames()
 
 void Desktop::shapeWindows()
 {
+    m_isComposited = m_compositing.isActive();
     for (const auto& [id, window] : m_windows)
-        window->setShaped(!m_compositing.isActive());
+        window->setShaped(!m_isComposited);
 }
 
 QRect Desktop::snapped(int widget, const QRect& frame) const

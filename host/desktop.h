@@ -15,19 +15,17 @@ class Gallery;
 
 /// What a desktop of widgets is made from.
 struct DesktopSetup {
-    ExtensionProgram extension;
     std::filesystem::path hostFile;
     std::filesystem::path configuration; ///< The file whose changes refresh the widgets.
     std::function<void(const URL&)> open;
     std::function<void()> welcome; ///< On the first start, when there is no configuration yet.
     std::function<void()> settings;
-    ExtensionPace pace{};
 };
 
 /// The placed widgets with their windows. Needs a QApplication.
 class Desktop {
 public:
-    explicit Desktop(const DesktopSetup& setup);
+    Desktop(ExtensionProcess& extension, const DesktopSetup& setup);
     ~Desktop();
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
@@ -70,7 +68,7 @@ private:
     std::function<void(const URL&)> m_open;
     std::function<void()> m_settings;
     FontMeasurer m_fonts;
-    ExtensionProcess m_extension;
+    ExtensionProcess& m_extension;
     HostFile m_file;
     std::vector<WidgetInfo> m_known;
     std::vector<PlacedWidget> m_placed;
@@ -80,6 +78,7 @@ private:
     ConfigurationWatch m_configuration;
     SleepWatch m_sleep;
     CompositingWatch m_compositing;
+    bool m_isComposited = m_compositing.isActive();
     QObject m_context; ///< Ends the connections to screens.
 };
 

@@ -28,9 +28,9 @@ bool isOnLayer()
 }
 
 void replace(
-    xcb_connection_t* connection, xcb_window_t window, const char* name, xcb_atom_t type, auto values)
+    xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type, auto values)
 {
-    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, X11::atom(connection, name), type, 32,
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, property, type, 32,
         static_cast<std::uint32_t>(values.size()), values.data());
 }
 
@@ -48,23 +48,21 @@ void leaveWindowGroup(xcb_connection_t* connection, xcb_window_t window)
     const auto* words = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
     std::vector<std::uint32_t> hints(words, words + reply->length);
     hints.front() &= ~groupHint;
-    replace(connection, window, "WM_HINTS", XCB_ATOM_WM_HINTS, hints);
+    replace(connection, window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, hints);
 }
 
 void hintToWindowManager(xcb_connection_t* connection, xcb_window_t window)
 {
     constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
+    static const auto [windowType, utility, desktop, state, below, sticky, skipTaskBar, skipPager]
+        = X11::atoms<8>(connection,
+            {"_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_UTILITY", "_NET_WM_DESKTOP", "_NET_WM_STATE",
+                "_NET_WM_STATE_BELOW", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_TASKBAR",
+                "_NET_WM_STATE_SKIP_PAGER"});
     leaveWindowGroup(connection, window);
-    replace(connection, window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
-        std::array{X11::atom(connection, "_NET_WM_WINDOW_TYPE_UTILITY")});
-    replace(connection, window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, std::array{everyDesktop});
-    replace(connection, window, "_NET_WM_STATE", XCB_ATOM_ATOM,
-        std::array{
-            X11::atom(connection, "_NET_WM_STATE_BELOW"),
-            X11::atom(connection, "_NET_WM_STATE_STICKY"),
-            X11::atom(connection, "_NET_WM_STATE_SKIP_TASKBAR"),
-            X11::atom(connection, "_NET_WM_STATE_SKIP_PAGER"),
-        });
+    replace(connection, window, windowType, XCB_ATOM_ATOM, std::array{utility});
+    replace(connection, window, desktop, XCB_ATOM_CARDINAL, std::array{everyDesktop});
+    replace(connection, window, state, XCB_ATOM_ATOM, std::array{below, sticky, skipTaskBar, skipPager});
     xcb_flush(connection);
 }
 

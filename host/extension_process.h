@@ -41,6 +41,9 @@ public:
     ExtensionProcess(const ExtensionProcess&) = delete;
     ExtensionProcess& operator=(const ExtensionProcess&) = delete;
 
+    /// Ahead of the first question, which then finds it ready.
+    void start() { startWhenAllowed(); }
+
     void list(Answer<std::vector<WidgetInfo>> answer);
     void placeholder(const WidgetTarget& target, Answer<WidgetEntry> answer);
     void sample(const WidgetTarget& target, Answer<WidgetEntry> answer);

@@ -62,5 +62,5 @@ int main(int argc, char* argv[])
     choosePlatform();
     QApplication::setDesktopFileName(QStringLiteral("org.skyvane.Host"));
     QApplication application{argc, argv};
-    return skyvane::runDesktop(skyvane::standardSetup(extension(), companion));
+    return skyvane::runDesktop(extension(), skyvane::standardSetup(companion));
 }

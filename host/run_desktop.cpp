@@ -26,10 +26,9 @@ int showGalleryOfOther(const QDBusConnection& bus)
 
 } // namespace
 
-DesktopSetup standardSetup(const ExtensionProgram& extension, const Companion& companion)
+DesktopSetup standardSetup(const Companion& companion)
 {
     return {
-        .extension = extension,
         .hostFile = HostFile::standardPath(),
         .configuration = configurationFile(Files::homeFolder()),
         .open = [companion](const URL& url) { companion.openLink(url); },
@@ -38,14 +37,16 @@ DesktopSetup standardSetup(const ExtensionProgram& extension, const Companion& c
     };
 }
 
-int runDesktop(const DesktopSetup& setup)
+int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup)
 {
     QApplication::setQuitOnLastWindowClosed(false);
+    ExtensionProcess extension{program};
+    extension.start(); // Gets ready while the windows do.
     QDBusConnection bus = QDBusConnection::sessionBus();
     HostService service{bus}; // Before its name is known, so that nobody who knows it finds nothing.
     if (bus.isConnected() && !bus.registerService(HostService::name()))
         return showGalleryOfOther(bus);
-    Desktop desktop{setup};
+    Desktop desktop{extension, setup};
     service.serve(desktop);
     return QApplication::exec();
 }

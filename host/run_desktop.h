@@ -6,10 +6,10 @@
 namespace skyvane {
 
 /// The user's own desktop, with these programs.
-DesktopSetup standardSetup(const ExtensionProgram& extension, const Companion& companion);
+DesktopSetup standardSetup(const Companion& companion);
 
 /// Shows the widgets until the user quits; where a host of this session shows them already, that one's
 /// gallery. The exit status. Needs a QApplication.
-int runDesktop(const DesktopSetup& setup);
+int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup);
 
 } // namespace skyvane

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
 #include <string_view>
 
 #include <xcb/xcb.h>
@@ -10,6 +15,22 @@ namespace skyvane::X11 {
 /// The application's own. Null where its windows are not the X server's.
 xcb_connection_t* connection();
 
-xcb_atom_t atom(xcb_connection_t* connection, std::string_view name);
+/// By their names, asked for in one turn; XCB_ATOM_NONE where the server fails.
+template <std::size_t count>
+std::array<xcb_atom_t, count> atoms(
+    xcb_connection_t* connection, const std::array<std::string_view, count>& names)
+{
+    std::array<xcb_intern_atom_cookie_t, count> asked{};
+    std::ranges::transform(names, asked.begin(), [&](std::string_view name) {
+        return xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    });
+    std::array<xcb_atom_t, count> list{};
+    std::ranges::transform(asked, list.begin(), [&](xcb_intern_atom_cookie_t cookie) {
+        const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply{
+            xcb_intern_atom_reply(connection, cookie, nullptr), &std::free};
+        return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    });
+    return list;
+}
 
 } // namespace skyvane::X11

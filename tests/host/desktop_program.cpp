@@ -11,12 +11,12 @@ int main(int argc, char* argv[])
     if (argc != 4)
         return 2;
     QApplication application{argc, argv};
-    return skyvane::runDesktop({
-        .extension = {.path = argv[1]},
-        .hostFile = argv[2],
-        .configuration = argv[3],
-        .open = [](const skyvane::URL& url) { std::cout << url.text() << std::endl; },
-        .welcome = [] { std::cout << "welcome" << std::endl; },
-        .settings = [] { std::cout << "settings" << std::endl; },
-    });
+    return skyvane::runDesktop({.path = argv[1]},
+        {
+            .hostFile = argv[2],
+            .configuration = argv[3],
+            .open = [](const skyvane::URL& url) { std::cout << url.text() << std::endl; },
+            .welcome = [] { std::cout << "welcome" << std::endl; },
+            .settings = [] { std::cout << "settings" << std::endl; },
+        });
 }
