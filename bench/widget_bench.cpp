@@ -1,32 +1,16 @@
+#include "bench/subjects.h"
 #include "bench/synthetic_sky.h"
-
 #include "paint/render.h"
 #include "platform/json/value.h"
 #include "ui/archive/archive.h"
-#include "ui/layout/widget_container.h"
-#include "widgets/skyvane_widget_bundle.h"
 
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <string>
 
 namespace skyvane::bench {
 namespace {
-
-struct Subject {
-    std::string kind;
-    WidgetFamily family;
-    ContainerFamily container;
-};
-
-WidgetContent contentOf(const Subject& subject, const SkyEntry& entry)
-{
-    const auto widgets = SkyvaneWidgetBundle{}.body();
-    return std::ranges::find(widgets, "org.skyvane.widgets." + subject.kind, &Widget::kind)
-        ->content(entry, subject.family);
-}
 
 void tree(benchmark::State& state, const Subject& subject)
 {
@@ -69,20 +53,15 @@ void paint(benchmark::State& state, const Subject& subject)
 
 void emptyImage(benchmark::State& state, const Subject& subject)
 {
-    const Size size = WidgetContainer::size(subject.container);
-    const auto scale = static_cast<double>(state.range(0));
-    for ([[maybe_unused]] const auto iteration : state) {
-        QImage image(static_cast<int>(size.width * scale), static_cast<int>(size.height * scale),
-            QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::black);
-        benchmark::DoNotOptimize(image.constBits());
-    }
+    for ([[maybe_unused]] const auto iteration : state)
+        fillEmptyPicture(subject, static_cast<double>(state.range(0)));
 }
 
-void registerAll(const char* name, const Subject& subject)
+void registerAll(const Subject& subject)
 {
     const auto add = [&](const char* what, auto* function) {
-        return benchmark::RegisterBenchmark((std::string{what} + "/" + name).c_str(), function, subject)
+        return benchmark::RegisterBenchmark(
+            (std::string{what} + "/" + subject.name()).c_str(), function, subject)
             ->Unit(benchmark::kMicrosecond);
     };
     add("tree", tree)->Arg(40)->Arg(5000);
@@ -93,10 +72,8 @@ void registerAll(const char* name, const Subject& subject)
 }
 
 const bool isRegistered = [] {
-    registerAll("nearest small", {"nearest", WidgetFamily::small, ContainerFamily::small});
-    registerAll("radar small", {"radar", WidgetFamily::small, ContainerFamily::small});
-    registerAll("radar medium", {"radar", WidgetFamily::medium, ContainerFamily::medium});
-    registerAll("skyboard large", {"skyboard", WidgetFamily::large, ContainerFamily::large});
+    for (const Subject& subject : subjects())
+        registerAll(subject);
     return true;
 }();
 

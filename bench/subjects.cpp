@@ -1,0 +1,36 @@
+#include "bench/subjects.h"
+
+#include <QImage>
+
+#include <algorithm>
+
+namespace skyvane::bench {
+
+const std::vector<Subject>& subjects()
+{
+    static const std::vector<Subject> list{
+        {"nearest", WidgetFamily::small, ContainerFamily::small},
+        {"radar", WidgetFamily::small, ContainerFamily::small},
+        {"radar", WidgetFamily::medium, ContainerFamily::medium},
+        {"skyboard", WidgetFamily::large, ContainerFamily::large},
+    };
+    return list;
+}
+
+WidgetContent contentOf(const Subject& subject, const SkyEntry& entry)
+{
+    const auto widgets = SkyvaneWidgetBundle{}.body();
+    return std::ranges::find(widgets, "org.skyvane.widgets." + subject.kind, &Widget::kind)
+        ->content(entry, subject.family);
+}
+
+void fillEmptyPicture(const Subject& subject, double scale)
+{
+    const Size size = WidgetContainer::size(subject.container);
+    QImage image(static_cast<int>(size.width * scale), static_cast<int>(size.height * scale),
+        QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::black);
+    asm volatile("" : : "r"(image.constBits()) : "memory");
+}
+
+} // namespace skyvane::bench

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "ui/layout/widget_container.h"
+#include "widgets/skyvane_widget_bundle.h"
+
+#include <string>
+#include <vector>
+
+namespace skyvane::bench {
+
+/// A widget in one of its families.
+struct Subject {
+    std::string kind;
+    WidgetFamily family;
+    ContainerFamily container;
+
+    std::string name() const { return kind + " " + std::string{WidgetContainer::name(container)}; }
+};
+
+const std::vector<Subject>& subjects();
+
+WidgetContent contentOf(const Subject& subject, const SkyEntry& entry);
+
+/// What painting it is measured against: a picture of its size, filled.
+void fillEmptyPicture(const Subject& subject, double scale);
+
+} // namespace skyvane::bench
