@@ -134,7 +134,7 @@ CompanionSetup CompanionSetup::standard()
     return {
         .sessionBus = QDBusConnection::sessionBus(),
         .systemBus = QDBusConnection::systemBus(),
-        .transport = &UrlSession::data,
+        .transport = UrlSession{},
         .open = [](const QUrl& page) { QDesktopServices::openUrl(page); },
         .hostProgram = skyvane::hostProgram(),
         .autostart = AutostartFolders::standard(),

@@ -31,8 +31,8 @@ Rows timelineRows(const Programs& programs)
         {
             {.line = timelineRequest, .words = {programs.extension.string()}},
             shell(std::string{download} + " | " + choose),
-            shell(std::string{"exec "} + download + " --output "
-                + file), // Of a pipe, only the largest process is known.
+            // Of a pipe, only the largest process is known.
+            shell(std::string{"exec "} + download + " --output " + file),
             shell(std::string{"exec "} + choose + " " + file),
         });
     const std::string what = "one timeline of 1000 aircraft over HTTPS, whole process: ";

@@ -18,6 +18,7 @@ constexpr std::size_t largestBody = std::size_t{32} << 20;
 constexpr std::size_t largestHeaders = std::size_t{256}
     << 10; ///< Of all answers on the way, redirects included.
 constexpr long mostRedirects = 10;
+constexpr long longestRest = 30; ///< Seconds between two transfers on a connection; not the machine's sleep.
 
 template <class Value>
 void set(CURL* easy, CURLoption option, Value value)
@@ -44,7 +45,7 @@ std::string defaultUserAgent()
 
 } // namespace
 
-Transfer::Transfer(const URLRequest& request)
+Transfer::Transfer(const URLRequest& request, CURLM* connections) : m_multi(connections)
 {
     if (m_multi == nullptr || m_easy == nullptr)
         throw TransferError{curl_easy_strerror(CURLE_FAILED_INIT)};
@@ -56,7 +57,7 @@ Transfer::Transfer(const URLRequest& request)
     setReceivers();
     if (const Network* network = Pinned<Network>::current())
         confineTo(*network);
-    if (const CURLMcode outcome = curl_multi_add_handle(m_multi.get(), m_easy.get()); outcome != CURLM_OK)
+    if (const CURLMcode outcome = curl_multi_add_handle(m_multi, m_easy.get()); outcome != CURLM_OK)
         throw TransferError{curl_multi_strerror(outcome)};
 }
 
@@ -68,6 +69,7 @@ void Transfer::setLimits(const URLRequest& request)
     set(m_easy.get(), CURLOPT_REDIR_PROTOCOLS_STR, "https");
     set(m_easy.get(), CURLOPT_FOLLOWLOCATION, 1L);
     set(m_easy.get(), CURLOPT_MAXREDIRS, mostRedirects);
+    set(m_easy.get(), CURLOPT_MAXAGE_CONN, longestRest);
     set(m_easy.get(), CURLOPT_SSL_VERIFYPEER, 1L);
     set(m_easy.get(), CURLOPT_SSL_VERIFYHOST, 2L);
     set(m_easy.get(), CURLOPT_NOSIGNAL, 1L);
@@ -124,14 +126,14 @@ void Transfer::confineTo(const Network& network)
 std::optional<CURLcode> Transfer::run(const std::stop_token& stop)
 {
     constexpr int untilWoken = 60'000; // Milliseconds; the library's own timers end the wait earlier.
-    const std::stop_callback wake{stop, [this] { curl_multi_wakeup(m_multi.get()); }};
+    const std::stop_callback wake{stop, [this] { curl_multi_wakeup(m_multi); }};
     while (!stop.stop_requested()) {
         int running = 0;
-        CURLMcode state = curl_multi_perform(m_multi.get(), &running);
+        CURLMcode state = curl_multi_perform(m_multi, &running);
         if (running == 0 && state == CURLM_OK)
             return outcome();
         if (state == CURLM_OK)
-            state = curl_multi_poll(m_multi.get(), nullptr, 0, untilWoken, nullptr);
+            state = curl_multi_poll(m_multi, nullptr, 0, untilWoken, nullptr);
         if (state != CURLM_OK)
             throw TransferError{curl_multi_strerror(state)};
     }
@@ -141,7 +143,7 @@ std::optional<CURLcode> Transfer::run(const std::stop_token& stop)
 std::optional<CURLcode> Transfer::outcome() const
 {
     int left = 0;
-    const CURLMsg* message = curl_multi_info_read(m_multi.get(), &left);
+    const CURLMsg* message = curl_multi_info_read(m_multi, &left);
     return message != nullptr ? message->data.result : CURLE_FAILED_INIT;
 }
 

@@ -1,12 +1,10 @@
 #pragma once
 
+#include "platform/net/handles.h"
 #include "platform/net/url_session.h"
-
-#include <curl/curl.h>
 
 #include <array>
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -14,23 +12,12 @@
 
 namespace skyvane {
 
-template <auto release>
-struct Release {
-    template <class Handle>
-    void operator()(Handle* handle) const
-    {
-        release(handle);
-    }
-};
-using EasyHandle = std::unique_ptr<CURL, Release<curl_easy_cleanup>>;
-using MultiHandle = std::unique_ptr<CURLM, Release<curl_multi_cleanup>>;
-using StringList = std::unique_ptr<curl_slist, Release<curl_slist_free_all>>;
-
 /// One GET on its way: the handle, and what it has brought so far.
 class Transfer {
 public:
-    explicit Transfer(const URLRequest& request);
-    ~Transfer() { curl_multi_remove_handle(m_multi.get(), m_easy.get()); }
+    /// On connections that no other transfer uses before this one's end.
+    Transfer(const URLRequest& request, CURLM* connections);
+    ~Transfer() { curl_multi_remove_handle(m_multi, m_easy.get()); }
     Transfer(const Transfer&) = delete;
     Transfer& operator=(const Transfer&) = delete;
 
@@ -52,7 +39,7 @@ private:
     std::string m_body;
     StringList m_headers;
     StringList m_connectTo;
-    MultiHandle m_multi{curl_multi_init()};
+    CURLM* m_multi;
     EasyHandle m_easy{curl_easy_init()};
 };
 

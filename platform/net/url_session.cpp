@@ -1,11 +1,11 @@
 #include "platform/net/url_session.h"
 
 #include "platform/net/broken_pipe.h"
+#include "platform/net/resting_connection.h"
 #include "platform/net/transfer.h"
 
-#include <curl/curl.h>
-
 #include <optional>
+#include <utility>
 
 namespace skyvane {
 
@@ -18,21 +18,31 @@ void prepareLibrary()
         throw TransferError{curl_easy_strerror(outcome)};
 }
 
-} // namespace
-
-URLResponse UrlSession::data(const URLRequest& request, std::stop_token stop)
+URLResponse answer(const URLRequest& request, CURLM* connections, const std::stop_token& stop)
 {
-    if (stop.stop_requested())
-        throw CancellationError{};
-    prepareLibrary();
-    const WithoutBrokenPipeSignal guard;
-    Transfer transfer{request};
+    Transfer transfer{request, connections};
     const std::optional<CURLcode> outcome = transfer.run(stop);
     if (!outcome || stop.stop_requested())
         throw CancellationError{};
     if (*outcome != CURLE_OK)
         throw TransferError{transfer.problem(*outcome)};
     return transfer.takeResponse();
+}
+
+} // namespace
+
+UrlSession::UrlSession() : m_connection(std::make_shared<RestingConnection>()) { }
+
+URLResponse UrlSession::operator()(const URLRequest& request, const std::stop_token& stop) const
+{
+    if (stop.stop_requested())
+        throw CancellationError{};
+    prepareLibrary();
+    const WithoutBrokenPipeSignal guard;
+    MultiHandle connection = m_connection->take();
+    URLResponse response = answer(request, connection.get(), stop);
+    m_connection->keep(std::move(connection));
+    return response;
 }
 
 } // namespace skyvane

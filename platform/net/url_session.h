@@ -5,6 +5,7 @@
 #include <chrono>
 #include <exception>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <stop_token>
 #include <string>
@@ -47,7 +48,9 @@ struct CancellationError : std::exception {
     const char* what() const noexcept override { return "cancelled"; }
 };
 
-/// How a client reaches its server: `UrlSession::data`, or a test's own.
+/// How a client reaches its server: a `UrlSession`, or a test's own. One GET, waited for; may run on many
+/// threads at once. Throws `CancellationError` at once when the stop token asks for it, `TransferError` on
+/// every other failure.
 using Transport = std::function<URLResponse(const URLRequest&, std::stop_token)>;
 
 /// Where tests send every request of this process instead of the real hosts. Pinned with `Pinned<Network>`.
@@ -56,14 +59,20 @@ struct Network {
     std::vector<std::string> connectTo{}; ///< "host:port:connect-to-host:connect-to-port" each.
 };
 
-/// The one way out of this machine: HTTPS with verified certificates, redirects to HTTPS only, compressed
-/// answers accepted, at most 8 seconds and 32 MiB (decompressed) a transfer.
-namespace UrlSession {
+class RestingConnection;
 
-/// One GET, waited for; may run on many threads at once. Throws `CancellationError` at once when `stop` asks
-/// for it, `TransferError` on every other failure.
-URLResponse data(const URLRequest& request, std::stop_token stop);
+/// The one way out of this machine, a `Transport`: HTTPS with verified certificates, redirects to HTTPS only,
+/// compressed answers accepted, at most 8 seconds and 32 MiB (decompressed) a transfer. The last
+/// connection stays open, to serve the next request if that goes to the same host within 30 seconds; copies
+/// of a session share it.
+class UrlSession {
+public:
+    UrlSession();
 
-} // namespace UrlSession
+    URLResponse operator()(const URLRequest& request, const std::stop_token& stop) const;
+
+private:
+    std::shared_ptr<RestingConnection> m_connection;
+};
 
 } // namespace skyvane

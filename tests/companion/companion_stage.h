@@ -72,7 +72,7 @@ public:
     HttpsServer server{authority,
         {"api.adsb.lol", "opendata.adsb.fi", "api.adsbdb.com", "api.planespotters.net", "t.plnspttrs.net"}};
     Pinned<Network> network{server.network()};
-    Pacer pacer{&UrlSession::data, std::chrono::milliseconds{20}};
+    Pacer pacer{UrlSession{}, std::chrono::milliseconds{20}};
     Errands errands;
     FontMeasurer fonts;
 };

@@ -77,7 +77,7 @@ Transport FaultServer::towards(const Fault& fault)
     return [base = "https://" + hostOf(fault) + "/"](URLRequest request, const std::stop_token& stop) {
         if (request.url.text().find("api.adsb.lol") == std::string::npos)
             request.url = URL::parse(base).value();
-        return UrlSession::data(request, stop);
+        return UrlSession{}(request, stop);
     };
 }
 
@@ -88,6 +88,7 @@ void goWrong(
     if (fault.handler)
         server.handle("/", fault.handler);
     server.present(host, certificateOf(fault, authority, host));
+    server.hangUp();
 }
 
 } // namespace skyvane::test

@@ -103,11 +103,17 @@ HttpsServer::~HttpsServer()
 {
     shutdown(m_listener, SHUT_RDWR);
     m_accepting.join();
-    for (Served& served : m_served)
-        served.connection.interrupt();
+    hangUp();
     m_served.clear();
     close(m_listener);
     close(m_release);
+}
+
+void HttpsServer::hangUp()
+{
+    const std::lock_guard lock{m_mutex};
+    for (Served& served : m_served)
+        served.connection.interrupt();
 }
 
 void HttpsServer::answer(const std::string& targetPrefix, Answer answer)

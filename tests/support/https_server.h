@@ -59,6 +59,8 @@ public:
     void present(const std::string& host, const ServerCertificate& certificate);
     /// Called with every new connection before TLS begins.
     void greet(Greeting greeting);
+    /// Ends every connection at once.
+    void hangUp();
     /// Ends every stall, now and from now on.
     void release();
 

@@ -41,5 +41,5 @@ int main(int argumentCount, char**)
     giveLargeBlocksBackAtOnce();
     skyvane::useCatalogues(catalogueFolder());
     skyvane::Extension::confine(); // Where the kernel does not, the extension serves all the same.
-    return skyvane::Extension::serve(STDIN_FILENO, STDOUT_FILENO, {.transport = &skyvane::UrlSession::data});
+    return skyvane::Extension::serve(STDIN_FILENO, STDOUT_FILENO, {.transport = skyvane::UrlSession{}});
 }

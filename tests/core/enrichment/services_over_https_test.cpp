@@ -33,11 +33,11 @@ protected:
         server.answer("/pub/photos/hex/", answer);
     }
 
-    static std::optional<FlightRoute> route(const Transport& transport = UrlSession::data)
+    static std::optional<FlightRoute> route(const Transport& transport = UrlSession{})
     {
         return RouteAPI::fetch("UAL123", transport);
     }
-    static std::optional<PlanePhoto> photo(const Transport& transport = UrlSession::data)
+    static std::optional<PlanePhoto> photo(const Transport& transport = UrlSession{})
     {
         return PhotoAPI::fetch("a1b2c3", transport);
     }
@@ -84,8 +84,8 @@ TEST_F(ServicesOverHTTPS, aPhotoComesFromThePhotoService)
 
 TEST_F(ServicesOverHTTPS, whatIsAskedForIsSentAsItStands)
 {
-    RouteAPI::fetch("ual%20/1?x=%e9", UrlSession::data);
-    PhotoAPI::fetch("~A1b2C3", UrlSession::data);
+    RouteAPI::fetch("ual%20/1?x=%e9", UrlSession{});
+    PhotoAPI::fetch("~A1b2C3", UrlSession{});
     ASSERT_EQ(server.requests().size(), 2U);
     EXPECT_EQ(server.requests()[0].target, "/v0/callsign/ual%20/1?x=%e9");
     EXPECT_EQ(server.requests()[1].target, "/pub/photos/hex/~A1b2C3");
@@ -93,8 +93,8 @@ TEST_F(ServicesOverHTTPS, whatIsAskedForIsSentAsItStands)
 
 TEST_F(ServicesOverHTTPS, whatFormsNoURLReachesNobody)
 {
-    EXPECT_EQ(RouteAPI::fetch("UAL 123", UrlSession::data), std::nullopt);
-    EXPECT_EQ(PhotoAPI::fetch("a1 b2", UrlSession::data), std::nullopt);
+    EXPECT_EQ(RouteAPI::fetch("UAL 123", UrlSession{}), std::nullopt);
+    EXPECT_EQ(PhotoAPI::fetch("a1 b2", UrlSession{}), std::nullopt);
     EXPECT_EQ(server.connectionCount(), 0U);
 }
 
@@ -140,9 +140,9 @@ TEST_F(ServicesOverHTTPS, aStalledAnswerIsAbsentAtOnceWhenTheCallerStops)
     server.handle("/", [](const auto&, Connection& connection) { connection.stall(); });
     std::stop_source source;
     auto stalledRoute = std::async(
-        std::launch::async, [&] { return RouteAPI::fetch("UAL123", UrlSession::data, source.get_token()); });
+        std::launch::async, [&] { return RouteAPI::fetch("UAL123", UrlSession{}, source.get_token()); });
     auto stalledPhoto = std::async(
-        std::launch::async, [&] { return PhotoAPI::fetch("a1b2c3", UrlSession::data, source.get_token()); });
+        std::launch::async, [&] { return PhotoAPI::fetch("a1b2c3", UrlSession{}, source.get_token()); });
     ASSERT_TRUE(server.waitForRequests(2));
     const auto stopped = std::chrono::steady_clock::now();
     source.request_stop();
@@ -155,8 +155,8 @@ TEST_F(ServicesOverHTTPS, aCallerThatHasStoppedAsksNobody)
 {
     std::stop_source source;
     source.request_stop();
-    EXPECT_EQ(RouteAPI::fetch("UAL123", UrlSession::data, source.get_token()), std::nullopt);
-    EXPECT_EQ(PhotoAPI::fetch("a1b2c3", UrlSession::data, source.get_token()), std::nullopt);
+    EXPECT_EQ(RouteAPI::fetch("UAL123", UrlSession{}, source.get_token()), std::nullopt);
+    EXPECT_EQ(PhotoAPI::fetch("a1b2c3", UrlSession{}, source.get_token()), std::nullopt);
     EXPECT_EQ(server.connectionCount(), 0U);
 }
 
@@ -166,7 +166,7 @@ TEST_F(ServicesOverHTTPS, anAnswerThatTakesLongerThanTheTimeoutIsAbsent)
     const Transport soonerTimedOut = [](URLRequest request, std::stop_token stop) {
         EXPECT_EQ(request.timeout, 8s);
         request.timeout = 200ms;
-        return UrlSession::data(request, stop);
+        return UrlSession{}(request, stop);
     };
     EXPECT_EQ(route(soonerTimedOut), std::nullopt);
     EXPECT_EQ(photo(soonerTimedOut), std::nullopt);

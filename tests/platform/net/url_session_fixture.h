@@ -29,10 +29,10 @@ protected:
     }
     static URLRequest request() { return request("https://example.test/"); }
 
-    static URLResponse get(const URLRequest& wanted = request()) { return UrlSession::data(wanted, {}); }
+    URLResponse get(const URLRequest& wanted = request()) const { return session(wanted, {}); }
 
     /// Why the transfer failed; empty when it did not.
-    static std::string failure(const URLRequest& wanted = request())
+    std::string failure(const URLRequest& wanted = request()) const
     {
         try {
             get(wanted);
@@ -42,6 +42,7 @@ protected:
         return {};
     }
 
+    UrlSession session;
     ScratchFolder scratch;
     CertificateAuthority authority{scratch.path() / "authority.pem"};
     HttpsServer server{authority, {"example.test", "other.test"}};

@@ -32,7 +32,7 @@ protected:
         std::stop_source stop;
         auto transfer = std::async(std::launch::async, [&]() -> std::optional<steady_clock::time_point> {
             try {
-                UrlSession::data(request(), stop.get_token());
+                session(request(), stop.get_token());
             } catch (const CancellationError&) {
                 return steady_clock::now();
             }
@@ -209,7 +209,7 @@ TEST_F(UrlSessionTest, aCancelledTransferMakesNoConnection)
 {
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_THROW(UrlSession::data(request(), stop.get_token()), CancellationError);
+    EXPECT_THROW(session(request(), stop.get_token()), CancellationError);
     EXPECT_EQ(server.connectionCount(), 0U);
 }
 
@@ -220,14 +220,14 @@ TEST_F(UrlSessionTest, cancellationWinsOverFailure)
         stop.request_stop();
         connection.reset();
     });
-    EXPECT_THROW(UrlSession::data(request(), stop.get_token()), CancellationError);
+    EXPECT_THROW(session(request(), stop.get_token()), CancellationError);
 }
 
 TEST_F(UrlSessionTest, aStopTokenThatNobodyUsesChangesNothing)
 {
     server.answer("/", {.body = "here"});
     std::stop_source stop;
-    EXPECT_EQ(UrlSession::data(request(), stop.get_token()).body, "here");
+    EXPECT_EQ(session(request(), stop.get_token()).body, "here");
 }
 
 } // namespace skyvane::test

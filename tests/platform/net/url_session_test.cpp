@@ -187,7 +187,7 @@ TEST_F(UrlSessionTest, manyTransfersRunAtOnce)
     std::vector<std::future<URLResponse>> transfers;
     for (std::size_t index = 0; index < count; ++index)
         transfers.push_back(std::async(std::launch::async,
-            [index] { return get(request("https://example.test/" + std::to_string(index))); }));
+            [this, index] { return get(request("https://example.test/" + std::to_string(index))); }));
     for (std::size_t index = 0; index < count; ++index)
         EXPECT_EQ(transfers[index].get().body, "/" + std::to_string(index));
 }

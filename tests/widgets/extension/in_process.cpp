@@ -27,7 +27,7 @@ public:
     {
         m_network.emplace(server.network());
         m_status = std::async(std::launch::async, [input, output] {
-            const int status = Extension::serve(input, output, {.transport = &UrlSession::data});
+            const int status = Extension::serve(input, output, {.transport = UrlSession{}});
             close(input);
             close(output);
             return status;
