@@ -99,6 +99,8 @@ void Transfer::setReceivers()
     };
     const Receiver receiveBody = [](char* bytes, std::size_t, std::size_t length, void* transfer) noexcept {
         auto& self = *static_cast<Transfer*>(transfer);
+        if (self.m_body.empty())
+            self.reserveBody();
         if (length <= largestBody - self.m_body.size()) {
             self.m_body.append(bytes, length);
             return length;
@@ -110,6 +112,16 @@ void Transfer::setReceivers()
     set(m_easy.get(), CURLOPT_HEADERDATA, this);
     set(m_easy.get(), CURLOPT_WRITEFUNCTION, receiveBody);
     set(m_easy.get(), CURLOPT_WRITEDATA, this);
+}
+
+/// For as much as is announced, and some more: a parser may want it to read the body where it stands.
+void Transfer::reserveBody()
+{
+    constexpr curl_off_t spare = 64;
+    curl_off_t length = 0;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
+    if (length > 0 && length <= static_cast<curl_off_t>(largestBody))
+        m_body.reserve(static_cast<std::size_t>(length + spare));
 }
 
 void Transfer::confineTo(const Network& network)

@@ -30,6 +30,7 @@ private:
     void setLimits(const URLRequest& request);
     void setHeaders(const std::vector<HTTPHeader>& headers);
     void setReceivers();
+    void reserveBody();
     void confineTo(const Network& network);
     std::optional<CURLcode> outcome() const;
 
