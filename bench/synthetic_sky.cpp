@@ -32,9 +32,9 @@ std::string aircraftObject(std::mt19937& random)
 
 } // namespace
 
-std::string syntheticAnswer(std::size_t aircraftCount)
+std::string syntheticAnswer(std::size_t aircraftCount, unsigned moment)
 {
-    std::mt19937 random{7};
+    std::mt19937 random{moment};
     std::string json = R"({"ac":[)";
     for (std::size_t index = 0; index < aircraftCount; ++index) {
         json += index == 0 ? "" : ",";
@@ -43,11 +43,11 @@ std::string syntheticAnswer(std::size_t aircraftCount)
     return json + R"(],"msg":"No error","now":1763349004000,"total":5000,"ctime":1763349004000,"ptime":3})";
 }
 
-SkyEntry syntheticEntry(std::size_t aircraftCount)
+SkyEntry syntheticEntry(std::size_t aircraftCount, unsigned moment)
 {
     return {
         .date = Clock::now(),
-        .aircraft = JSON::decodeText<APIResponse>(syntheticAnswer(aircraftCount)).ac.value(),
+        .aircraft = JSON::decodeText<APIResponse>(syntheticAnswer(aircraftCount, moment)).ac.value(),
         .radiusNM = 250,
         .home = HomeLocation{.latitude = 51.5, .longitude = -0.12, .label = "Home"},
         .isSample = false,

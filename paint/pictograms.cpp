@@ -7,10 +7,14 @@ namespace skyvane {
 namespace {
 
 /// Outlines are drawn in a square of 1,000 units about the origin: joining paths loses the curves of tiny
-/// ones.
+/// ones. Their curves become polygons here, once, and not each time they are painted.
 QPainterPath inUnitSquare(const QPainterPath& path)
 {
-    return QTransform::fromScale(0.001, 0.001).map(path);
+    QPainterPath outline;
+    outline.setFillRule(path.fillRule());
+    for (const QPolygonF& polygon : path.toSubpathPolygons())
+        outline.addPolygon(polygon);
+    return QTransform::fromScale(0.001, 0.001).map(outline);
 }
 
 /// From above: slim fuselage, swept wings, tailplane.

@@ -55,12 +55,20 @@ bool isASCII(std::string_view text)
         text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
-using BreakIteratorFactory = icu::BreakIterator* (*)(const icu::Locale&, UErrorCode&);
-
-std::vector<std::string_view> pieces(std::string_view text, BreakIteratorFactory make)
+/// One of a kind is made from the library's rules, which takes long; the others are copies.
+template <auto make>
+std::unique_ptr<icu::BreakIterator> breakIterator()
 {
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<icu::BreakIterator> breaks{make(icu::Locale::getRoot(), status)};
+    static const std::unique_ptr<const icu::BreakIterator> first = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        return std::unique_ptr<const icu::BreakIterator>{make(icu::Locale::getRoot(), status)};
+    }();
+    return std::unique_ptr<icu::BreakIterator>{first ? first->clone() : nullptr};
+}
+
+std::vector<std::string_view> pieces(std::string_view text, std::unique_ptr<icu::BreakIterator> breaks)
+{
+    UErrorCode status = breaks ? U_ZERO_ERROR : U_MEMORY_ALLOCATION_ERROR;
     const std::unique_ptr<UText, decltype(&utext_close)> characters{
         utext_openUTF8(nullptr, text.data(), length(text), &status), utext_close};
     if (U_SUCCESS(status))
@@ -118,12 +126,12 @@ std::vector<std::string_view> characters(std::string_view text)
             list.push_back(text.substr(index, 1));
         return list;
     }
-    return pieces(text, icu::BreakIterator::createCharacterInstance);
+    return pieces(text, breakIterator<icu::BreakIterator::createCharacterInstance>());
 }
 
 std::vector<std::string_view> lineSegments(std::string_view text)
 {
-    return pieces(text, icu::BreakIterator::createLineInstance);
+    return pieces(text, breakIterator<icu::BreakIterator::createLineInstance>());
 }
 
 bool isLetter(std::string_view character)

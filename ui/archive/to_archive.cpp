@@ -63,12 +63,15 @@ Json only(const ViewList& views)
     return toArchive(views[0]);
 }
 
-Json symbol(const std::string& name, const Font& face, const Color& color, double rotation)
+/// Adds what a symbol has as a view and on a canvas.
+template <class Symbol>
+void describe(Json& json, const Symbol& symbol)
 {
-    Json json{{"name", name}, {"font", font(face)}, {"color", toArchive(color)}};
-    if (rotation != 0)
-        json["rotation"] = number(rotation);
-    return json;
+    json["name"] = symbol.name;
+    json["font"] = font(symbol.font);
+    json["color"] = toArchive(symbol.color);
+    if (symbol.rotation != 0)
+        json["rotation"] = number(symbol.rotation);
 }
 
 struct ItemArchiver {
@@ -95,7 +98,7 @@ struct ItemArchiver {
     Json operator()(const CanvasSymbol& item) const
     {
         Json json{{"type", "symbol"}, {"center", point(item.center)}};
-        json.update(symbol(item.name, item.font, item.color, item.rotation));
+        describe(json, item);
         if (item.id)
             json["id"] = *item.id;
         return json;
@@ -120,10 +123,10 @@ struct NodeArchiver {
         return json;
     }
 
-    Json operator()(const Symbol& node) const
+    Json operator()(const Symbol& symbol) const
     {
         Json json{{"type", "symbol"}};
-        json.update(symbol(node.name, node.font, node.color, node.rotation));
+        describe(json, symbol);
         return json;
     }
 
