@@ -2,8 +2,6 @@
 
 #include "companion/common/to_qstring.h"
 
-#include <QHash>
-
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -16,12 +14,14 @@ namespace {
 
 constexpr int noMatch = 9;
 
-/// Letters that have no plain letter inside.
-const QHash<QChar, QString>& plainLetters()
+/// Of a letter that has no plain letter inside; null of every other.
+const char* plainLetters(QChar letter)
 {
-    static const QHash<QChar, QString> table{{u'æ', "ae"}, {u'œ', "oe"}, {u'ø', "o"}, {u'ł', "l"},
-        {u'đ', "d"}, {u'ð', "d"}, {u'þ', "th"}, {u'ı', "i"}};
-    return table;
+    static constexpr std::array table{std::pair{u'æ', "ae"}, std::pair{u'œ', "oe"}, std::pair{u'ø', "o"},
+        std::pair{u'ł', "l"}, std::pair{u'đ', "d"}, std::pair{u'ð', "d"}, std::pair{u'þ', "th"},
+        std::pair{u'ı', "i"}};
+    const auto row = std::ranges::find(table, letter.unicode(), &std::pair<char16_t, const char*>::first);
+    return row != table.end() ? row->second : nullptr;
 }
 
 /// Small letters without marks, single blanks in place of all that is neither letter nor digit.
@@ -29,8 +29,8 @@ QString folded(const QString& text)
 {
     QString result;
     for (const QChar character : text.toCaseFolded().normalized(QString::NormalizationForm_KD)) {
-        if (const auto plain = plainLetters().constFind(character); plain != plainLetters().constEnd())
-            result += *plain;
+        if (const char* plain = plainLetters(character))
+            result += QLatin1StringView{plain};
         else if (character.isLetterOrNumber() || character.isSurrogate())
             result += character;
         else if (!character.isMark() && character != u'\'' && character != u'\u2019')
