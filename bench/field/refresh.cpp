@@ -35,22 +35,22 @@ double cpuMilliseconds()
     return sum * 1e3;
 }
 
-struct Target {
+struct Shown {
     std::string_view kind;
     ContainerFamily family;
 };
 
 void refresh(const std::filesystem::path& program, const FontMeasurer& fonts)
 {
-    constexpr std::array<Target, 3> targets{{
+    constexpr std::array<Shown, 3> all{{
         {"org.skyvane.widgets.nearest", ContainerFamily::small},
         {"org.skyvane.widgets.radar", ContainerFamily::medium},
         {"org.skyvane.widgets.skyboard", ContainerFamily::large},
     }};
     ExtensionClient extension{{.path = program}};
-    for (const Target& target : targets) {
-        const WidgetEntry entry = extension.timeline(target.kind, target.family).entries.at(0);
-        const DisplayList list = WidgetContainer::layout(entry.view, target.family, fonts);
+    for (const Shown& shown : all) {
+        const WidgetEntry entry = extension.timeline(shown.kind, shown.family).entries.at(0);
+        const DisplayList list = WidgetContainer::layout(entry.view, shown.family, fonts);
         use(renderImage(list, entry.background, 1, fonts));
     }
 }

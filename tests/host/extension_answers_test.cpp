@@ -1,5 +1,7 @@
 #include "host/extension_answers.h"
 
+#include "tests/support/replaced.h"
+
 #include "host/extension_error.h"
 #include "ui/tree/build.h"
 
@@ -11,6 +13,7 @@ namespace skyvane {
 
 namespace {
 
+using test::replaced;
 const std::string goodEntry
     = R"({"date":1700000000.2504,"isSample":true,"background":[0,0.5,1,1],"url":"skyvane://open",
               "view":{"type":"spacer"}})";
@@ -19,11 +22,6 @@ WidgetEntry entry(const std::string& text)
 {
     const JSON::Document document{R"({"entry":)" + text + "}"};
     return ExtensionAnswers::entry(document.root());
-}
-
-std::string replaced(std::string text, const std::string& old, const std::string& now)
-{
-    return text.replace(text.find(old), old.size(), now);
 }
 
 template <class Action>

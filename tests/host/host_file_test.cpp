@@ -1,6 +1,7 @@
 #include "host/host_file.h"
 
 #include "tests/host/journal.h"
+#include "tests/support/replaced.h"
 #include "tests/support/scratch_folder.h"
 
 #include <gmock/gmock.h>
@@ -10,6 +11,8 @@
 namespace skyvane {
 
 namespace {
+
+using test::replaced;
 
 const std::vector<PlacedWidget> two{
     {
@@ -23,11 +26,6 @@ const std::vector<PlacedWidget> two{
         .placement = {.screen = "Größe \"24\"", .corner = ScreenCorner::bottomLeft, .inset = {0, -8}},
     },
 };
-
-std::string replaced(std::string text, const std::string& old, const std::string& now)
-{
-    return text.replace(text.find(old), old.size(), now);
-}
 
 class HostFileTest : public testing::Test {
 protected:

@@ -16,13 +16,13 @@ namespace {
 using testing::IsEmpty;
 using testing::StartsWith;
 
-struct Outcome {
+struct CommandOutcome {
     int status;
     std::string out;
     std::string error;
 };
 
-Outcome run(const std::vector<std::string>& words, const ExtensionProgram& extension)
+CommandOutcome run(const std::vector<std::string>& words, const ExtensionProgram& extension)
 {
     std::ostringstream out;
     std::ostringstream error;
@@ -43,7 +43,7 @@ std::string contents(const std::filesystem::path& path)
 
 class RunCommand : public testing::Test {
 protected:
-    Outcome render(const std::string& behaviour, std::vector<std::string> words)
+    CommandOutcome render(const std::string& behaviour, std::vector<std::string> words)
     {
         const test::FakeExtension extension{behaviour};
         words.insert(words.begin(), "render");
@@ -62,7 +62,7 @@ protected:
 
 TEST_F(RunCommand, aWidgetIsWrittenAndItsFilePrinted)
 {
-    const Outcome outcome = render("good", {"clock", "small"});
+    const CommandOutcome outcome = render("good", {"clock", "small"});
     EXPECT_EQ(outcome.error, "");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.out, output.string() + "\n");
@@ -100,7 +100,7 @@ TEST_F(RunCommand, nodesOfUnknownTypesAreLeftOut)
 
 TEST_F(RunCommand, anUnknownWidgetIsAnsweredWithTheKnownOnes)
 {
-    const Outcome outcome = render("good", {"sundial", "small"});
+    const CommandOutcome outcome = render("good", {"sundial", "small"});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.error, "skyvane-host: unknown widget \"sundial\": known are clock, moon\n");
     EXPECT_TRUE(isFolderEmpty());
@@ -108,7 +108,7 @@ TEST_F(RunCommand, anUnknownWidgetIsAnsweredWithTheKnownOnes)
 
 TEST_F(RunCommand, aFamilyThatTheWidgetLacksIsAnsweredWithThoseItHas)
 {
-    const Outcome outcome = render("good", {"clock", "large"});
+    const CommandOutcome outcome = render("good", {"clock", "large"});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.error, "skyvane-host: \"clock\" has no family \"large\", only small, medium\n");
     EXPECT_TRUE(isFolderEmpty());
@@ -116,7 +116,7 @@ TEST_F(RunCommand, aFamilyThatTheWidgetLacksIsAnsweredWithThoseItHas)
 
 TEST_F(RunCommand, wrongWordsStartNoExtension)
 {
-    const Outcome outcome = run({"render", "clock"}, {.path = "/nowhere/extension"});
+    const CommandOutcome outcome = run({"render", "clock"}, {.path = "/nowhere/extension"});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.error, "skyvane-host: render takes a kind and a family, see skyvane-host --help\n");
 }
@@ -125,7 +125,7 @@ TEST_F(RunCommand, aFailingExtensionIsOneLineAndNoFile)
 {
     for (const char* behaviour : {"refusing", "crashing", "crashing-later", "ending", "silent", "babbling",
              "misnumbering", "mistyping", "empty", "huge", "endless"}) {
-        const Outcome outcome = render(behaviour, {"clock", "small"});
+        const CommandOutcome outcome = render(behaviour, {"clock", "small"});
         EXPECT_EQ(outcome.status, 1) << behaviour;
         EXPECT_THAT(outcome.error, StartsWith("skyvane-host: the widget extension")) << behaviour;
         EXPECT_TRUE(isOneLine(outcome.error)) << outcome.error;
@@ -152,7 +152,7 @@ TEST_F(RunCommand, aFileThatCannotBeWrittenIsTold)
 {
     const std::filesystem::path parent = folder.path() / "missing";
     output = parent / "picture.png";
-    const Outcome outcome = render("good", {"clock", "small"});
+    const CommandOutcome outcome = render("good", {"clock", "small"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.error, StartsWith("skyvane-host: cannot write " + output.string() + ": "));
     EXPECT_TRUE(isOneLine(outcome.error));
@@ -180,7 +180,7 @@ TEST_F(RunCommand, helpAndVersionNeedNoExtension)
 
 TEST_F(RunCommand, withoutACommandTheUsageIsShown)
 {
-    const Outcome outcome = run({}, {.path = "/nowhere"});
+    const CommandOutcome outcome = run({}, {.path = "/nowhere"});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_THAT(outcome.error, StartsWith("Usage:\n"));
     EXPECT_EQ(outcome.out, "");

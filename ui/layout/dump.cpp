@@ -14,9 +14,9 @@ std::string decimal(double value)
     return Format::fixed(rounded == 0 ? 0 : rounded, 1);
 }
 
-std::string point(Point place)
+std::string place(Point point)
 {
-    return decimal(place.x) + "," + decimal(place.y);
+    return decimal(point.x) + "," + decimal(point.y);
 }
 
 std::string hex(const Color& value)
@@ -31,7 +31,7 @@ std::string hex(const Color& value)
     return text;
 }
 
-std::string stroke(const Stroke& value)
+std::string strokeText(const Stroke& value)
 {
     return "stroke " + hex(value.color) + " " + decimal(value.width);
 }
@@ -49,27 +49,27 @@ std::string face(const FontFace& value)
 std::string line(const TextLine& item)
 {
     const std::string tracking = item.tracking != 0 ? " tracking " + decimal(item.tracking) : "";
-    return "text \"" + item.string + "\" at " + point(item.origin) + " width " + decimal(item.width)
+    return "text \"" + item.string + "\" at " + place(item.origin) + " width " + decimal(item.width)
         + " face " + face(item.face) + tracking + " " + hex(item.color);
 }
 
 std::string line(const Pictogram& item)
 {
     const std::string rotation = item.rotation != 0 ? " rotated " + decimal(item.rotation) : "";
-    return "pictogram " + item.name + " at " + point(item.center) + " side " + decimal(item.side) + rotation
+    return "pictogram " + item.name + " at " + place(item.center) + " side " + decimal(item.side) + rotation
         + " " + hex(item.color);
 }
 
 std::string line(const Ellipse& item)
 {
     const auto* fill = std::get_if<Color>(&item.paint);
-    return "ellipse at " + point(item.center) + " diameter " + decimal(item.diameter) + " "
-        + (fill ? "fill " + hex(*fill) : stroke(std::get<Stroke>(item.paint)));
+    return "ellipse at " + place(item.center) + " diameter " + decimal(item.diameter) + " "
+        + (fill ? "fill " + hex(*fill) : strokeText(std::get<Stroke>(item.paint)));
 }
 
 std::string line(const Segment& item)
 {
-    return "segment " + point(item.from) + " to " + point(item.to) + " " + stroke(item.stroke);
+    return "segment " + place(item.from) + " to " + place(item.to) + " " + strokeText(item.stroke);
 }
 
 } // namespace
@@ -80,7 +80,7 @@ std::string dump(const DisplayList& list)
     for (const DisplayItem& item : list.items)
         text += std::visit([](const auto& drawn) { return line(drawn); }, item) + "\n";
     for (const LinkArea& link : list.links)
-        text += "link " + link.url.text() + " at " + point({link.frame.x, link.frame.y}) + " size "
+        text += "link " + link.url.text() + " at " + place({link.frame.x, link.frame.y}) + " size "
             + decimal(link.frame.width) + " x " + decimal(link.frame.height) + "\n";
     return text;
 }

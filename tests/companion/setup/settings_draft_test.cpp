@@ -6,7 +6,7 @@ namespace skyvane {
 
 namespace {
 
-const SharedState::Config lisbon{
+const SharedState::Config aroundLisbon{
     .home = {.latitude = 38.7, .longitude = -9.1, .label = "Lisbon"},
     .radiusNM = 30,
     .distanceUnit = "km",
@@ -17,7 +17,7 @@ const SharedState::Config lisbon{
 
 TEST(SettingsDraft, aConfigurationComesBackAsItWas)
 {
-    EXPECT_EQ(SettingsDraft::of(lisbon).toConfig(), lisbon);
+    EXPECT_EQ(SettingsDraft::of(aroundLisbon).toConfig(), aroundLisbon);
 }
 
 TEST(SettingsDraft, valuesThatNothingHereOffersAreKept)
@@ -38,7 +38,7 @@ TEST(SettingsDraft, withoutAPlaceThereIsNothingToWrite)
 
 TEST(SettingsDraft, fieldsThatWereNotChosenFollowTheFile)
 {
-    const SettingsDraft before = SettingsDraft::of(lisbon);
+    const SettingsDraft before = SettingsDraft::of(aroundLisbon);
     SettingsDraft draft = before;
     draft.radiusNM = 50;
     SettingsDraft now = before;
@@ -52,7 +52,7 @@ TEST(SettingsDraft, fieldsThatWereNotChosenFollowTheFile)
 
 TEST(SettingsDraft, everyFieldFollowsOnItsOwn)
 {
-    const SettingsDraft before = SettingsDraft::of(lisbon);
+    const SettingsDraft before = SettingsDraft::of(aroundLisbon);
     const SettingsDraft now{
         .place = Coordinate{.latitude = 1, .longitude = 2}, .label = "L", .radiusNM = 3, .unit = "nm"};
     EXPECT_EQ(merged(before, before, now), now);

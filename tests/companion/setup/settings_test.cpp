@@ -19,7 +19,7 @@ using Settled = Settings::Settled;
 
 constexpr Settings::Pace quick{.choosing = 20ms, .typing = 40ms, .calm = 10ms};
 
-SharedState::Config london()
+SharedState::Config aroundLondon()
 {
     return {.home = {.latitude = 51.5, .longitude = -0.12, .label = "London"},
         .radiusNM = 25,
@@ -67,17 +67,17 @@ TEST_F(SettingsTest, beginWithWhatIsUsualWhereTheUserLives)
 
 TEST_F(SettingsTest, beginWithTheFile)
 {
-    SharedState::write(london());
-    EXPECT_EQ(start().draft(), SettingsDraft::of(london()));
+    SharedState::write(aroundLondon());
+    EXPECT_EQ(start().draft(), SettingsDraft::of(aroundLondon()));
 }
 
 TEST_F(SettingsTest, aChoiceIsWrittenSoonAndOnce)
 {
-    SharedState::write(london());
+    SharedState::write(aroundLondon());
     start();
     for (const double radiusNM : {30.0, 35.0, 40.0})
         chooseRadius(radiusNM);
-    EXPECT_EQ(SharedState::read(), london());
+    EXPECT_EQ(SharedState::read(), aroundLondon());
     ASSERT_TRUE(test::waitFor([&] { return writes > 0; }));
     EXPECT_EQ(SharedState::read()->radiusNM, 40);
     EXPECT_EQ(writes, 1);
@@ -85,7 +85,7 @@ TEST_F(SettingsTest, aChoiceIsWrittenSoonAndOnce)
 
 TEST_F(SettingsTest, aSliderThatIsHeldWritesWhenItIsLetGo)
 {
-    SharedState::write(london());
+    SharedState::write(aroundLondon());
     Settings& settings = start();
     chooseRadius(30, Settled::whenTold);
     EXPECT_FALSE(test::waitFor([&] { return writes > 0; }, 200ms));
@@ -104,7 +104,7 @@ TEST_F(SettingsTest, nothingIsWrittenWithoutAHome)
 
 TEST_F(SettingsTest, whatIsNotWrittenYetIsAtTheEnd)
 {
-    SharedState::write(london());
+    SharedState::write(aroundLondon());
     start({.choosing = 1h, .typing = 1h, .calm = 10ms});
     chooseRadius(30);
     end();
@@ -113,9 +113,9 @@ TEST_F(SettingsTest, whatIsNotWrittenYetIsAtTheEnd)
 
 TEST_F(SettingsTest, whatOthersWriteIsFollowed)
 {
-    SharedState::write(london());
+    SharedState::write(aroundLondon());
     const Settings& settings = start();
-    SharedState::Config changed = london();
+    SharedState::Config changed = aroundLondon();
     changed.home.label = "Away";
     SharedState::write(changed);
     EXPECT_TRUE(test::waitFor([&] { return settings.draft().label == "Away"; }));
@@ -123,10 +123,10 @@ TEST_F(SettingsTest, whatOthersWriteIsFollowed)
 
 TEST_F(SettingsTest, whatOthersWroteMeanwhileIsNotOverwritten)
 {
-    SharedState::write(london());
+    SharedState::write(aroundLondon());
     Settings& settings = start({.choosing = 1h, .typing = 1h, .calm = 1h});
     chooseRadius(30);
-    SharedState::Config changed = london();
+    SharedState::Config changed = aroundLondon();
     changed.home.label = "Away";
     changed.widgetColorHex = "#ffb000";
     SharedState::write(changed);
@@ -138,7 +138,7 @@ TEST_F(SettingsTest, whatOthersWroteMeanwhileIsNotOverwritten)
 
 TEST_F(SettingsTest, aFileThatIsRemovedIsNotWrittenAgainByAnotherChoice)
 {
-    SharedState::write(london());
+    SharedState::write(aroundLondon());
     Settings& settings = start();
     SharedState::clear();
     ASSERT_TRUE(test::waitFor([&] { return !settings.draft().place; }));
@@ -153,18 +153,18 @@ TEST_F(SettingsTest, aFailureIsToldAndTriedAgainWithTheNextChoice)
     const auto library = scratch.path() / "Library";
     std::ofstream{library} << "a file where a folder should be";
     Settings& settings = start();
-    settings.choose(SettingsDraft::of(london()));
+    settings.choose(SettingsDraft::of(aroundLondon()));
     ASSERT_TRUE(test::waitFor([&] { return failures == 1; }));
-    EXPECT_EQ(settings.draft(), SettingsDraft::of(london()));
+    EXPECT_EQ(settings.draft(), SettingsDraft::of(aroundLondon()));
     std::filesystem::remove(library);
     chooseRadius(26);
     ASSERT_TRUE(test::waitFor([&] { return writes == 1; }));
-    EXPECT_EQ(SharedState::read()->home, london().home);
+    EXPECT_EQ(SharedState::read()->home, aroundLondon().home);
 }
 
 TEST_F(SettingsTest, aForgottenHomeIsGoneWithItsName)
 {
-    SharedState::write(london());
+    SharedState::write(aroundLondon());
     Settings& settings = start();
     settings.forgetHome();
     EXPECT_EQ(SharedState::read(), std::nullopt);

@@ -12,14 +12,13 @@
 namespace skyvane {
 namespace {
 
-using AircraftTypes::name;
 using testing::Each;
 using testing::MatchesRegex;
 
 TEST(AircraftTypes, theFirstCallsMayRace)
 {
     const auto firstLetters = test::race(16, [] {
-        const auto found = name("b738");
+        const auto found = AircraftTypes::name("b738");
         return found ? found->data() : nullptr;
     });
     EXPECT_THAT(firstLetters, Each(AircraftTypes::table().at("B738").data()));
@@ -31,7 +30,7 @@ TEST(AircraftTypes, everyDesignatorHasExactlyTheModelOfItsRow)
     ASSERT_EQ(expected.size(), 272U);
     EXPECT_EQ(AircraftTypes::table().size(), 272U);
     for (const auto& [designator, model] : expected)
-        EXPECT_EQ(name(designator), model) << designator;
+        EXPECT_EQ(AircraftTypes::name(designator), model) << designator;
 }
 
 TEST(AircraftTypes, theListKeepsItsOrder)
@@ -55,65 +54,65 @@ TEST(AircraftTypes, designatorsAreTwoToFourUpperCaseLettersAndDigits)
 
 TEST(AircraftTypes, anAbsentDesignatorHasNoName)
 {
-    EXPECT_EQ(name(std::nullopt), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name(std::nullopt), std::nullopt);
 }
 
 TEST(AircraftTypes, anEmptyDesignatorHasNoName)
 {
-    EXPECT_EQ(name(""), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name(""), std::nullopt);
 }
 
 TEST(AircraftTypes, theDesignatorsCaseDoesNotMatter)
 {
-    EXPECT_EQ(name("b738"), "Boeing 737-800");
-    EXPECT_EQ(name("B738"), "Boeing 737-800");
-    EXPECT_EQ(name("a35k"), "Airbus A350-1000");
+    EXPECT_EQ(AircraftTypes::name("b738"), "Boeing 737-800");
+    EXPECT_EQ(AircraftTypes::name("B738"), "Boeing 737-800");
+    EXPECT_EQ(AircraftTypes::name("a35k"), "Airbus A350-1000");
 }
 
 TEST(AircraftTypes, upperCasingKnowsMoreThanASCII)
 {
-    EXPECT_EQ(name("\u017f76"), "Sikorsky S-76");
+    EXPECT_EQ(AircraftTypes::name("\u017f76"), "Sikorsky S-76");
 }
 
 TEST(AircraftTypes, blanksAroundADesignatorAreNotIgnored)
 {
-    EXPECT_EQ(name(" B738"), std::nullopt);
-    EXPECT_EQ(name("B738 "), std::nullopt);
-    EXPECT_EQ(name("b738 "), std::nullopt);
-    EXPECT_EQ(name("\tB738"), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name(" B738"), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name("B738 "), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name("b738 "), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name("\tB738"), std::nullopt);
 }
 
 TEST(AircraftTypes, severalDesignatorsShareAModel)
 {
     for (const char* designator : {"E175", "E75L", "E75S"})
-        EXPECT_EQ(name(designator), "Embraer E175") << designator;
-    EXPECT_EQ(name("E170"), "Embraer E170");
+        EXPECT_EQ(AircraftTypes::name(designator), "Embraer E175") << designator;
+    EXPECT_EQ(AircraftTypes::name("E170"), "Embraer E170");
 }
 
 TEST(AircraftTypes, shortDesignatorsAreFoundExactly)
 {
-    EXPECT_EQ(name("F50"), "Fokker 50");
-    EXPECT_EQ(name("J3"), "Piper J-3 Cub");
-    EXPECT_EQ(name("DC3"), "Douglas DC-3");
-    EXPECT_EQ(name("P8"), "Boeing P-8 Poseidon");
-    EXPECT_EQ(name("B06"), "Bell 206 JetRanger");
+    EXPECT_EQ(AircraftTypes::name("F50"), "Fokker 50");
+    EXPECT_EQ(AircraftTypes::name("J3"), "Piper J-3 Cub");
+    EXPECT_EQ(AircraftTypes::name("DC3"), "Douglas DC-3");
+    EXPECT_EQ(AircraftTypes::name("P8"), "Boeing P-8 Poseidon");
+    EXPECT_EQ(AircraftTypes::name("B06"), "Bell 206 JetRanger");
 }
 
 TEST(AircraftTypes, designatorsThatEndInALetterAreFound)
 {
-    EXPECT_EQ(name("A35K"), "Airbus A350-1000");
-    EXPECT_EQ(name("B3XM"), "Boeing 737 MAX 10");
-    EXPECT_EQ(name("B78X"), "Boeing 787-10");
+    EXPECT_EQ(AircraftTypes::name("A35K"), "Airbus A350-1000");
+    EXPECT_EQ(AircraftTypes::name("B3XM"), "Boeing 737 MAX 10");
+    EXPECT_EQ(AircraftTypes::name("B78X"), "Boeing 787-10");
 }
 
 TEST(AircraftTypes, anUnknownDesignatorHasNoName)
 {
-    EXPECT_EQ(name("ZZZZ"), std::nullopt);
-    EXPECT_EQ(name("B73"), std::nullopt);
-    EXPECT_EQ(name("B7388"), std::nullopt);
-    EXPECT_EQ(name(std::string_view{"B738\0", 5}), std::nullopt);
-    EXPECT_EQ(name("\xff\xfe"), std::nullopt);
-    EXPECT_EQ(name(std::string(100'000, 'B')), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name("ZZZZ"), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name("B73"), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name("B7388"), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name(std::string_view{"B738\0", 5}), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name("\xff\xfe"), std::nullopt);
+    EXPECT_EQ(AircraftTypes::name(std::string(100'000, 'B')), std::nullopt);
 }
 
 } // namespace

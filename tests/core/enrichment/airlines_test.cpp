@@ -15,7 +15,6 @@ namespace skyvane {
 namespace {
 
 using Airlines::isAirlineCallsign;
-using Airlines::name;
 using testing::Each;
 
 /// The rule as it is told, with the Unicode library at every step and no short cut.
@@ -41,13 +40,13 @@ void expectTheUnicodeRule(const std::string& callsign)
     std::optional<std::string_view> expected;
     if (designator && Airlines::table().contains(*designator))
         expected = Airlines::table().at(*designator);
-    EXPECT_EQ(name(callsign), expected) << testing::PrintToString(callsign);
+    EXPECT_EQ(Airlines::name(callsign), expected) << testing::PrintToString(callsign);
 }
 
 TEST(Airlines, theFirstCallsMayRace)
 {
     const auto firstLetters = test::race(16, [] {
-        const auto found = name("UAL123");
+        const auto found = Airlines::name("UAL123");
         return found ? found->data() : nullptr;
     });
     EXPECT_THAT(firstLetters, Each(Airlines::table().at("UAL").data()));
@@ -61,7 +60,7 @@ TEST(Airlines, everyDesignatorHasExactlyTheNameOfItsRow)
     for (const auto& [designator, airline] : expected) {
         EXPECT_EQ(Airlines::table().at(designator), airline) << designator;
         if (designator != "N") {
-            EXPECT_EQ(name(designator + "1"), airline) << designator;
+            EXPECT_EQ(Airlines::name(designator + "1"), airline) << designator;
         }
     }
 }
@@ -80,14 +79,14 @@ TEST(Airlines, theListKeepsItsOrder)
 TEST(Airlines, anAbsentCallsignIsNoAirlines)
 {
     EXPECT_FALSE(isAirlineCallsign(std::nullopt));
-    EXPECT_EQ(name(std::nullopt), std::nullopt);
+    EXPECT_EQ(Airlines::name(std::nullopt), std::nullopt);
 }
 
 TEST(Airlines, anEmptyOrBlankCallsignIsNoAirlines)
 {
     for (const char* callsign : {"", " ", "        ", "\t", "\u00a0\u2003"}) {
         EXPECT_FALSE(isAirlineCallsign(callsign)) << callsign;
-        EXPECT_EQ(name(callsign), std::nullopt) << callsign;
+        EXPECT_EQ(Airlines::name(callsign), std::nullopt) << callsign;
     }
 }
 
@@ -95,7 +94,7 @@ TEST(Airlines, caseAndBlanksAroundACallsignDoNotMatter)
 {
     for (const char* callsign : {"  ual123 ", "\tUal123", "\u00a0uAL123\u3000"}) {
         EXPECT_TRUE(isAirlineCallsign(callsign)) << callsign;
-        EXPECT_EQ(name(callsign), "United Airlines") << callsign;
+        EXPECT_EQ(Airlines::name(callsign), "United Airlines") << callsign;
     }
 }
 
@@ -108,9 +107,9 @@ TEST(Airlines, lineBreaksAroundACallsignDoMatter)
 
 TEST(Airlines, fourCharactersAreEnoughAndThreeAreNot)
 {
-    EXPECT_EQ(name("SWA1"), "Southwest Airlines");
+    EXPECT_EQ(Airlines::name("SWA1"), "Southwest Airlines");
     EXPECT_FALSE(isAirlineCallsign("SWA"));
-    EXPECT_EQ(name("SWA"), std::nullopt);
+    EXPECT_EQ(Airlines::name("SWA"), std::nullopt);
     EXPECT_FALSE(isAirlineCallsign("SWA "));
     EXPECT_FALSE(isAirlineCallsign(std::string_view{"SWA1"}.substr(0, 3)));
 }
@@ -118,9 +117,9 @@ TEST(Airlines, fourCharactersAreEnoughAndThreeAreNot)
 TEST(Airlines, aRegistrationUsedAsCallsignIsNoAirlinesAndNeverPrivate)
 {
     EXPECT_FALSE(isAirlineCallsign("N123AB"));
-    EXPECT_EQ(name("N123AB"), std::nullopt);
-    EXPECT_EQ(name("N1"), std::nullopt);
-    EXPECT_EQ(name("N  1"), std::nullopt);
+    EXPECT_EQ(Airlines::name("N123AB"), std::nullopt);
+    EXPECT_EQ(Airlines::name("N1"), std::nullopt);
+    EXPECT_EQ(Airlines::name("N  1"), std::nullopt);
     EXPECT_EQ(Airlines::table().at("N"), "Private");
 }
 
@@ -137,31 +136,31 @@ TEST(Airlines, lettersComeFirstAndANumberFourth)
 
 TEST(Airlines, nothingAfterTheNumberIsLookedAt)
 {
-    EXPECT_EQ(name("UAL1 \n\u00e9 anything"), "United Airlines");
+    EXPECT_EQ(Airlines::name("UAL1 \n\u00e9 anything"), "United Airlines");
 }
 
 TEST(Airlines, twoDesignatorsShareAName)
 {
-    EXPECT_EQ(name("JIA5432"), "PSA Airlines");
-    EXPECT_EQ(name("PSA5432"), "PSA Airlines");
+    EXPECT_EQ(Airlines::name("JIA5432"), "PSA Airlines");
+    EXPECT_EQ(Airlines::name("PSA5432"), "PSA Airlines");
 }
 
 TEST(Airlines, anUnknownAirlineHasNoName)
 {
     EXPECT_TRUE(isAirlineCallsign("ABC123"));
-    EXPECT_EQ(name("ABC123"), std::nullopt);
+    EXPECT_EQ(Airlines::name("ABC123"), std::nullopt);
 }
 
 TEST(Airlines, militaryOperatorsAreNamed)
 {
-    EXPECT_EQ(name("RCH401"), "US Air Mobility Command");
-    EXPECT_EQ(name("GAF123"), "German Air Force");
-    EXPECT_EQ(name("CFC1"), "Canadian Forces");
+    EXPECT_EQ(Airlines::name("RCH401"), "US Air Mobility Command");
+    EXPECT_EQ(Airlines::name("GAF123"), "German Air Force");
+    EXPECT_EQ(Airlines::name("CFC1"), "Canadian Forces");
 }
 
 TEST(Airlines, anAccentedLetterOfANameStaysIntact)
 {
-    EXPECT_EQ(name("AMX402"), "Aerom\u00e9xico");
+    EXPECT_EQ(Airlines::name("AMX402"), "Aerom\u00e9xico");
 }
 
 TEST(Airlines, lettersAndNumbersOfEveryScriptCount)
@@ -169,10 +168,10 @@ TEST(Airlines, lettersAndNumbersOfEveryScriptCount)
     EXPECT_TRUE(isAirlineCallsign("\u00c9\u00c4\u03a9"
                                   "1"));
     EXPECT_TRUE(isAirlineCallsign("E\u0301AL1"));
-    EXPECT_EQ(name("UA\u0301L1"), std::nullopt);
-    EXPECT_EQ(name("UAL\u0661"), "United Airlines");
-    EXPECT_EQ(name("UAL\u00bd"), "United Airlines");
-    EXPECT_EQ(name("ual1\u0301"), "United Airlines");
+    EXPECT_EQ(Airlines::name("UA\u0301L1"), std::nullopt);
+    EXPECT_EQ(Airlines::name("UAL\u0661"), "United Airlines");
+    EXPECT_EQ(Airlines::name("UAL\u00bd"), "United Airlines");
+    EXPECT_EQ(Airlines::name("ual1\u0301"), "United Airlines");
     EXPECT_FALSE(isAirlineCallsign("UA\u20ac1"));
 }
 
@@ -180,7 +179,7 @@ TEST(Airlines, charactersAreCountedAfterUpperCasing)
 {
     EXPECT_TRUE(isAirlineCallsign("\u00df"
                                   "A1"));
-    EXPECT_EQ(name("a\u00df7"), std::nullopt);
+    EXPECT_EQ(Airlines::name("a\u00df7"), std::nullopt);
     EXPECT_TRUE(isAirlineCallsign("a\u00df7"));
 }
 

@@ -10,7 +10,7 @@
 namespace skyvane::test {
 namespace {
 
-const JSONText answer{
+const JSONText routeAnswer{
     {"response",
         {{"flightroute",
             {
@@ -22,7 +22,7 @@ const JSONText answer{
             }}}},
 };
 
-const FlightRoute route{
+const FlightRoute expectedRoute{
     .originCode = "SFO",
     .originCity = "San Francisco",
     .destinationCode = "JFK",
@@ -32,26 +32,26 @@ const FlightRoute route{
 const std::string origin = "/response/flightroute/origin";
 const std::string destination = "/response/flightroute/destination";
 
-std::optional<FlightRoute> fetched(FakeService service)
+std::optional<FlightRoute> fetchedRoute(FakeService service)
 {
     return RouteAPI::fetch("UAL123", service.transport());
 }
 
 std::optional<FlightRoute> routeIn(const JSONText& document)
 {
-    return fetched(FakeService::answering(document.dump()));
+    return fetchedRoute(FakeService::answering(document.dump()));
 }
 
 TEST(RouteAPI, asksOnceForEightSecondsWithOneHeader)
 {
-    FakeService service = FakeService::answering(answer.dump());
-    EXPECT_EQ(RouteAPI::fetch("UAL123", service.transport()), route);
+    FakeService service = FakeService::answering(routeAnswer.dump());
+    EXPECT_EQ(RouteAPI::fetch("UAL123", service.transport()), expectedRoute);
     service.expectOnlyRequest("https://api.adsbdb.com/v0/callsign/UAL123");
 }
 
 TEST(RouteAPI, twoCallsForOneCallsignAreTwoRequests)
 {
-    FakeService service = FakeService::answering(answer.dump());
+    FakeService service = FakeService::answering(routeAnswer.dump());
     RouteAPI::fetch("UAL123", service.transport());
     RouteAPI::fetch("UAL123", service.transport());
     EXPECT_EQ(service.requests.size(), 2U);
@@ -60,8 +60,8 @@ TEST(RouteAPI, twoCallsForOneCallsignAreTwoRequests)
 TEST(RouteAPI, theCallsignIsAppendedAsItStands)
 {
     for (const std::string callsign : {"", "ual123", "UAL%20123", "a/b?c=d", "~x"}) {
-        FakeService service = FakeService::answering(answer.dump());
-        EXPECT_EQ(RouteAPI::fetch(callsign, service.transport()), route) << callsign;
+        FakeService service = FakeService::answering(routeAnswer.dump());
+        EXPECT_EQ(RouteAPI::fetch(callsign, service.transport()), expectedRoute) << callsign;
         service.expectOnlyRequest("https://api.adsbdb.com/v0/callsign/" + callsign);
     }
 }
@@ -69,7 +69,7 @@ TEST(RouteAPI, theCallsignIsAppendedAsItStands)
 TEST(RouteAPI, aCallsignThatFormsNoURLAsksNobody)
 {
     for (const char* callsign : {"UAL123 ", "UAL 1", "100%", "\u00c9AL1", "<1>", "UAL1\n", "a\\b"}) {
-        FakeService service = FakeService::answering(answer.dump());
+        FakeService service = FakeService::answering(routeAnswer.dump());
         EXPECT_EQ(RouteAPI::fetch(callsign, service.transport()), std::nullopt) << callsign;
         EXPECT_TRUE(service.requests.empty()) << callsign;
     }
@@ -78,7 +78,7 @@ TEST(RouteAPI, aCallsignThatFormsNoURLAsksNobody)
 TEST(RouteAPI, everyStatusBut200IsAbsentWhateverTheBody)
 {
     for (const int status : {201, 203, 204, 206, 301, 304, 400, 403, 404, 429, 500, 503}) {
-        FakeService service = FakeService::answering(answer.dump(), status);
+        FakeService service = FakeService::answering(routeAnswer.dump(), status);
         EXPECT_EQ(RouteAPI::fetch("UAL123", service.transport()), std::nullopt) << status;
         EXPECT_EQ(service.requests.size(), 1U) << status;
     }
@@ -86,17 +86,17 @@ TEST(RouteAPI, everyStatusBut200IsAbsentWhateverTheBody)
 
 TEST(RouteAPI, aFailedTransferIsAbsent)
 {
-    EXPECT_EQ(fetched(FakeService::failing(TransferError{"Timeout was reached"})), std::nullopt);
+    EXPECT_EQ(fetchedRoute(FakeService::failing(TransferError{"Timeout was reached"})), std::nullopt);
 }
 
 TEST(RouteAPI, cancellationIsAbsent)
 {
-    EXPECT_EQ(fetched(FakeService::failing(CancellationError{})), std::nullopt);
+    EXPECT_EQ(fetchedRoute(FakeService::failing(CancellationError{})), std::nullopt);
 }
 
 TEST(RouteAPI, nothingThatATransportThrowsPasses)
 {
-    EXPECT_EQ(fetched(FakeService::failing(std::runtime_error{"unheard of"})), std::nullopt);
+    EXPECT_EQ(fetchedRoute(FakeService::failing(std::runtime_error{"unheard of"})), std::nullopt);
 }
 
 TEST(RouteAPI, theCallersStopTokenReachesTheTransport)
@@ -113,32 +113,32 @@ TEST(RouteAPI, theCallersStopTokenReachesTheTransport)
 TEST(RouteAPI, aBodyThatIsNotJSONIsAbsent)
 {
     for (const char* body : {"", "<html></html>", "{", R"({"response":{}} trailing)", "null", "7", "[]"})
-        EXPECT_EQ(fetched(FakeService::answering(body)), std::nullopt) << body;
+        EXPECT_EQ(fetchedRoute(FakeService::answering(body)), std::nullopt) << body;
 }
 
 TEST(RouteAPI, aResponseThatIsATextIsAbsent)
 {
-    EXPECT_EQ(fetched(FakeService::answering(R"({"response":"unknown callsign"})")), std::nullopt);
+    EXPECT_EQ(fetchedRoute(FakeService::answering(R"({"response":"unknown callsign"})")), std::nullopt);
 }
 
 TEST(RouteAPI, aMissingOrNullResponseIsAbsent)
 {
-    EXPECT_EQ(fetched(FakeService::answering("{}")), std::nullopt);
-    EXPECT_EQ(fetched(FakeService::answering(R"({"response":null})")), std::nullopt);
+    EXPECT_EQ(fetchedRoute(FakeService::answering("{}")), std::nullopt);
+    EXPECT_EQ(fetchedRoute(FakeService::answering(R"({"response":null})")), std::nullopt);
 }
 
 TEST(RouteAPI, aMissingOrNullRouteIsAbsent)
 {
-    EXPECT_EQ(fetched(FakeService::answering(R"({"response":{}})")), std::nullopt);
-    EXPECT_EQ(fetched(FakeService::answering(R"({"response":{"flightroute":null}})")), std::nullopt);
+    EXPECT_EQ(fetchedRoute(FakeService::answering(R"({"response":{}})")), std::nullopt);
+    EXPECT_EQ(fetchedRoute(FakeService::answering(R"({"response":{"flightroute":null}})")), std::nullopt);
 }
 
 TEST(RouteAPI, aMissingOrNullAirportIsAbsent)
 {
     for (const char* airport : {"origin", "destination"}) {
-        EXPECT_EQ(routeIn(without(answer, "/response/flightroute", airport)), std::nullopt) << airport;
-        EXPECT_EQ(
-            routeIn(changed(answer, "/response/flightroute/" + std::string{airport}, nullptr)), std::nullopt)
+        EXPECT_EQ(routeIn(without(routeAnswer, "/response/flightroute", airport)), std::nullopt) << airport;
+        EXPECT_EQ(routeIn(changed(routeAnswer, "/response/flightroute/" + std::string{airport}, nullptr)),
+            std::nullopt)
             << airport;
     }
 }
@@ -149,67 +149,68 @@ TEST(RouteAPI, aValueOfTheWrongTypeAtAnyKeyIsAbsent)
         {std::string{}, std::string{"/response"}, std::string{"/response/flightroute"}, origin,
             origin + "/iata_code", origin + "/icao_code", origin + "/municipality", destination,
             destination + "/iata_code", destination + "/icao_code", destination + "/municipality"}) {
-        for (const JSONText& value : wrongValues(answer, pointer))
-            EXPECT_EQ(routeIn(changed(answer, pointer, value)), std::nullopt) << pointer << value;
+        for (const JSONText& value : wrongValues(routeAnswer, pointer))
+            EXPECT_EQ(routeIn(changed(routeAnswer, pointer, value)), std::nullopt) << pointer << value;
     }
 }
 
 TEST(RouteAPI, unlistedKeysAreNotRead)
 {
-    EXPECT_EQ(routeIn(changed(answer, "/response/flightroute/airline", 7)), route);
-    EXPECT_EQ(routeIn(changed(answer, origin + "/IATA_CODE", 7)), route);
+    EXPECT_EQ(routeIn(changed(routeAnswer, "/response/flightroute/airline", 7)), expectedRoute);
+    EXPECT_EQ(routeIn(changed(routeAnswer, origin + "/IATA_CODE", 7)), expectedRoute);
 }
 
 TEST(RouteAPI, withoutAnIATACodeTheICAOCodeCounts)
 {
-    EXPECT_EQ(routeIn(changed(answer, origin + "/iata_code", nullptr))->originCode, "KSFO");
-    EXPECT_EQ(routeIn(without(answer, destination, "iata_code"))->destinationCode, "KJFK");
+    EXPECT_EQ(routeIn(changed(routeAnswer, origin + "/iata_code", nullptr))->originCode, "KSFO");
+    EXPECT_EQ(routeIn(without(routeAnswer, destination, "iata_code"))->destinationCode, "KJFK");
 }
 
 TEST(RouteAPI, anEmptyIATACodeIsACode)
 {
-    EXPECT_EQ(routeIn(changed(answer, origin + "/iata_code", ""))->originCode, "");
-    EXPECT_EQ(routeIn(changed(answer, destination + "/iata_code", ""))->destinationCode, "");
+    EXPECT_EQ(routeIn(changed(routeAnswer, origin + "/iata_code", ""))->originCode, "");
+    EXPECT_EQ(routeIn(changed(routeAnswer, destination + "/iata_code", ""))->destinationCode, "");
 }
 
 TEST(RouteAPI, anIATACodeNeedsNoICAOCode)
 {
     EXPECT_EQ(
-        routeIn(changed(without(answer, origin, "icao_code"), destination + "/icao_code", nullptr)), route);
+        routeIn(changed(without(routeAnswer, origin, "icao_code"), destination + "/icao_code", nullptr)),
+        expectedRoute);
 }
 
 TEST(RouteAPI, anAirportWithoutAnyCodeIsAbsent)
 {
     for (const std::string& airport : {origin, destination}) {
         EXPECT_EQ(
-            routeIn(without(without(answer, airport, "iata_code"), airport, "icao_code")), std::nullopt);
-        EXPECT_EQ(routeIn(changed(
-                      changed(answer, airport + "/iata_code", nullptr), airport + "/icao_code", nullptr)),
+            routeIn(without(without(routeAnswer, airport, "iata_code"), airport, "icao_code")), std::nullopt);
+        EXPECT_EQ(routeIn(changed(changed(routeAnswer, airport + "/iata_code", nullptr),
+                      airport + "/icao_code", nullptr)),
             std::nullopt);
     }
 }
 
 TEST(RouteAPI, aRouteWithoutACityStillHasItsSummary)
 {
-    for (const JSONText& document : {without(answer, destination, "municipality"),
-             changed(answer, destination + "/municipality", nullptr)}) {
+    for (const JSONText& document : {without(routeAnswer, destination, "municipality"),
+             changed(routeAnswer, destination + "/municipality", nullptr)}) {
         const auto found = routeIn(document);
         ASSERT_TRUE(found);
         EXPECT_EQ(found->destinationCity, std::nullopt);
         EXPECT_EQ(found->citySummary(), std::nullopt);
         EXPECT_EQ(found->summary(), "SFO \u2192 JFK");
     }
-    EXPECT_EQ(routeIn(without(answer, origin, "municipality"))->originCity, std::nullopt);
+    EXPECT_EQ(routeIn(without(routeAnswer, origin, "municipality"))->originCity, std::nullopt);
 }
 
 TEST(RouteAPI, anEmptyCityIsThere)
 {
-    EXPECT_EQ(routeIn(changed(answer, origin + "/municipality", ""))->citySummary(), " \u2192 New York");
+    EXPECT_EQ(routeIn(changed(routeAnswer, origin + "/municipality", ""))->citySummary(), " \u2192 New York");
 }
 
 TEST(RouteAPI, ofTwoEqualKeysTheFirstCounts)
 {
-    EXPECT_EQ(fetched(FakeService::answering(R"({"response":{"flightroute":{
+    EXPECT_EQ(fetchedRoute(FakeService::answering(R"({"response":{"flightroute":{
         "origin":{"iata_code":"AAA","iata_code":"BBB"},"destination":{"icao_code":"CCCC"},"origin":7}}})")),
         (FlightRoute{.originCode = "AAA", .destinationCode = "CCCC"}));
 }

@@ -1,5 +1,6 @@
 #include "platform/files/files.h"
 #include "tests/ui/layout/even_measurer.h"
+#include "tests/ui/layout/infinity.h"
 #include "ui/layout/dump.h"
 #include "ui/layout/layout.h"
 #include "ui/tree/build.h"
@@ -7,13 +8,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <limits>
 
 namespace skyvane {
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr Color green{0.2, 1, 0.4};
 
 View row(std::string name, std::string distance, std::string altitude)

@@ -1,12 +1,12 @@
 #include "ui/layout/layout.h"
 
 #include "tests/ui/layout/even_measurer.h"
+#include "tests/ui/layout/infinity.h"
 #include "ui/tree/build.h"
 
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <limits>
 
 namespace skyvane {
 
@@ -14,7 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr Size space{.width = 100, .height = 60};
 
 DisplayList laidOut(const View& view, Size offered = space)

@@ -1,16 +1,15 @@
 #include "ui/layout/share_space.h"
 
+#include "tests/ui/layout/infinity.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <limits>
 #include <string>
 
 namespace skyvane {
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 struct Row {
     std::string situation;
@@ -31,7 +30,7 @@ Claim greedy()
 {
     return {.least = 0, .most = infinity};
 }
-Claim spacer(double minimum)
+Claim gap(double minimum)
 {
     return {.least = minimum, .most = infinity, .isSpacer = true};
 }
@@ -53,15 +52,15 @@ const std::vector<Row> rows{
     {"TheRigidIsAskedFirstWhereverItStands", 100, {greedy(), rigid(30), greedy()}, {35, 100.0 / 3, 35}},
     {"WhatTheShortLeaveGoesToTheLonger", 120, {elastic(10), elastic(30), elastic(200)}, {40, 55, 80}},
     {"OverdrawnSpaceIsNoNegativeOffer", 20, {rigid(30), greedy()}, {10, 0}},
-    {"TheSpacerTakesWhatIsLeft", 100, {elastic(20), spacer(0), elastic(30)}, {50, 50, 80}},
-    {"TheSpacersDivideEqually", 100, {spacer(0), rigid(40), spacer(0)}, {30, 100, 30}},
-    {"TheMinimumOfASpacerIsSetAsideFirst", 100, {elastic(200), spacer(8)}, {92, 8}},
-    {"ASpacerNeverFallsBelowItsMinimum", 10, {rigid(30), spacer(8)}, {2, 8}},
-    {"AMinimumWithinTheEqualShareChangesNothing", 100, {spacer(10), rigid(60), spacer(0)}, {20, 90, 20}},
-    {"AMinimumBeyondTheEqualShareIsMetAndTheOthersDivideTheRest", 100,
-        {spacer(30), rigid(60), spacer(0), spacer(0)}, {30, 70, 5, 5}},
-    {"NothingToShare", 0, {elastic(20), greedy(), spacer(0)}, {0, 0, 0}},
-    {"EverythingForEveryone", infinity, {elastic(20), greedy(), spacer(4)}, {infinity, infinity, infinity}},
+    {"TheSpacerTakesWhatIsLeft", 100, {elastic(20), gap(0), elastic(30)}, {50, 50, 80}},
+    {"TheSpacersDivideEqually", 100, {gap(0), rigid(40), gap(0)}, {30, 100, 30}},
+    {"TheMinimumOfASpacerIsSetAsideFirst", 100, {elastic(200), gap(8)}, {92, 8}},
+    {"ASpacerNeverFallsBelowItsMinimum", 10, {rigid(30), gap(8)}, {2, 8}},
+    {"AMinimumWithinTheEqualShareChangesNothing", 100, {gap(10), rigid(60), gap(0)}, {20, 90, 20}},
+    {"AMinimumBeyondTheEqualShareIsMetAndTheOthersDivideTheRest", 100, {gap(30), rigid(60), gap(0), gap(0)},
+        {30, 70, 5, 5}},
+    {"NothingToShare", 0, {elastic(20), greedy(), gap(0)}, {0, 0, 0}},
+    {"EverythingForEveryone", infinity, {elastic(20), greedy(), gap(4)}, {infinity, infinity, infinity}},
 };
 
 } // namespace
@@ -76,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ShareSpace, asksOnlyForOffersThatItThenMakes)
 {
-    const std::vector<Claim> claims{greedy(), rigid(10), spacer(5)};
+    const std::vector<Claim> claims{greedy(), rigid(10), gap(5)};
     std::vector<std::pair<std::size_t, double>> asked;
     shareSpace(65, claims, [&](std::size_t child, double offer) {
         asked.emplace_back(child, offer);

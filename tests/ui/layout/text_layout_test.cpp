@@ -1,10 +1,9 @@
 #include "ui/layout/text_layout.h"
 
 #include "tests/ui/layout/even_measurer.h"
+#include "tests/ui/layout/infinity.h"
 
 #include <gmock/gmock.h>
-
-#include <limits>
 
 namespace skyvane {
 
@@ -13,9 +12,7 @@ namespace {
 using testing::DoubleNear;
 using testing::ElementsAre;
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-Text tenPoint(std::string string, std::optional<int> lineLimit = std::nullopt, double minimumScale = 1)
+Text tenPointText(std::string string, std::optional<int> lineLimit = std::nullopt, double minimumScale = 1)
 {
     return {
         .string = std::move(string),
@@ -43,60 +40,60 @@ std::vector<std::string> lines(const Text& text, double width)
 
 TEST(TextLayout, aTextIsAsWideAsMeasuredAndOneLineHigh)
 {
-    EXPECT_EQ(laidOut(tenPoint("N123AB"), infinity).size(), (Size{.width = 36, .height = 10}));
+    EXPECT_EQ(laidOut(tenPointText("N123AB"), infinity).size(), (Size{.width = 36, .height = 10}));
 }
 
 TEST(TextLayout, anEmptyTextIsOneLineHighAndHasNoWidth)
 {
-    EXPECT_EQ(laidOut(tenPoint(""), 100).size(), (Size{.width = 0, .height = 10}));
-    EXPECT_EQ(laidOut(tenPoint("", 1), 0).size(), (Size{.width = 0, .height = 10}));
+    EXPECT_EQ(laidOut(tenPointText(""), 100).size(), (Size{.width = 0, .height = 10}));
+    EXPECT_EQ(laidOut(tenPointText("", 1), 0).size(), (Size{.width = 0, .height = 10}));
 }
 
 TEST(TextLayout, trackingFollowsEveryCharacter)
 {
-    Text text = tenPoint("ABC");
+    Text text = tenPointText("ABC");
     text.tracking = 2;
     EXPECT_DOUBLE_EQ(laidOut(text, infinity).size().width, 3 * (6 + 2));
 }
 
 TEST(TextLayout, aTextOfferedItsIdealWidthNeitherWrapsNorTruncates)
 {
-    const Text once = tenPoint("12,500 ft", 1);
+    const Text once = tenPointText("12,500 ft", 1);
     EXPECT_THAT(lines(once, 54 - 0.005), ElementsAre("12,500 ft"));
-    EXPECT_THAT(lines(tenPoint("12,500 ft"), 54 - 0.005), ElementsAre("12,500 ft"));
+    EXPECT_THAT(lines(tenPointText("12,500 ft"), 54 - 0.005), ElementsAre("12,500 ft"));
     EXPECT_THAT(lines(once, 54 - 0.02), ElementsAre("12,500…"));
 }
 
 TEST(TextLayout, aLineThatDoesNotFitEndsInAnEllipsis)
 {
-    EXPECT_THAT(lines(tenPoint("Lufthansa", 1), 36), ElementsAre("Lufth…"));
+    EXPECT_THAT(lines(tenPointText("Lufthansa", 1), 36), ElementsAre("Lufth…"));
 }
 
 TEST(TextLayout, blanksBeforeTheEllipsisAreDropped)
 {
-    EXPECT_THAT(lines(tenPoint("Air France", 1), 30), ElementsAre("Air…"));
+    EXPECT_THAT(lines(tenPointText("Air France", 1), 30), ElementsAre("Air…"));
 }
 
 TEST(TextLayout, truncationKeepsCharactersWhole)
 {
-    EXPECT_THAT(lines(tenPoint("e\u0301e\u0301e\u0301e\u0301", 1), 18), ElementsAre("e\u0301e\u0301…"));
+    EXPECT_THAT(lines(tenPointText("e\u0301e\u0301e\u0301e\u0301", 1), 18), ElementsAre("e\u0301e\u0301…"));
 }
 
 TEST(TextLayout, theEllipsisStandsAloneWhereNothingFits)
 {
-    EXPECT_THAT(lines(tenPoint("Lufthansa", 1), 6), ElementsAre("…"));
-    EXPECT_THAT(lines(tenPoint("Lufthansa", 1), 1), ElementsAre("…"));
+    EXPECT_THAT(lines(tenPointText("Lufthansa", 1), 6), ElementsAre("…"));
+    EXPECT_THAT(lines(tenPointText("Lufthansa", 1), 1), ElementsAre("…"));
 }
 
 TEST(TextLayout, aLimitedTextOfferedNothingIsNothing)
 {
-    EXPECT_EQ(laidOut(tenPoint("Lufthansa", 1), 0).size(), (Size{.width = 0, .height = 10}));
-    EXPECT_EQ(laidOut(tenPoint("Lufthansa", 1), -5).size(), (Size{.width = 0, .height = 10}));
+    EXPECT_EQ(laidOut(tenPointText("Lufthansa", 1), 0).size(), (Size{.width = 0, .height = 10}));
+    EXPECT_EQ(laidOut(tenPointText("Lufthansa", 1), -5).size(), (Size{.width = 0, .height = 10}));
 }
 
 TEST(TextLayout, aLineShrinksJustEnoughToFit)
 {
-    const TextBlock block = laidOut(tenPoint("Lufthansa", 1, 0.5), 43.2);
+    const TextBlock block = laidOut(tenPointText("Lufthansa", 1, 0.5), 43.2);
     EXPECT_THAT(
         block.lines, ElementsAre(TextBlock::Line{.string = "Lufthansa", .width = block.size().width}));
     EXPECT_THAT(block.face.size, DoubleNear(8, 1e-9));
@@ -106,19 +103,19 @@ TEST(TextLayout, aLineShrinksJustEnoughToFit)
 
 TEST(TextLayout, aTextThatFitsDoesNotShrink)
 {
-    EXPECT_EQ(laidOut(tenPoint("KLM", 1, 0.5), 200).face.size, 10);
+    EXPECT_EQ(laidOut(tenPointText("KLM", 1, 0.5), 200).face.size, 10);
 }
 
 TEST(TextLayout, aLineThatIsTooLongEvenShrunkIsTruncatedAtTheSmallestScale)
 {
-    const TextBlock block = laidOut(tenPoint("Lufthansa", 1, 0.5), 18);
+    const TextBlock block = laidOut(tenPointText("Lufthansa", 1, 0.5), 18);
     EXPECT_EQ(block.face.size, 5);
     EXPECT_EQ(block.lines.at(0).string, "Lufth…");
 }
 
 TEST(TextLayout, trackingShrinksWithTheFace)
 {
-    Text text = tenPoint("ABCD", 1, 0.5);
+    Text text = tenPointText("ABCD", 1, 0.5);
     text.tracking = 2;
     const TextBlock block = laidOut(text, 24);
     EXPECT_THAT(block.face.size, DoubleNear(7.5, 1e-9));
@@ -127,54 +124,54 @@ TEST(TextLayout, trackingShrinksWithTheFace)
 
 TEST(TextLayout, aTextWithoutALimitWrapsBetweenWords)
 {
-    EXPECT_THAT(lines(tenPoint("No aircraft in range"), 72), ElementsAre("No aircraft", "in range"));
+    EXPECT_THAT(lines(tenPointText("No aircraft in range"), 72), ElementsAre("No aircraft", "in range"));
 }
 
 TEST(TextLayout, trailingBlanksOfAWrappedLineHaveNoWidth)
 {
-    EXPECT_THAT(lines(tenPoint("ab   cd"), 12), ElementsAre("ab", "cd"));
-    EXPECT_EQ(laidOut(tenPoint("ab   cd"), 12).size(), (Size{.width = 12, .height = 20}));
+    EXPECT_THAT(lines(tenPointText("ab   cd"), 12), ElementsAre("ab", "cd"));
+    EXPECT_EQ(laidOut(tenPointText("ab   cd"), 12).size(), (Size{.width = 12, .height = 20}));
 }
 
 TEST(TextLayout, aWordWiderThanTheLineBreaksBetweenCharacters)
 {
-    EXPECT_THAT(lines(tenPoint("an Airspeed"), 24), ElementsAre("an", "Airs", "peed"));
-    EXPECT_THAT(lines(tenPoint("Airspeed a b"), 30), ElementsAre("Airsp", "eed a", "b"));
+    EXPECT_THAT(lines(tenPointText("an Airspeed"), 24), ElementsAre("an", "Airs", "peed"));
+    EXPECT_THAT(lines(tenPointText("Airspeed a b"), 30), ElementsAre("Airsp", "eed a", "b"));
 }
 
 TEST(TextLayout, oneCharacterALineIsTheNarrowest)
 {
-    EXPECT_THAT(lines(tenPoint("a bcd"), 0), ElementsAre("a", "b", "c", "d"));
-    EXPECT_THAT(lines(tenPoint("abc"), 1), ElementsAre("a", "b", "c"));
+    EXPECT_THAT(lines(tenPointText("a bcd"), 0), ElementsAre("a", "b", "c", "d"));
+    EXPECT_THAT(lines(tenPointText("abc"), 1), ElementsAre("a", "b", "c"));
 }
 
 TEST(TextLayout, lineBreaksInTheTextAreKept)
 {
-    EXPECT_THAT(lines(tenPoint("one\ntwo\r\n\nthree"), infinity), ElementsAre("one", "two", "", "three"));
+    EXPECT_THAT(lines(tenPointText("one\ntwo\r\n\nthree"), infinity), ElementsAre("one", "two", "", "three"));
 }
 
 TEST(TextLayout, theLastLineOfALimitedTextIsTruncated)
 {
-    EXPECT_THAT(lines(tenPoint("one two three four", 2), 42), ElementsAre("one two", "three…"));
-    EXPECT_THAT(lines(tenPoint("Airspeed", 2), 18), ElementsAre("Air", "sp…"));
+    EXPECT_THAT(lines(tenPointText("one two three four", 2), 42), ElementsAre("one two", "three…"));
+    EXPECT_THAT(lines(tenPointText("Airspeed", 2), 18), ElementsAre("Air", "sp…"));
 }
 
 TEST(TextLayout, aLimitThatIsNotReachedTruncatesNothing)
 {
-    EXPECT_THAT(lines(tenPoint("one two", 3), 18), ElementsAre("one", "two"));
-    EXPECT_THAT(lines(tenPoint("one two", 2), 18), ElementsAre("one", "two"));
+    EXPECT_THAT(lines(tenPointText("one two", 3), 18), ElementsAre("one", "two"));
+    EXPECT_THAT(lines(tenPointText("one two", 2), 18), ElementsAre("one", "two"));
 }
 
 TEST(TextLayout, aParagraphLeftOutIsToldByAnEllipsis)
 {
-    EXPECT_THAT(lines(tenPoint("one\ntwo", 1), 100), ElementsAre("one…"));
-    EXPECT_THAT(lines(tenPoint("one\ntwo\nthree", 2), 100), ElementsAre("one", "two…"));
-    EXPECT_THAT(lines(tenPoint("one\n", 1), 100), ElementsAre("one"));
+    EXPECT_THAT(lines(tenPointText("one\ntwo", 1), 100), ElementsAre("one…"));
+    EXPECT_THAT(lines(tenPointText("one\ntwo\nthree", 2), 100), ElementsAre("one", "two…"));
+    EXPECT_THAT(lines(tenPointText("one\n", 1), 100), ElementsAre("one"));
 }
 
 TEST(TextLayout, severalLinesShrinkUntilAllFits)
 {
-    const TextBlock block = laidOut(tenPoint("one two three four", 2, 0.5), 48);
+    const TextBlock block = laidOut(tenPointText("one two three four", 2, 0.5), 48);
     EXPECT_THAT(block.lines.size(), 2U);
     EXPECT_EQ(block.lines.at(1).string, "three four");
     EXPECT_THAT(block.face.size, DoubleNear(8, 0.05));
@@ -182,8 +179,8 @@ TEST(TextLayout, severalLinesShrinkUntilAllFits)
 
 TEST(TextLayout, aLimitBelowOneCountsAsOne)
 {
-    EXPECT_THAT(lines(tenPoint("one two", 0), 18), ElementsAre("on…"));
-    EXPECT_THAT(lines(tenPoint("one two", -3), 18), ElementsAre("on…"));
+    EXPECT_THAT(lines(tenPointText("one two", 0), 18), ElementsAre("on…"));
+    EXPECT_THAT(lines(tenPointText("one two", -3), 18), ElementsAre("on…"));
 }
 
 TEST(TextLayout, aVeryLongTextCostsLittleMoreThanTheLinesThatShow)
@@ -192,7 +189,7 @@ TEST(TextLayout, aVeryLongTextCostsLittleMoreThanTheLinesThatShow)
     for (int word = 0; word < 20'000; ++word)
         string += "word ";
     const test::EvenMeasurer measurer;
-    EXPECT_EQ(layoutText(tenPoint(string, 2), 60, measurer).lines.size(), 2U);
+    EXPECT_EQ(layoutText(tenPointText(string, 2), 60, measurer).lines.size(), 2U);
     EXPECT_LT(measurer.questions, 100);
 }
 

@@ -1,17 +1,14 @@
 #include "ui/layout/widget_container.h"
 
 #include "tests/ui/layout/even_measurer.h"
+#include "tests/ui/layout/infinity.h"
 #include "ui/tree/build.h"
 
 #include <gmock/gmock.h>
 
-#include <limits>
-
 namespace skyvane {
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 View filled()
 {

@@ -85,7 +85,7 @@ std::vector<Door> doorsOfFiles()
         {"unlink", [] { return errorOf(unlink("file")); }},
         {"remove", [] { return errorOf(rmdir("folder")); }},
         {"rename", [] { return errorOf(rename("file", "other")); }},
-        {"link", [] { return errorOf(link("file", "other")); }},
+        {"link", [] { return errorOf(::link("file", "other")); }},
         {"symlink", [] { return errorOf(symlink("file", "other")); }},
         {"mkdir", [] { return errorOf(mkdir("new", 0700)); }},
         {"mkfifo", [] { return errorOf(mkfifo("new", 0600)); }},
