@@ -24,9 +24,8 @@ std::filesystem::path catalogueFolder()
 void giveLargeBlocksBackAtOnce()
 {
     constexpr int large = 1 << 20; // Bytes.
-    constexpr int fewArenas = 2;
     mallopt(M_MMAP_THRESHOLD, large);
-    mallopt(M_ARENA_MAX, fewArenas);
+    mallopt(M_ARENA_MAX, 1); // Threads hardly ever allocate at the same time.
 }
 
 } // namespace
