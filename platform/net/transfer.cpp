@@ -118,9 +118,10 @@ void Transfer::setReceivers()
 void Transfer::reserveBody()
 {
     constexpr curl_off_t spare = 64;
+    constexpr curl_off_t most = curl_off_t{8} << 20; // Bytes; who announces more may not mean it.
     curl_off_t length = 0;
     curl_easy_getinfo(m_easy.get(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
-    if (length > 0 && length <= static_cast<curl_off_t>(largestBody))
+    if (length > 0 && length <= most)
         m_body.reserve(static_cast<std::size_t>(length + spare));
 }
 
