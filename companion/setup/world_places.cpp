@@ -2,6 +2,7 @@
 
 #include "companion/setup/coordinates.h"
 
+#undef signals // The toolkit's keyword is a name in the library's headers.
 #include <libgweather/gweather.h>
 
 #include <cmath>

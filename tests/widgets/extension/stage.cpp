@@ -56,11 +56,11 @@ Stage::~Stage()
     m_surroundings.reset();
 }
 
-void Stage::setConfiguration(std::string_view json)
+void Stage::setConfiguration(std::string_view text)
 {
     const auto folder = m_surroundings->homeFolder() / "Library/Application Support/Skyvane";
     std::filesystem::create_directories(folder);
-    std::ofstream{folder / "widget-config.json"} << json;
+    std::ofstream{folder / "widget-config.json"} << text;
 }
 
 void Stage::sayLine(std::string_view line)

@@ -27,7 +27,7 @@ public:
     HttpsServer& server() { return m_server; }
     const CertificateAuthority& authority() const { return m_authority; }
 
-    void setConfiguration(std::string_view json);
+    void setConfiguration(std::string_view text);
 
     void sayLine(std::string_view line);
     /// A request, with `params` unless they are null.
