@@ -1,7 +1,7 @@
 #include "host/sample_button.h"
 
 #include "host/desktop_hints.h"
-#include "host/round_mask.h"
+#include "host/round_shape.h"
 #include "paint/widget_card.h"
 
 #include <QApplication>
@@ -29,7 +29,7 @@ std::unique_ptr<QWidget> pictureOf(QWidget& widget)
     widget.render(&pixmap, {}, {}, {});
     picture->setPixmap(pixmap);
     picture->resize(widget.size());
-    picture->setMask(roundMask(widget.size()));
+    picture->setMask(roundShape(widget.size()));
     return picture;
 }
 

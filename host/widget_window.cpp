@@ -2,7 +2,7 @@
 
 #include "host/accessible_widget.h"
 #include "host/desktop_hints.h"
-#include "host/round_mask.h"
+#include "host/round_shape.h"
 #include "paint/to_qt.h"
 #include "paint/widget_card.h"
 #include "platform/text/localized.h"
@@ -11,6 +11,7 @@
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWindow>
 
 #include <utility>
 
@@ -73,12 +74,14 @@ void WidgetWindow::showContent(const WidgetContent& content)
     update();
 }
 
+/// Not by the widget's own mask: all that is painted would be cut along it, which takes several times as
+/// long.
 void WidgetWindow::setShaped(bool isShaped)
 {
-    if (isShaped)
-        setMask(roundMask(size()));
-    else
-        clearMask();
+    if (std::exchange(m_isShaped, isShaped) == isShaped)
+        return;
+    winId(); // From here on there is a handle.
+    windowHandle()->setMask(isShaped ? roundShape(size()) : QRegion{});
     update();
 }
 
@@ -86,7 +89,7 @@ void WidgetWindow::paintEvent(QPaintEvent*)
 {
     QPainter painter{this};
     const Color background = m_content ? m_content->entry.background : WidgetCard::emptyBackground;
-    if (!mask().isEmpty())
+    if (m_isShaped)
         painter.fillRect(rect(), toQt(background));
     WidgetCard::paint(m_list, background, painter, m_fonts);
     if (m_content && m_content->isStale)

@@ -61,6 +61,7 @@ private:
     QPoint m_origin; ///< The window's place when it was pressed.
     bool m_isDragging = false;
     bool m_isKeyboardUsed = false; ///< So that the focus is worth showing.
+    bool m_isShaped = false;
 };
 
 } // namespace skyvane

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QMouseEvent>
+#include <QWindow>
 
 #include <gmock/gmock.h>
 
@@ -177,11 +178,28 @@ TEST_F(WidgetWindowTest, whatIsStaleIsMarkedAndSaidSo)
 TEST_F(WidgetWindowTest, shapedItIsCutAlongItsRoundCorners)
 {
     window.setShaped(true);
-    EXPECT_FALSE(window.mask().contains(QPoint{3, 3}));
-    EXPECT_TRUE(window.mask().contains(QPoint{3, 85}));
-    EXPECT_TRUE(window.mask().contains(QPoint{85, 168}));
+    EXPECT_FALSE(window.windowHandle()->mask().contains(QPoint{3, 3}));
+    EXPECT_TRUE(window.windowHandle()->mask().contains(QPoint{3, 85}));
+    EXPECT_TRUE(window.windowHandle()->mask().contains(QPoint{85, 168}));
+    EXPECT_EQ(window.windowHandle()->mask().boundingRect(), window.rect());
     window.setShaped(false);
-    EXPECT_TRUE(window.mask().isEmpty());
+    EXPECT_TRUE(window.windowHandle()->mask().isEmpty());
+}
+
+TEST_F(WidgetWindowTest, itsShapeIsTheSameAtAllFourCorners)
+{
+    window.setShaped(true);
+    const QRegion shape = window.windowHandle()->mask();
+    const auto has = [&](int x, int y) { return shape.contains(QPoint{x, y}); };
+    const int right = window.width() - 1;
+    const int bottom = window.height() - 1;
+    for (int y = 0; y < 30; ++y) {
+        for (int x = 0; x < 30; ++x) {
+            EXPECT_EQ(has(right - x, y), has(x, y));
+            EXPECT_EQ(has(x, bottom - y), has(x, y));
+            EXPECT_EQ(has(y, x), has(x, y));
+        }
+    }
 }
 
 TEST_F(WidgetWindowTest, itsCornersAreRoundAndItsSizeIsTheFamilys)

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QBitmap>
+#include <QRegion>
 
 namespace skyvane {
 
 /// What of a widget of this size lies within its round corners.
-QBitmap roundMask(QSize size);
+QRegion roundShape(QSize size);
 
 } // namespace skyvane
