@@ -21,7 +21,7 @@ std::filesystem::path catalogueFolder()
 
 /// One hostile answer may take a hundred times what the others do, and the host may keep the process for
 /// weeks.
-void giveLargeBlocksBackAtOnce()
+void holdLittleMemory()
 {
     constexpr int large = 1 << 20; // Bytes.
     mallopt(M_MMAP_THRESHOLD, large);
@@ -37,7 +37,7 @@ int main(int argumentCount, char**)
         return 2;
     }
     std::signal(SIGPIPE, SIG_IGN);
-    giveLargeBlocksBackAtOnce();
+    holdLittleMemory();
     skyvane::useCatalogues(catalogueFolder());
     skyvane::Extension::confine(); // Where the kernel does not, the extension serves all the same.
     return skyvane::Extension::serve(STDIN_FILENO, STDOUT_FILENO, {.transport = skyvane::UrlSession{}});
