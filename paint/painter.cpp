@@ -1,7 +1,8 @@
 #include "paint/painter.h"
 
+#include "paint/line_painter.h"
 #include "paint/pictograms.h"
-#include "paint/stroke_painter.h"
+#include "paint/ring_painter.h"
 #include "paint/to_qt.h"
 
 #include <QPainter>
@@ -67,16 +68,12 @@ struct ItemPainter {
         if (!isNear(ellipse.center) || !isNear(ellipse.diameter) || ellipse.diameter <= 0)
             return;
         const double radius = ellipse.diameter / 2;
-        const auto outline
-            = [&](QPainter& target) { target.drawEllipse(toQt(ellipse.center), radius, radius); };
         if (const auto* fill = std::get_if<Color>(&ellipse.paint)) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(toQt(*fill));
-            outline(painter);
+            painter.drawEllipse(toQt(ellipse.center), radius, radius);
         } else if (const Stroke& stroke = std::get<Stroke>(ellipse.paint); isVisible(stroke)) {
-            const QPointF corner{radius, radius};
-            paintStroke(
-                painter, stroke, {toQt(ellipse.center) - corner, toQt(ellipse.center) + corner}, outline);
+            paintRing(painter, stroke, toQt(ellipse.center), radius);
         }
     }
 
@@ -84,9 +81,7 @@ struct ItemPainter {
     {
         if (!isNear(segment.from) || !isNear(segment.to) || !isVisible(segment.stroke))
             return;
-        const QRectF bounds = QRectF{toQt(segment.from), toQt(segment.to)}.normalized();
-        paintStroke(painter, segment.stroke, bounds,
-            [&](QPainter& target) { target.drawLine(toQt(segment.from), toQt(segment.to)); });
+        paintLine(painter, segment.stroke, toQt(segment.from), toQt(segment.to));
     }
 
     static QPainterPath outline(const QGlyphRun& run)

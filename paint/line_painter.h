@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ui/tree/canvas.h"
+
+class QPainter;
+class QPointF;
+
+namespace skyvane {
+
+/// A straight line with flat ends.
+void paintLine(QPainter& painter, const Stroke& stroke, QPointF from, QPointF to);
+
+} // namespace skyvane
