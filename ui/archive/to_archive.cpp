@@ -11,6 +11,14 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+/// Members are added to it one by one: each of a braced list would be made as a list of two first.
+Json ofType(std::string_view type)
+{
+    Json json = Json::object();
+    json["type"] = type;
+    return json;
+}
+
 /// Whole numbers without a fraction, which halves the size of an archive.
 Json number(double value)
 {
@@ -27,7 +35,10 @@ Json point(UnitPoint point)
 
 Json stroke(const Stroke& stroke)
 {
-    return {{"color", toArchive(stroke.color)}, {"width", number(stroke.width)}};
+    Json json = Json::object();
+    json["color"] = toArchive(stroke.color);
+    json["width"] = number(stroke.width);
+    return json;
 }
 
 Json font(const Font& font)
@@ -77,7 +88,8 @@ void describe(Json& json, const Symbol& symbol)
 struct ItemArchiver {
     Json operator()(const CanvasCircle& circle) const
     {
-        Json json{{"type", "circle"}, {"center", point(circle.center)}};
+        Json json = ofType("circle");
+        json["center"] = point(circle.center);
         if (const auto* fraction = std::get_if<FractionOfWidth>(&circle.diameter))
             json["diameter"] = number(fraction->value);
         else
@@ -91,27 +103,33 @@ struct ItemArchiver {
 
     Json operator()(const CanvasLine& line) const
     {
-        return {{"type", "line"}, {"from", point(line.from)}, {"to", point(line.to)},
-            {"stroke", stroke(line.stroke)}};
+        Json json = ofType("line");
+        json["from"] = point(line.from);
+        json["to"] = point(line.to);
+        json["stroke"] = stroke(line.stroke);
+        return json;
     }
 
     Json operator()(const CanvasSymbol& item) const
     {
-        Json json{{"type", "symbol"}, {"center", point(item.center)}};
+        Json json = ofType("symbol");
+        json["center"] = point(item.center);
         describe(json, item);
         if (item.id)
             json["id"] = *item.id;
         return json;
     }
 
-    Json operator()(const UnknownCanvasItem& item) const { return {{"type", item.type}}; }
+    Json operator()(const UnknownCanvasItem& item) const { return ofType(item.type); }
 };
 
 struct NodeArchiver {
     Json operator()(const Text& text) const
     {
-        Json json{{"type", "text"}, {"text", text.string}, {"font", font(text.font)},
-            {"color", toArchive(text.color)}};
+        Json json = ofType("text");
+        json["text"] = text.string;
+        json["font"] = font(text.font);
+        json["color"] = toArchive(text.color);
         if (text.tracking != 0)
             json["tracking"] = number(text.tracking);
         if (text.lineLimit)
@@ -125,7 +143,7 @@ struct NodeArchiver {
 
     Json operator()(const Symbol& symbol) const
     {
-        Json json{{"type", "symbol"}};
+        Json json = ofType("symbol");
         describe(json, symbol);
         return json;
     }
@@ -142,7 +160,7 @@ struct NodeArchiver {
 
     Json operator()(const Spacer& spacer) const
     {
-        Json json{{"type", "spacer"}};
+        Json json = ofType("spacer");
         if (spacer.minLength != 0)
             json["minLength"] = number(spacer.minLength);
         return json;
@@ -150,7 +168,7 @@ struct NodeArchiver {
 
     Json operator()(const Frame& frame) const
     {
-        Json json{{"type", "frame"}};
+        Json json = ofType("frame");
         if (frame.maxWidth)
             json["maxWidth"] = extent(*frame.maxWidth);
         if (frame.maxHeight)
@@ -163,33 +181,42 @@ struct NodeArchiver {
 
     Json operator()(const Overlay& overlay) const
     {
-        Json layers = Json::array();
-        for (const Overlay::Layer& layer : overlay.layers)
-            layers.push_back(
-                {{"align", Words::wordFor(Words::alignments, layer.align)}, {"child", only(layer.child)}});
-        return {{"type", "overlay"}, {"child", only(overlay.child)}, {"layers", std::move(layers)}};
+        Json json = ofType("overlay");
+        json["child"] = only(overlay.child);
+        Json& layers = json["layers"] = Json::array();
+        for (const Overlay::Layer& layer : overlay.layers) {
+            Json& archived = layers.emplace_back(Json::object());
+            archived["align"] = Words::wordFor(Words::alignments, layer.align);
+            archived["child"] = only(layer.child);
+        }
+        return json;
     }
 
     Json operator()(const Canvas& canvas) const
     {
-        Json items = Json::array();
+        Json json = ofType("canvas");
+        json["aspectRatio"] = number(canvas.aspectRatio);
+        Json& items = json["items"] = Json::array();
         for (const CanvasItem& item : canvas.items)
             items.push_back(std::visit(ItemArchiver{}, item));
-        return {{"type", "canvas"}, {"aspectRatio", number(canvas.aspectRatio)}, {"items", std::move(items)}};
+        return json;
     }
 
     Json operator()(const Link& link) const
     {
-        return {{"type", "link"}, {"url", link.url.text()}, {"child", only(link.child)}};
+        Json json = ofType("link");
+        json["url"] = link.url.text();
+        json["child"] = only(link.child);
+        return json;
     }
 
-    Json operator()(const UnknownView& unknown) const { return {{"type", unknown.type}}; }
+    Json operator()(const UnknownView& unknown) const { return ofType(unknown.type); }
 
 private:
     template <class Stack>
     static Json stackArchive(const char* type, const Stack& stack, std::string_view align)
     {
-        Json json{{"type", type}};
+        Json json = ofType(type);
         if (stack.spacing != 0)
             json["spacing"] = number(stack.spacing);
         if (align != "center")
