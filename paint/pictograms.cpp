@@ -7,14 +7,18 @@ namespace skyvane {
 namespace {
 
 /// Outlines are drawn in a square of 1,000 units about the origin: joining paths loses the curves of tiny
-/// ones. Their curves become polygons here, once, and not each time they are painted.
+/// ones. Their curves become polygons here, once, and not each time they are painted: as fine as they need to
+/// be for some hundred pixels.
 QPainterPath inUnitSquare(const QPainterPath& path)
 {
+    constexpr double units = 1000;
+    constexpr double pixels = 250;
     QPainterPath outline;
     outline.setFillRule(path.fillRule());
-    for (const QPolygonF& polygon : path.toSubpathPolygons())
+    for (const QPolygonF& polygon :
+        path.toSubpathPolygons(QTransform::fromScale(pixels / units, pixels / units)))
         outline.addPolygon(polygon);
-    return QTransform::fromScale(0.001, 0.001).map(outline);
+    return QTransform::fromScale(1 / pixels, 1 / pixels).map(outline);
 }
 
 /// From above: slim fuselage, swept wings, tailplane.
