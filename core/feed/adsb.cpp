@@ -102,10 +102,10 @@ struct Outcome {
 Outcome ask(const Source& source, const URL& url, const Transport& transport, const std::stop_token& stop)
 {
     try {
-        const URLResponse response = transport({.url = url, .timeout = std::chrono::seconds{8}}, stop);
+        URLResponse response = transport({.url = url, .timeout = std::chrono::seconds{8}}, stop);
         if (response.status != 200)
             return {.message = source.name + " returned an error"};
-        return {.list = freshNearestFirst(listOf(JSON::decodeText<APIResponse>(response.body)))};
+        return {.list = freshNearestFirst(listOf(JSON::decodeText<APIResponse>(std::move(response.body))))};
     } catch (const TransferError& error) {
         return {.message = source.name + ": " + error.what()};
     } catch (const JSON::DecodingError& error) {

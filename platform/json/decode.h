@@ -5,7 +5,9 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace skyvane::JSON {
@@ -47,6 +49,15 @@ template <class T, class Bytes>
 T decodeText(const Bytes& bytes)
 {
     const Document document{bytes};
+    return decode<T>(document.root());
+}
+
+/// As above; the text makes room for what is made of it.
+template <class T>
+T decodeText(std::string&& bytes)
+{
+    const Document document{std::as_const(bytes)};
+    std::string{}.swap(bytes); // Empty strings keep their room.
     return decode<T>(document.root());
 }
 

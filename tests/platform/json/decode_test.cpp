@@ -106,6 +106,22 @@ TEST(JSONDecoding, readsAStringWithSpareCapacityAsOneWithout)
     EXPECT_EQ(JSON::decodeText<Outer>(roomy), JSON::decodeText<Outer>(tight));
 }
 
+TEST(JSONDecoding, aTextThatIsGivenAwayIsReadAlikeAndQuotedInErrors)
+{
+    std::string text = R"({"ratio":1,"list":[{"name":"a text too long for a string's own room"}]})";
+    text.reserve(text.size() + 1000);
+    const Outer outer = JSON::decodeText<Outer>(std::string{text});
+    EXPECT_EQ(JSON::decodeText<Outer>(std::move(text)), outer);
+
+    std::string wrong = R"({"ratio":"none","list":[]})";
+    try {
+        JSON::decodeText<Outer>(std::move(wrong));
+        FAIL() << "decoded";
+    } catch (const JSON::DecodingError& error) {
+        EXPECT_STREQ(error.what(), R"(ratio: expected a number, found "none")");
+    }
+}
+
 TEST(JSONDecoding, escapedKeysAreTheKeysTheySpell)
 {
     EXPECT_EQ(JSON::decodeText<Outer>(R"({"\u0072atio":2,"list":[]})").ratio, 2);
