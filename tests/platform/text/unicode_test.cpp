@@ -2,13 +2,38 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <memory>
+#include <random>
+#include <string>
 #include <string_view>
+#include <unicode/brkiter.h>
+#include <unicode/locid.h>
+#include <unicode/utext.h>
 #include <vector>
 
 namespace skyvane {
 namespace {
 
 using Pieces = std::vector<std::string_view>;
+
+/// What the library breaks a text into by its rules.
+Pieces librarys(icu::BreakIterator* (*make)(const icu::Locale&, UErrorCode&), const std::string& text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::BreakIterator> breaks{make(icu::Locale::getRoot(), status)};
+    const std::unique_ptr<UText, decltype(&utext_close)> bytes{
+        utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status), utext_close};
+    breaks->setText(bytes.get(), status);
+    EXPECT_TRUE(U_SUCCESS(status));
+    Pieces pieces;
+    std::int32_t start = 0;
+    for (std::int32_t end = breaks->next(); end != icu::BreakIterator::DONE;
+         start = end, end = breaks->next())
+        pieces.push_back(std::string_view{text}.substr(
+            static_cast<std::size_t>(start), static_cast<std::size_t>(end - start)));
+    return pieces;
+}
 
 TEST(Unicode, trimmingTakesSpaceSeparatorsAndTabsButNoLineBreaks)
 {
@@ -50,6 +75,24 @@ TEST(Unicode, linesBreakAfterBlanksAndHyphens)
 {
     EXPECT_EQ(Unicode::lineSegments("set your home-base"), (Pieces{"set ", "your ", "home-", "base"}));
     EXPECT_EQ(Unicode::lineSegments("one\ntwo"), (Pieces{"one\n", "two"}));
+}
+
+TEST(Unicode, lineSegmentsAndCharactersOfWesternTextsAreThoseOfTheLibrary)
+{
+    const std::vector<std::string> alphabet{"a", "Z", "0", "9", " ", " ", ".", ",", ":", "·", "é", "ß", "×",
+        "÷", "ÿ", "-", "…", "/", "\u00a0", "\u00ad", "\n"};
+    std::mt19937 random{7};
+    for (int turn = 0; turn < 20'000; ++turn) {
+        // Most texts are of what needs no rules, some are not.
+        const std::size_t letters = alphabet.size() - (turn % 4 == 0 ? 0 : 6);
+        std::string text;
+        for (std::size_t length = random() % 9; length > 0; --length)
+            text += alphabet[random() % letters];
+        ASSERT_EQ(Unicode::lineSegments(text), librarys(icu::BreakIterator::createLineInstance, text))
+            << text;
+        ASSERT_EQ(Unicode::characters(text), librarys(icu::BreakIterator::createCharacterInstance, text))
+            << text;
+    }
 }
 
 TEST(Unicode, lettersAreAlphabeticInEveryScript)
