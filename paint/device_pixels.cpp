@@ -13,12 +13,9 @@ QRect visible(const QPainter& painter, const QRectF& rect)
     return pixels.adjusted(-softEdge, -softEdge, softEdge, softEdge);
 }
 
-void drawImage(QPainter& painter, QPoint corner, const QImage& image)
+QTransform transform(const QPainter& painter)
 {
-    const QTransform before = painter.transform();
-    painter.setTransform(painter.deviceTransform().inverted() * before);
-    painter.drawImage(corner, image);
-    painter.setTransform(before);
+    return painter.deviceTransform().inverted() * painter.transform();
 }
 
 } // namespace skyvane::DevicePixels

@@ -27,7 +27,10 @@ void drawOnLayer(QPainter& painter, double reach, QPointF from, QPointF to)
         onLayer.setPen(painter.pen());
         onLayer.drawLine(from, to);
     }
-    DevicePixels::drawImage(painter, pixels.topLeft(), layer);
+    const QTransform before = painter.transform();
+    painter.setTransform(DevicePixels::transform(painter));
+    painter.drawImage(pixels.topLeft(), layer);
+    painter.setTransform(before);
 }
 
 } // namespace

@@ -156,7 +156,7 @@ void paintRing(QPainter& painter, const Stroke& stroke, QPointF center, double r
     const QPointF corner{radius + reach, radius + reach};
     const QRect visible = DevicePixels::visible(painter, {center - corner, center + corner});
     const QTransform before = painter.transform();
-    painter.setTransform(toDevice.inverted() * before);
+    painter.setTransform(DevicePixels::transform(painter));
     drawStrips(painter, ring, Shades{stroke.color}, visible);
     painter.setTransform(before);
 }

@@ -57,7 +57,7 @@ template <class T>
 T decodeText(std::string&& bytes)
 {
     const Document document{std::as_const(bytes)};
-    std::string{}.swap(bytes); // Empty strings keep their room.
+    std::string{}.swap(bytes); // Unlike clear(), lets its room go.
     return decode<T>(document.root());
 }
 
