@@ -49,8 +49,8 @@ UChar32 firstCodePoint(std::string_view text)
     return text.empty() ? 0 : nextCodePoint(text, offset);
 }
 
-// The library's rules for breaks take 1.3 MiB and some milliseconds to load. Most texts of widgets do well
-// without: that each of the two answers below is the library's is tested.
+// The library's rules for breaks and what reads them take 1.3 MiB. Most texts of widgets do well without:
+// that the two answers below are the library's is tested.
 
 /// Whether every code point is a character: in Latin-1 none but CR and LF make one together.
 bool areAllCharacters(std::string_view text)

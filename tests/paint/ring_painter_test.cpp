@@ -173,6 +173,7 @@ TEST(RingPainter, thePaintersPlaceIsLeftAsItWasByARing)
         painter.translate(3, 4);
         paintRing(painter, faintRing, {30, 30}, 20);
         EXPECT_EQ(painter.transform(), QTransform::fromTranslate(3, 4));
+        EXPECT_EQ(painter.compositionMode(), QPainter::CompositionMode_SourceOver);
     });
 }
 
