@@ -1,3 +1,5 @@
+include(SkyvanePrecompiled)
+
 # What every target of this project is compiled with. A target asks for it by name: skyvane_target(NAME).
 function(skyvane_target name)
     target_compile_features(${name} PUBLIC cxx_std_20)
@@ -7,5 +9,8 @@ function(skyvane_target name)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # GCC 12, optimising, sees an overlap in "." + std::string where there is none.
         target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-Wno-restrict>)
+    endif()
+    if(SKYVANE_PRECOMPILED)
+        target_precompile_headers(${name} REUSE_FROM skyvane_precompiled_${SKYVANE_PRECOMPILED_SET})
     endif()
 endfunction()

@@ -1,6 +1,6 @@
 #include "bench/field/process_watch.h"
 #include "bench/field/rows.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/wait_for.h"
 
 #include <chrono>
 #include <fstream>

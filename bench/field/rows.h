@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bench/field/report.h"
-#include "tests/host/x_session.h"
+#include "tests/session/x_session.h"
 
 #include <filesystem>
 #include <vector>

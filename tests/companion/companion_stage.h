@@ -8,7 +8,7 @@
 #include "platform/files/files.h"
 #include "platform/pinned.h"
 #include "platform/text/locale.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/wait_for.h"
 #include "tests/support/certificate_authority.h"
 #include "tests/support/https_server.h"
 #include "tests/support/scratch_folder.h"

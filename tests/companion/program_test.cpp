@@ -1,6 +1,7 @@
 #include "tests/companion/companion_stage.h"
 #include "tests/companion/own_machine.h"
-#include "tests/host/x_session.h"
+#include "tests/session/x_session.h"
+#include "tests/support/surroundings.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -258,6 +259,7 @@ TEST_F(CompanionProgram, mistakesOnTheCommandLineAreSaid)
 
 int main(int argc, char* argv[])
 {
+    skyvane::test::enterOwnSurroundings();
     testing::InitGoogleTest(&argc, argv);
     std::signal(SIGPIPE, SIG_IGN);
     testing::AddGlobalTestEnvironment(&skyvane::test::OwnMachine::instance());

@@ -1,5 +1,5 @@
-#include "tests/host/accessible_session.h"
 #include "tests/host/desktop_fixture.h"
+#include "tests/session/accessible_session.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 #include "host/companion.h"
 
-#include "tests/host/journal.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/journal.h"
+#include "tests/session/wait_for.h"
 #include "tests/support/scratch_folder.h"
 
 #include <gmock/gmock.h>

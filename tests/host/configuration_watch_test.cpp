@@ -1,6 +1,6 @@
 #include "host/configuration_watch.h"
 
-#include "tests/host/wait_for.h"
+#include "tests/session/wait_for.h"
 #include "tests/support/scratch_folder.h"
 
 #include <gtest/gtest.h>

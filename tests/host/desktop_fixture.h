@@ -2,8 +2,8 @@
 
 #include "host/host_file.h"
 #include "tests/host/fake_extension.h"
-#include "tests/host/wait_for.h"
-#include "tests/host/x_session.h"
+#include "tests/session/wait_for.h"
+#include "tests/session/x_session.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "host/schedule.h"
 #include "host/widget_window.h"
 #include "tests/host/fake_extension.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/wait_for.h"
 
 #include <QImage>
 

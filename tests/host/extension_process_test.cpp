@@ -1,8 +1,8 @@
 #include "host/extension_process.h"
 
 #include "tests/host/fake_extension.h"
-#include "tests/host/journal.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/journal.h"
+#include "tests/session/wait_for.h"
 
 #include <QCoreApplication>
 

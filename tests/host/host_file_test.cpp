@@ -1,6 +1,6 @@
 #include "host/host_file.h"
 
-#include "tests/host/journal.h"
+#include "tests/session/journal.h"
 #include "tests/support/replaced.h"
 #include "tests/support/scratch_folder.h"
 

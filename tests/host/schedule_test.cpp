@@ -1,8 +1,8 @@
 #include "host/schedule.h"
 
 #include "tests/host/fake_extension.h"
-#include "tests/host/journal.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/journal.h"
+#include "tests/session/wait_for.h"
 #include "ui/tree/build.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #include "host/sleep_watch.h"
 
-#include "tests/host/wait_for.h"
-#include "tests/host/x_session.h"
+#include "tests/session/wait_for.h"
+#include "tests/session/x_session.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>

@@ -1,6 +1,6 @@
 #include "host/wall_clock_timer.h"
 
-#include "tests/host/wait_for.h"
+#include "tests/session/wait_for.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "tests/host/fake_extension.h"
-#include "tests/host/sway_session.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/sway_session.h"
+#include "tests/session/wait_for.h"
 
 #include <gtest/gtest.h>
 

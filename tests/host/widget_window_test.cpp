@@ -1,6 +1,6 @@
 #include "host/widget_window.h"
 
-#include "tests/host/wait_for.h"
+#include "tests/session/wait_for.h"
 #include "ui/tree/build.h"
 
 #include <QApplication>

@@ -1,11 +1,13 @@
+#include "tests/support/surroundings.h"
+
 #include <QGuiApplication>
 
 #include <gtest/gtest.h>
 
 int main(int argc, char* argv[])
 {
+    skyvane::test::enterOwnSurroundings();
     testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application{argc, argv};
     return RUN_ALL_TESTS();
 }

@@ -1,6 +1,6 @@
 #include "companion/common/view_widget.h"
 
-#include "tests/host/wait_for.h"
+#include "tests/session/wait_for.h"
 #include "ui/tree/build.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "companion/desktop/appearance.h"
-#include "tests/companion/private_bus.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/private_bus.h"
+#include "tests/session/wait_for.h"
 
 #include <QApplication>
 #include <QDBusMessage>

@@ -1,7 +1,7 @@
 #include "companion/host_switch/host_control.h"
 #include "companion/host_switch/host_switch.h"
-#include "tests/companion/private_bus.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/private_bus.h"
+#include "tests/session/wait_for.h"
 
 #include <QCheckBox>
 #include <QDBusConnectionInterface>

@@ -1,8 +1,8 @@
 #include "companion/setup/location_service.h"
 
 #include "tests/companion/setup/fake_location_service.h"
-#include "tests/companion/setup/message_bus.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/message_bus.h"
+#include "tests/session/wait_for.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "companion/setup/place_search.h"
 
-#include "tests/host/wait_for.h"
+#include "tests/session/wait_for.h"
 
 #include <gmock/gmock.h>
 

@@ -2,7 +2,7 @@
 
 #include "platform/files/files.h"
 #include "platform/pinned.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/wait_for.h"
 #include "tests/support/scratch_folder.h"
 
 #include <gtest/gtest.h>

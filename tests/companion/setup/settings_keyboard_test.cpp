@@ -1,8 +1,8 @@
 #include "core/config/shared_state.h"
 #include "platform/files/files.h"
 #include "platform/pinned.h"
-#include "tests/host/wait_for.h"
-#include "tests/host/x_session.h"
+#include "tests/session/wait_for.h"
+#include "tests/session/x_session.h"
 
 #include <gtest/gtest.h>
 

@@ -8,8 +8,8 @@
 #include "platform/files/files.h"
 #include "platform/pinned.h"
 #include "platform/text/locale.h"
-#include "tests/companion/setup/message_bus.h"
-#include "tests/host/wait_for.h"
+#include "tests/session/message_bus.h"
+#include "tests/session/wait_for.h"
 #include "tests/support/scratch_folder.h"
 
 #include <QAbstractButton>

@@ -1,5 +1,6 @@
 #include "tests/support/namespaces.h"
 #include "tests/support/scratch_folder.h"
+#include "tests/support/surroundings.h"
 #include "tests/widgets/extension/surroundings.h"
 
 #include <gtest/gtest.h>
@@ -131,6 +132,7 @@ std::unique_ptr<Stage::Surroundings> Stage::Surroundings::make()
 
 int main(int argumentCount, char** arguments)
 {
+    skyvane::test::enterOwnSurroundings();
     testing::InitGoogleTest(&argumentCount, arguments);
     std::signal(SIGPIPE, SIG_IGN);
     testing::AddGlobalTestEnvironment(&skyvane::test::OwnMachine::instance());

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "tests/session/message_bus.h"
 #include "tests/support/scratch_folder.h"
 
 #include <QProcess>
 #include <QRect>
 
-#include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -36,12 +37,13 @@ public:
     /// All windows the window manager knows, the lowest first.
     std::vector<unsigned long> stacking() const;
 
-private:
-    void startBus();
+    /// The session's bus, for services that a test offers.
+    const MessageBus& bus() const { return *m_bus; }
 
+private:
     ScratchFolder m_home;
     QProcessEnvironment m_environment;
-    QProcess m_bus;
+    std::unique_ptr<MessageBus> m_bus;
     QProcess m_server;
     QProcess m_windowManager;
 };

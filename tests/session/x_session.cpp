@@ -1,6 +1,6 @@
-#include "tests/host/x_session.h"
+#include "tests/session/x_session.h"
 
-#include "tests/host/wait_for.h"
+#include "tests/session/wait_for.h"
 
 #include <QRegularExpression>
 
@@ -25,13 +25,13 @@ void end(QProcess& process)
 XSession::XSession()
 {
     m_environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "WAYLAND_DISPLAY"})
-        m_environment.remove(name);
     m_environment.insert("HOME", QString::fromStdString(m_home.path().string()));
     m_environment.insert("XDG_RUNTIME_DIR", QString::fromStdString(m_home.path().string()));
     m_environment.insert("QT_QPA_PLATFORM", "xcb");
 
-    startBus();
+    m_bus = std::make_unique<MessageBus>(m_environment);
+    for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"})
+        m_environment.insert(name, m_bus->address());
     m_server.setStandardErrorFile(QProcess::nullDevice());
     m_server.start(
         "Xvfb", {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp", "-noreset"});
@@ -47,7 +47,8 @@ XSession::XSession()
     m_windowManager.setStandardErrorFile(QProcess::nullDevice());
     // Long after it has announced itself it still loses windows that are mapped while it starts.
     const QString sign = "xprop -root -format IS_MANAGED 8s -set IS_MANAGED yes";
-    m_windowManager.start("openbox", {"--sm-disable", "--startup", sign});
+    m_windowManager.start(
+        "openbox", {"--sm-disable", "--config-file", "/etc/xdg/openbox/rc.xml", "--startup", sign});
     const bool isManaged = waitFor([&] {
         return run("xprop", {"-root", "IS_MANAGED"}).find("yes") != std::string::npos;
     });
@@ -55,26 +56,10 @@ XSession::XSession()
         throw std::runtime_error{"no window manager"};
 }
 
-void XSession::startBus()
-{
-    m_bus.setProcessEnvironment(m_environment);
-    m_bus.setStandardErrorFile(QProcess::nullDevice());
-    m_bus.start("dbus-daemon", {"--session", "--nofork", "--nopidfile", "--print-address=1"});
-    QByteArray address;
-    while (!address.contains('\n')) {
-        if (!m_bus.waitForReadyRead(20000))
-            throw std::runtime_error{"no message bus"};
-        address += m_bus.readAllStandardOutput();
-    }
-    for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"})
-        m_environment.insert(name, QString::fromUtf8(address.trimmed()));
-}
-
 XSession::~XSession()
 {
     end(m_windowManager);
     end(m_server);
-    end(m_bus);
 }
 
 std::string XSession::run(const QString& program, const QStringList& words) const

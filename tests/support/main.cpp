@@ -1,11 +1,10 @@
-#include <QApplication>
+#include "tests/support/surroundings.h"
 
 #include <gtest/gtest.h>
 
 int main(int argc, char* argv[])
 {
+    skyvane::test::enterOwnSurroundings();
     testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application{argc, argv};
     return RUN_ALL_TESTS();
 }

@@ -1,4 +1,4 @@
-#include "tests/host/accessible_session.h"
+#include "tests/session/accessible_session.h"
 
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
@@ -106,6 +106,7 @@ void AccessibleObject::doAction(int index) const
 AccessibleSession::AccessibleSession(XSession& session)
 {
     session.set("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+    session.bus().offer("org.a11y.Bus", "/usr/libexec/at-spi-bus-launcher");
     const QDBusConnection bus
         = QDBusConnection::connectToBus(session.environment().value("DBUS_SESSION_BUS_ADDRESS"), sessionName);
     const QDBusMessage reply = bus.call(

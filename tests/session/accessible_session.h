@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/host/x_session.h"
+#include "tests/session/x_session.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

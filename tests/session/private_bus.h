@@ -1,15 +1,15 @@
 #pragma once
 
-#include "tests/host/x_session.h"
+#include "tests/session/message_bus.h"
 
 #include <QDBusConnection>
 
 namespace skyvane::test {
 
-/// A session with this process on its message bus, the programs that it starts included.
+/// This process on a message bus of its own, the programs that it starts included.
 class PrivateBus {
 public:
-    PrivateBus() { qputenv(variable, m_address); }
+    PrivateBus() { qputenv(variable, m_bus.address().toUtf8()); }
     ~PrivateBus()
     {
         for (const char* name : {"private", "other"})
@@ -19,21 +19,20 @@ public:
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
 
-    const QDBusConnection& connection() const { return m_bus; }
+    const QDBusConnection& connection() const { return m_connection; }
 
     /// Another peer on the same bus.
     const QDBusConnection& other() const { return m_other; }
+
+    const MessageBus& bus() const { return m_bus; }
 
 private:
     static constexpr const char* variable = "DBUS_SESSION_BUS_ADDRESS";
 
     QByteArray m_before = qgetenv(variable);
-    XSession m_session;
-    QByteArray m_address = m_session.environment().value(QString::fromUtf8(variable)).toUtf8();
-    QDBusConnection m_bus
-        = QDBusConnection::connectToBus(QString::fromUtf8(m_address), QStringLiteral("private"));
-    QDBusConnection m_other
-        = QDBusConnection::connectToBus(QString::fromUtf8(m_address), QStringLiteral("other"));
+    MessageBus m_bus;
+    QDBusConnection m_connection = QDBusConnection::connectToBus(m_bus.address(), QStringLiteral("private"));
+    QDBusConnection m_other = QDBusConnection::connectToBus(m_bus.address(), QStringLiteral("other"));
 };
 
 } // namespace skyvane::test
