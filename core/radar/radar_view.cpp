@@ -53,7 +53,7 @@ std::optional<CanvasItem> blip(
         .font = {.size = 7, .weight = FontWeight::bold},
         .color = aircraft.blipColor(palette),
         .rotation = aircraft.track.value_or(polar.bearingDeg) - 90,
-        .id = aircraft.id(),
+        .id = nodeID(aircraft.id()),
     };
 }
 

@@ -7,6 +7,9 @@ namespace skyvane::DeepLinkURL {
 
 std::optional<URL> aircraft(std::string_view hex)
 {
+    constexpr std::size_t longestHex = 200; // Bytes; the companion reads no link of more than 256.
+    if (hex.size() > longestHex)
+        return std::nullopt;
     return URL::parse("skyvane://aircraft/" + std::string{hex});
 }
 

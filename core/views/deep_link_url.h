@@ -8,7 +8,8 @@
 /// The addresses inside the companion.
 namespace skyvane::DeepLinkURL {
 
-/// Of one aircraft, its identity appended as it stands; absent when that forms no URL.
+/// Of one aircraft, its identity appended as it stands; absent when that forms no URL, or one
+/// so long that nobody opens it.
 std::optional<URL> aircraft(std::string_view hex);
 
 /// Of the sky list.

@@ -39,6 +39,7 @@ TEST(DeepLink, aHexThatFormsNoURLLeadsNowhere)
 {
     EXPECT_EQ(linkTo("a1 b2"), "none");
     EXPECT_EQ(linkTo("%zz"), "none");
+    EXPECT_EQ(linkTo(std::string(10'000, 'a')), "none");
 }
 
 } // namespace

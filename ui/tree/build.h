@@ -81,13 +81,17 @@ public:
     std::vector<View> views;
 };
 
-/// Black until `foreground` says otherwise, at the caption size until `font` does.
+/// Black until `foreground` says otherwise, at the caption size until `font` does. Holds so much of the
+/// string as anybody is shown.
 Styled<Text> text(std::string string);
 Styled<Symbol> symbol(std::string name);
 
 View spacer(double minLength = 0);
 View canvas(double aspectRatio, std::vector<CanvasItem> items);
 View link(URL url, View child);
+
+/// An aircraft's identity as a node carries it: an absurdly long one is cut.
+std::string nodeID(std::string id);
 
 /// The same view, standing for one aircraft of a list.
 View identified(std::string id, View view);

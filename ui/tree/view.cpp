@@ -1,5 +1,6 @@
 #include "ui/tree/view.h"
 
+#include "platform/text/at_most.h"
 #include "ui/tree/build.h"
 
 #include <utility>
@@ -66,7 +67,9 @@ View Frame::operator()(View content) &&
 
 Styled<Text> text(std::string string)
 {
-    return {.node = {.string = std::move(string), .font = {.size = TextStyle::caption}, .color = {0, 0, 0}}};
+    return {.node = {.string = Unicode::atMost(std::move(string)),
+                .font = {.size = TextStyle::caption},
+                .color = {0, 0, 0}}};
 }
 
 Styled<Symbol> symbol(std::string name)
@@ -89,9 +92,15 @@ View link(URL url, View child)
     return {.node = Link{.url = std::move(url), .child = {std::move(child)}}};
 }
 
+std::string nodeID(std::string id)
+{
+    constexpr std::size_t most = 64; // Characters; a canvas may hold dozens of identities.
+    return Unicode::atMost(std::move(id), most);
+}
+
 View identified(std::string id, View view)
 {
-    view.id = std::move(id);
+    view.id = nodeID(std::move(id));
     return view;
 }
 

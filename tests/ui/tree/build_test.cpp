@@ -69,6 +69,19 @@ TEST(TreeBuilding, anOverlayLeavesAbsentLayersOut)
     EXPECT_EQ(node.layers[0], (Overlay::Layer{.align = Alignment::bottom, .child = {plain("low")}}));
 }
 
+TEST(TreeBuilding, aTreeHoldsSoMuchOfATextAsAnybodyIsShown)
+{
+    const View cut = text(std::string(255, 'x') + "…");
+    EXPECT_EQ(plain(std::string(1'000'000, 'x').c_str()), cut);
+    EXPECT_NE(plain(std::string(256, 'x').c_str()), cut);
+}
+
+TEST(TreeBuilding, anAbsurdIdentityIsCut)
+{
+    EXPECT_EQ(identified("a1b2c3", plain("a")).id, "a1b2c3");
+    EXPECT_EQ(identified(std::string(10'000, 'a'), plain("a")).id, std::string(63, 'a') + "…");
+}
+
 TEST(TreeBuilding, viewsAreComparedByEverythingInThem)
 {
     const View one = VStack{}({Frame{.maxHeight = 3}(plain("a")), canvas(2, {})});

@@ -2,6 +2,7 @@
 
 #include "ui/tree/build.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -107,6 +108,34 @@ TEST(Answers, anErrorNamesItsCode)
 {
     EXPECT_EQ(errorLine(nullptr, ErrorCode::parseError, "not JSON"),
         "{\"jsonrpc\":\"2.0\",\"id\":null,\"error\":{\"code\":-32700,\"message\":\"not JSON\"}}\n");
+}
+
+TEST(Answers, noRecordOfAFeedMakesOneTooLong)
+{
+    SkyEntry sky = entry(milliseconds{1000});
+    sky.home = HomeLocation{.latitude = 51.5, .longitude = -0.12, .label = "Home"};
+    for (const char* const part :
+        {"a", "\x01", "e\u0301", "\U0001F468\u200D\U0001F469\u200D\U0001F467", "%zz"}) {
+        std::string longText;
+        while (longText.size() < 100'000)
+            longText += part;
+        sky.aircraft.assign(60,
+            {.hex = longText,
+                .flight = longText,
+                .registration = longText,
+                .typeCode = longText,
+                .lat = 51.6,
+                .lon = -0.1,
+                .distanceNM = 1e300,
+                .directionDeg = 10.125});
+        for (const Widget& shown : SkyvaneWidgetBundle{}.body())
+            for (const WidgetFamily family : shown.supportedFamilies) {
+                const Result result = timelineResult(
+                    {.entries = {sky}, .reloadAfter = {}}, {.widget = &shown, .family = family});
+                EXPECT_THAT(resultLine(1, result), testing::Not(testing::HasSubstr("\"error\"")))
+                    << shown.kind;
+            }
+    }
 }
 
 TEST(Answers, aResultThatIsTooLongBecomesAnError)

@@ -72,6 +72,17 @@ TEST_F(ExtensionScenario, theSecondSourceStandsInForOneThatFails)
     EXPECT_EQ(timeline(), std::set<std::string>{"def001"});
 }
 
+TEST_F(ExtensionScenario, oneAbsurdRecordCostsTheOthersNothing)
+{
+    setHome();
+    const std::string absurd(300'000, 'x');
+    stage.server().answer(firstSource,
+        {.body = R"({"ac": [{"hex": "abc001", "lat": 51.6, "lon": -0.1, "dst": 2},
+            {"hex": "abc002", "flight": ")"
+                + absurd + R"(", "r": ")" + absurd + R"(", "lat": 51.5, "lon": -0.1, "dst": 1}]})"});
+    EXPECT_EQ(timeline(), (std::set<std::string>{"abc001", "abc002"}));
+}
+
 TEST_F(ExtensionScenario, aSourceThatNeverAnswersCostsEightSeconds)
 {
     setHome();
