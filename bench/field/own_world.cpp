@@ -28,10 +28,15 @@ OwnWorld::OwnWorld()
     bind("/etc/passwd", "bench:x:" + user + "::" + home.string() + ":/bin/sh\n");
     bind("/etc/hosts", "127.0.0.1 localhost api.adsb.lol opendata.adsb.fi\n");
     bind("/etc/nsswitch.conf", "passwd: files\nhosts: files\n");
-    bind("/etc/ssl/certs/ca-certificates.crt", "");
+    const std::filesystem::path certificates = m_folder.path() / "certs";
+    std::filesystem::copy("/etc/ssl/certs", certificates);
+    m_files.push_back({.path = "/etc/ssl/certs", .standIn = certificates});
     test::enterOwnNamespaces(m_files);
 
-    const test::CertificateAuthority authority{m_files.back().standIn};
+    const test::CertificateAuthority authority{m_folder.path() / "bench.pem"};
+    authority.linkIn(certificates);
+    std::ofstream{certificates / "ca-certificates.crt", std::ios::app}
+        << std::ifstream{authority.file()}.rdbuf();
     m_server = std::make_unique<test::HttpsServer>(
         authority, std::vector<std::string>{"api.adsb.lol", "opendata.adsb.fi"}, std::uint16_t{443});
     m_server->answer("/v2/point/", {.body = syntheticAnswer(1000)});

@@ -11,7 +11,8 @@
 namespace skyvane::bench {
 
 /// A network of this process's own in which both aggregators are one local HTTPS server, which answers with
-/// 1,000 aircraft, and a home folder with a configuration. Also for children. To be made before any thread.
+/// 1,000 aircraft, and a home folder with a configuration. The server's authority is one more among the
+/// system's. Also for children. To be made before any thread.
 class OwnWorld {
 public:
     OwnWorld();

@@ -21,19 +21,19 @@ MultiHandle withoutConnection()
 RestingConnection::~RestingConnection()
 {
     const WithoutBrokenPipeSignal guard;
-    m_resting.reset();
+    m_resting.handle.reset();
 }
 
-MultiHandle RestingConnection::take()
+Connections RestingConnection::take()
 {
     const std::lock_guard lock{m_mutex};
-    return m_resting ? std::move(m_resting) : withoutConnection();
+    return m_resting.handle ? std::move(m_resting) : Connections{.handle = withoutConnection()};
 }
 
-void RestingConnection::keep(MultiHandle connection)
+void RestingConnection::keep(Connections connections)
 {
     const std::lock_guard lock{m_mutex};
-    m_resting.swap(connection);
+    std::swap(m_resting, connections);
 }
 
 } // namespace skyvane

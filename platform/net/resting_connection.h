@@ -1,10 +1,18 @@
 #pragma once
 
+#include "platform/net/authorities.h"
 #include "platform/net/handles.h"
 
 #include <mutex>
 
 namespace skyvane {
+
+/// What makes connections, and what their certificates are verified against: one that was made on other terms
+/// serves no request.
+struct Connections {
+    MultiHandle handle;
+    Trust trust = Trust::folder;
+};
 
 /// The connection that the last transfer left open. One transfer takes it; those beside it make their own.
 class RestingConnection {
@@ -14,15 +22,15 @@ public:
     RestingConnection(const RestingConnection&) = delete;
     RestingConnection& operator=(const RestingConnection&) = delete;
 
-    /// What makes connections; it has the resting one unless another transfer took it.
-    MultiHandle take();
+    /// Has the resting one unless another transfer took it.
+    Connections take();
 
     /// After a transfer that went well.
-    void keep(MultiHandle connection);
+    void keep(Connections connections);
 
 private:
     std::mutex m_mutex;
-    MultiHandle m_resting;
+    Connections m_resting;
 };
 
 } // namespace skyvane

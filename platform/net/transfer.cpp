@@ -13,7 +13,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::chrono::milliseconds longestTransfer = 8s;
 constexpr std::size_t largestBody = std::size_t{32} << 20;
 constexpr std::size_t largestHeaders = std::size_t{256}
     << 10; ///< Of all answers on the way, redirects included.
@@ -45,7 +44,7 @@ std::string defaultUserAgent()
 
 } // namespace
 
-Transfer::Transfer(const URLRequest& request, CURLM* connections) : m_multi(connections)
+Transfer::Transfer(const URLRequest& request, CURLM* connections, Trust trust) : m_multi(connections)
 {
     if (m_multi == nullptr || m_easy == nullptr)
         throw TransferError{curl_easy_strerror(CURLE_FAILED_INIT)};
@@ -53,6 +52,7 @@ Transfer::Transfer(const URLRequest& request, CURLM* connections) : m_multi(conn
     set(m_easy.get(), CURLOPT_URL, request.url.text().c_str());
     set(m_easy.get(), CURLOPT_PATH_AS_IS, 1L);
     setLimits(request);
+    setTrust(trust);
     setHeaders(request.headers);
     setReceivers();
     if (const Network* network = Pinned<Network>::current())
@@ -63,17 +63,27 @@ Transfer::Transfer(const URLRequest& request, CURLM* connections) : m_multi(conn
 
 void Transfer::setLimits(const URLRequest& request)
 {
-    const auto timeout = std::clamp(request.timeout, 1ms, longestTransfer); // Zero would mean none.
+    const auto timeout = std::clamp(request.timeout, 1ms, longest); // Zero would mean none.
     set(m_easy.get(), CURLOPT_TIMEOUT_MS, static_cast<long>(timeout.count()));
     set(m_easy.get(), CURLOPT_PROTOCOLS_STR, "https");
     set(m_easy.get(), CURLOPT_REDIR_PROTOCOLS_STR, "https");
     set(m_easy.get(), CURLOPT_FOLLOWLOCATION, 1L);
     set(m_easy.get(), CURLOPT_MAXREDIRS, mostRedirects);
     set(m_easy.get(), CURLOPT_MAXAGE_CONN, longestRest);
-    set(m_easy.get(), CURLOPT_SSL_VERIFYPEER, 1L);
-    set(m_easy.get(), CURLOPT_SSL_VERIFYHOST, 2L);
     set(m_easy.get(), CURLOPT_NOSIGNAL, 1L);
     set(m_easy.get(), CURLOPT_QUICK_EXIT, 1L); // A name look-up under way is left behind, not waited for.
+}
+
+void Transfer::setTrust(Trust trust)
+{
+    const Authorities known = Authorities::current();
+    const bool readsBundle = trust == Trust::folderAndBundle || known.folder.empty();
+    const auto orNone = [](const std::string& path) { return path.empty() ? nullptr : path.c_str(); };
+    set(m_easy.get(), CURLOPT_CAPATH, orNone(known.folder));
+    set(m_easy.get(), CURLOPT_CAINFO, readsBundle ? orNone(known.bundle) : nullptr);
+    set(m_easy.get(), CURLOPT_SSL_VERIFYPEER, 1L);
+    set(m_easy.get(), CURLOPT_SSL_VERIFYHOST, 2L);
+    m_hasUnreadBundle = !readsBundle && !known.bundle.empty();
 }
 
 void Transfer::setHeaders(const std::vector<HTTPHeader>& headers)
@@ -127,8 +137,6 @@ void Transfer::reserveBody()
 
 void Transfer::confineTo(const Network& network)
 {
-    set(m_easy.get(), CURLOPT_CAINFO, network.authorityFile.c_str());
-    set(m_easy.get(), CURLOPT_CAPATH, static_cast<const char*>(nullptr));
     set(m_easy.get(), CURLOPT_PROXY, "");
     for (const std::string& entry : network.connectTo)
         append(m_connectTo, entry);
@@ -158,6 +166,11 @@ std::optional<CURLcode> Transfer::outcome() const
     int left = 0;
     const CURLMsg* message = curl_multi_info_read(m_multi, &left);
     return message != nullptr ? message->data.result : CURLE_FAILED_INIT;
+}
+
+bool Transfer::deservesMoreTrust(CURLcode outcome) const
+{
+    return outcome == CURLE_PEER_FAILED_VERIFICATION && m_hasUnreadBundle;
 }
 
 std::string Transfer::problem(CURLcode outcome) const

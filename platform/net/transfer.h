@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/net/authorities.h"
 #include "platform/net/handles.h"
 #include "platform/net/url_session.h"
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <optional>
 #include <stop_token>
@@ -15,19 +17,24 @@ namespace skyvane {
 /// One GET on its way: the handle, and what it has brought so far.
 class Transfer {
 public:
+    static constexpr std::chrono::milliseconds longest{8'000};
+
     /// On connections that no other transfer uses before this one's end.
-    Transfer(const URLRequest& request, CURLM* connections);
+    Transfer(const URLRequest& request, CURLM* connections, Trust trust);
     ~Transfer() { curl_multi_remove_handle(m_multi, m_easy.get()); }
     Transfer(const Transfer&) = delete;
     Transfer& operator=(const Transfer&) = delete;
 
     /// Absent when `stop` asked for the end first.
     std::optional<CURLcode> run(const std::stop_token& stop);
+    /// Whether no certificate was found wanting but by the folder of authorities, and there is a bundle, too.
+    bool deservesMoreTrust(CURLcode outcome) const;
     std::string problem(CURLcode outcome) const;
     URLResponse takeResponse();
 
 private:
     void setLimits(const URLRequest& request);
+    void setTrust(Trust trust);
     void setHeaders(const std::vector<HTTPHeader>& headers);
     void setReceivers();
     void reserveBody();
@@ -35,6 +42,7 @@ private:
     std::optional<CURLcode> outcome() const;
 
     std::array<char, CURL_ERROR_SIZE> m_words{};
+    bool m_hasUnreadBundle = false;
     const char* m_refusal = nullptr; ///< Why the rest of the answer was not wanted.
     std::size_t m_headerBytes = 0;
     std::string m_body;

@@ -4,6 +4,8 @@
 #include "platform/net/resting_connection.h"
 #include "platform/net/transfer.h"
 
+#include <algorithm>
+#include <chrono>
 #include <optional>
 #include <utility>
 
@@ -18,15 +20,33 @@ void prepareLibrary()
         throw TransferError{curl_easy_strerror(outcome)};
 }
 
-URLResponse answer(const URLRequest& request, CURLM* connections, const std::stop_token& stop)
+/// Absent when more authorities might vouch for the certificate.
+std::optional<URLResponse> tryFor(
+    const URLRequest& request, const Connections& connections, const std::stop_token& stop)
 {
-    Transfer transfer{request, connections};
+    Transfer transfer{request, connections.handle.get(), connections.trust};
     const std::optional<CURLcode> outcome = transfer.run(stop);
     if (!outcome || stop.stop_requested())
         throw CancellationError{};
+    if (transfer.deservesMoreTrust(*outcome))
+        return std::nullopt;
     if (*outcome != CURLE_OK)
         throw TransferError{transfer.problem(*outcome)};
     return transfer.takeResponse();
+}
+
+/// Both tries together take no longer than one may.
+URLResponse answer(const URLRequest& request, Connections& connections, const std::stop_token& stop)
+{
+    using std::chrono::steady_clock;
+    const auto start = steady_clock::now();
+    if (auto response = tryFor(request, connections, stop))
+        return *std::move(response);
+    connections.trust = Trust::folderAndBundle;
+    URLRequest again = request;
+    again.timeout = std::min(request.timeout, Transfer::longest)
+        - std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - start);
+    return tryFor(again, connections, stop).value();
 }
 
 } // namespace
@@ -39,9 +59,9 @@ URLResponse UrlSession::operator()(const URLRequest& request, const std::stop_to
         throw CancellationError{};
     prepareLibrary();
     const WithoutBrokenPipeSignal guard;
-    MultiHandle connection = m_connection->take();
-    URLResponse response = answer(request, connection.get(), stop);
-    m_connection->keep(std::move(connection));
+    Connections connections = m_connection->take();
+    URLResponse response = answer(request, connections, stop);
+    m_connection->keep(std::move(connections));
     return response;
 }
 

@@ -56,13 +56,16 @@ using Transport = std::function<URLResponse(const URLRequest&, std::stop_token)>
 /// Where tests send every request of this process instead of the real hosts. Pinned with `Pinned<Network>`.
 struct Network {
     std::string authorityFile; ///< PEM file of the only certificate authority that is trusted.
+    std::string authorityFolder{}; ///< The same as a folder of hashed names, which is looked into first.
     std::vector<std::string> connectTo{}; ///< "host:port:connect-to-host:connect-to-port" each.
 };
 
 class RestingConnection;
 
-/// The one way out of this machine, a `Transport`: HTTPS with verified certificates, redirects to HTTPS only,
-/// compressed answers accepted, at most 8 seconds and 32 MiB (decompressed) a transfer. The last
+/// The one way out of this machine, a `Transport`: HTTPS with certificates verified against the system's
+/// authorities, redirects to HTTPS only, compressed answers accepted, at most 8 seconds and 32 MiB
+/// (decompressed) a transfer. A certificate that the folder of single authorities does not vouch for is
+/// tried once more with the bundle of all. The last
 /// connection stays open, to serve the next request if that goes to the same host within 30 seconds; copies
 /// of a session share it.
 class UrlSession {

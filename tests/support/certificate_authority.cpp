@@ -9,6 +9,8 @@
 
 #include <cstdint>
 #include <fstream>
+#include <iomanip>
+#include <sstream>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -104,6 +106,15 @@ CertificateAuthority::CertificateAuthority(std::filesystem::path file)
     char* text = nullptr;
     const long length = BIO_get_mem_data(memory.get(), &text);
     std::ofstream{m_file, std::ios::binary}.write(text, length);
+}
+
+void CertificateAuthority::linkIn(const std::filesystem::path& folder) const
+{
+    std::ostringstream name;
+    name << std::hex << std::setw(8) << std::setfill('0') << X509_subject_name_hash(m_own.certificate.get())
+         << ".0";
+    std::filesystem::remove(folder / name.str());
+    std::filesystem::create_symlink(std::filesystem::absolute(m_file), folder / name.str());
 }
 
 ServerCertificate CertificateAuthority::issue(const std::vector<std::string>& hosts) const

@@ -23,6 +23,9 @@ public:
 
     const std::filesystem::path& file() const { return m_file; }
 
+    /// Lets those who look for it in a folder of hashed names find it there.
+    void linkIn(const std::filesystem::path& folder) const;
+
     ServerCertificate issue(const std::vector<std::string>& hosts) const;
     ServerCertificate issueExpired(const std::vector<std::string>& hosts) const;
     static ServerCertificate selfSigned(const std::vector<std::string>& hosts);

@@ -104,6 +104,11 @@ void Connection::drip(std::string_view bytes, std::size_t pieceSize, std::chrono
     }
 }
 
+void Connection::pause(std::chrono::milliseconds time)
+{
+    waitForRelease(time);
+}
+
 void Connection::stall()
 {
     while (!waitForRelease(std::chrono::hours{1})) { }

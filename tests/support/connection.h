@@ -46,6 +46,9 @@ public:
     void answerChunked(Answer answer, std::size_t chunkSize);
     void drip(std::string_view bytes, std::size_t pieceSize, std::chrono::milliseconds interval);
 
+    /// Goes on after this time, or at the release.
+    void pause(std::chrono::milliseconds time);
+
     /// Waits for the release; the client's leaving and the server's end are `ConnectionGone`.
     void stall();
 

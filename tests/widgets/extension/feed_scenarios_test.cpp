@@ -30,6 +30,7 @@ TEST_F(ExtensionScenario, aTimelineShowsWhatTheFirstSourceSees)
     ASSERT_EQ(stage.server().requests().size(), 1U);
     EXPECT_EQ(stage.server().requests()[0].target, "/v2/point/51.50000/-0.12000/25");
     EXPECT_EQ(stage.server().requests()[0].header("Host"), "api.adsb.lol");
+    EXPECT_EQ(stage.server().connectionCount(), 1U);
 }
 
 TEST_F(ExtensionScenario, theListMayHaveEitherName)

@@ -40,18 +40,20 @@ public:
         bind("/etc/passwd", "tester:x:" + user + "::" + (folder() / "home").string() + ":/bin/sh\n");
         bind("/etc/hosts", "127.0.0.1 localhost api.adsb.lol opendata.adsb.fi\n");
         bind("/etc/nsswitch.conf", "passwd: files\nhosts: files\n");
-        bind("/etc/ssl/certs/ca-certificates.crt", "");
+        std::filesystem::create_directory(certificates());
+        m_files.push_back({.path = "/etc/ssl/certs", .standIn = certificates()});
         enterOwnNamespaces(m_files);
     }
 
     void TearDown() override { m_scratch.reset(); }
 
-    std::filesystem::path standIn(const std::filesystem::path& file) const
+    static std::filesystem::path certificates() { return folder() / "certs"; }
+
+private:
+    static std::filesystem::path standIn(const std::filesystem::path& file)
     {
         return folder() / file.filename();
     }
-
-private:
     void bind(const std::filesystem::path& file, const std::string& content)
     {
         std::ofstream{standIn(file)} << content;
@@ -77,7 +79,7 @@ public:
 
     std::filesystem::path authorityFile() const override
     {
-        return OwnMachine::instance().standIn("ca-certificates.crt");
+        return OwnMachine::certificates() / "ca-certificates.crt";
     }
     std::filesystem::path homeFolder() const override { return OwnMachine::folder() / "home"; }
     std::uint16_t serverPort() const override { return httpsPort; }

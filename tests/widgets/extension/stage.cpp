@@ -42,6 +42,7 @@ Stage::Stage()
     , m_authority(m_surroundings->authorityFile())
     , m_server(m_authority, {"api.adsb.lol", "opendata.adsb.fi"}, m_surroundings->serverPort())
 {
+    m_authority.linkIn(m_surroundings->authorityFile().parent_path());
     const Pipe input = makePipe();
     const Pipe output = makePipe();
     m_input = input.writing;
