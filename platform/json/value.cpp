@@ -1,5 +1,7 @@
 #include "platform/json/value.h"
 
+#include "platform/json/exact_number.h"
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -9,49 +11,7 @@ namespace skyvane::JSON {
 
 namespace {
 
-constexpr std::size_t longestInteger = 18; ///< Digits that always fit a signed 64-bit integer.
-
-bool isDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
-
-/// Past the closing quote of the string that opens at `start`.
-std::size_t skipString(std::string_view text, std::size_t start)
-{
-    std::size_t at = start + 1;
-    while (at < text.size() && text[at] != '"')
-        at += text[at] == '\\' ? 2 : 1;
-    return at + 1;
-}
-
-/// The parser refuses whole numbers beyond 64 bits; written with a fraction they are doubles like any other.
-std::string withLongIntegersAsDoubles(std::string_view text)
-{
-    std::string result;
-    result.reserve(text.size() + 64);
-    std::size_t at = 0;
-    while (at < text.size()) {
-        const std::size_t start = at;
-        if (text[at] == '"') {
-            at = std::min(skipString(text, at), text.size());
-            result += text.substr(start, at - start);
-        } else if (isDigit(text[at])) {
-            while (at < text.size() && isDigit(text[at]))
-                ++at;
-            result += text.substr(start, at - start);
-            const bool endsThere
-                = at == text.size() || std::string_view{".eE"}.find(text[at]) == std::string_view::npos;
-            const bool isFraction
-                = start > 0 && std::string_view{".eE+"}.find(text[start - 1]) != std::string_view::npos;
-            if (at - start > longestInteger && endsThere && !isFraction)
-                result += ".0";
-        } else {
-            result += text[at++];
-        }
-    }
-    return result;
-}
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 /// The value as it stands in the text, cut short, for a message.
 std::string found(Value value)
@@ -61,6 +21,8 @@ std::string found(Value value)
         return "an object";
     if (value.is_array())
         return "an array";
+    if (std::string_view kept; value.get(kept) == simdjson::SUCCESS && Exact::isToken(kept))
+        return std::string{Exact::token(kept).substr(0, enough)};
     std::string text = simdjson::to_string(value);
     if (text.size() > enough)
         text = nlohmann::json(text.substr(0, enough))
@@ -96,12 +58,24 @@ DecodingError DecodingError::inElement(std::size_t index) const
 
 Document::Document(std::string_view bytes, std::size_t spareBytes)
 {
+    if (bytes.starts_with(byteOrderMark))
+        bytes.remove_prefix(byteOrderMark.size());
     if (bytes.size() > largestText)
         throw DecodingError{"longer than 8 MiB"};
-    const bool mustCopy = spareBytes < simdjson::SIMDJSON_PADDING;
-    simdjson::error_code error = m_parser.parse(bytes.data(), bytes.size(), mustCopy).get(m_root);
-    if (error == simdjson::NUMBER_ERROR)
-        error = m_parser.parse(withLongIntegersAsDoubles(bytes)).get(m_root);
+    if (bytes.starts_with(byteOrderMark))
+        throw DecodingError{"not JSON: more than one byte order mark"};
+    const auto parse = [&] {
+        const bool mustCopy = spareBytes < simdjson::SIMDJSON_PADDING;
+        return m_parser.parse(bytes.data(), bytes.size(), mustCopy).get(m_root);
+    };
+    const bool isPlain = !Exact::mayBeRounded(bytes);
+    simdjson::error_code error = isPlain ? parse() : simdjson::NUMBER_ERROR;
+    if (error != simdjson::SUCCESS) {
+        if (const auto kept = Exact::withTokensKept(bytes))
+            error = kept->size() > largestText ? simdjson::CAPACITY : m_parser.parse(*kept).get(m_root);
+        else if (!isPlain)
+            error = parse();
+    }
     if (error != simdjson::SUCCESS)
         throw DecodingError{std::string{"not JSON: "} + simdjson::error_message(error)};
 }
@@ -118,15 +92,23 @@ std::optional<std::int64_t> wholeNumber(Value value)
             return static_cast<std::int64_t>(whole);
         return std::nullopt;
     }
+    case simdjson::dom::element_type::STRING:
+        return Exact::wholeNumber(value.get_string().value_unsafe());
     default:
         return std::nullopt;
     }
 }
 
+bool isString(Value value)
+{
+    std::string_view text;
+    return value.get(text) == simdjson::SUCCESS && !Exact::isToken(text);
+}
+
 std::string_view string(Value value)
 {
     std::string_view result;
-    if (value.get(result) != simdjson::SUCCESS)
+    if (value.get(result) != simdjson::SUCCESS || Exact::isToken(result))
         throw mismatch("a string", value);
     return result;
 }
@@ -134,9 +116,13 @@ std::string_view string(Value value)
 double number(Value value)
 {
     double result = 0;
-    if (value.get(result) != simdjson::SUCCESS)
-        throw mismatch("a number", value);
-    return result;
+    if (value.get(result) == simdjson::SUCCESS)
+        return result;
+    if (std::string_view kept; value.get(kept) == simdjson::SUCCESS) {
+        if (const auto exact = Exact::number(kept))
+            return *exact;
+    }
+    throw mismatch("a number", value);
 }
 
 bool boolean(Value value)

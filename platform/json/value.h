@@ -35,8 +35,9 @@ inline constexpr std::size_t mostElements = 50'000; ///< Of one list of records.
 /// A place in a parsed `Document`, valid as long as it.
 using Value = simdjson::dom::element;
 
-/// A parsed text: strict JSON in strict UTF-8 without trailing text, at most 1,024 levels deep. A whole
-/// number too large for 64 bits counts as the nearest double.
+/// A parsed text: strict JSON in strict UTF-8 without trailing text, at most 1,024 levels deep; a byte order
+/// mark in front is skipped. A number beyond a double and half of a surrogate pair are an error of those who
+/// read them only.
 class Document {
 public:
     /// Throws `DecodingError` when the text is not JSON or larger than `largestText`.
@@ -57,8 +58,11 @@ private:
     Value m_root;
 };
 
-/// Any number whose value is whole and fits 64 bits: 1500, 1500.0, 1.5e3. Absent for every other value.
+/// Any number whose value is whole and fits 64 bits: 1500, 1500.0, 1.5e3. Absent for every other value, also
+/// for one that the nearest double would make whole.
 std::optional<std::int64_t> wholeNumber(Value value);
+
+bool isString(Value value);
 
 /// Each throws `DecodingError` when the value is of another type.
 std::string_view string(Value value);

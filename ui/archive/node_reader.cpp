@@ -103,7 +103,7 @@ std::optional<int> NodeReader::optionalCount(std::string_view key) const
 std::optional<double> NodeReader::optionalExtent(std::string_view key) const
 {
     return optional(key, [](JSON::Value value) {
-        if (value.is_string() && JSON::string(value) == "infinity")
+        if (JSON::isString(value) && JSON::string(value) == "infinity")
             return std::numeric_limits<double>::infinity();
         return JSON::number(value);
     });

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <limits>
 #include <string>
 
 namespace skyvane {
@@ -69,8 +71,9 @@ TEST(FeedResponse, everyKeyFillsItsField)
 
 TEST(FeedResponse, aBarometricAltitudeThatIsNoWholeNumberIsTheGround)
 {
-    for (const char* value :
-        {"1200.7", "\"35000\"", "true", "[1]", "{}", "1e30", "99999999999999999999", "9223372036854775808"})
+    for (const char* value : {"1200.7", "\"35000\"", "true", "[1]", "{}", "1e30", "99999999999999999999",
+             "9223372036854775808", "18446744073709551616", "-9223372036854775809", "1e999",
+             "1200.00000000000000000001", "\"\\ud800\""})
         EXPECT_EQ(aircraftWith(std::string{"\"alt_baro\":"} + value).altBaro, Altitude::ground()) << value;
 }
 
@@ -78,6 +81,8 @@ TEST(FeedResponse, aWholeNumberMayBeWrittenAsAFraction)
 {
     EXPECT_EQ(aircraftWith(R"("alt_baro":1500.0)").altBaro, Altitude::feet(1500));
     EXPECT_EQ(aircraftWith(R"("alt_geom":1.5e3)").altGeom, 1500);
+    EXPECT_EQ(aircraftWith(R"("alt_baro":-9223372036854775808)").altBaro,
+        Altitude::feet(std::numeric_limits<std::int64_t>::min()));
 }
 
 TEST(FeedResponse, aNullIsAnAbsentField)
@@ -91,8 +96,10 @@ TEST(FeedResponse, aFractionWhereAWholeNumberIsDueFailsTheWholeAnswer)
     EXPECT_EQ(errorOf(R"({"ac":[{"hex":"a"},{"hex":"b","alt_geom":1200.7}]})"),
         "ac[1].alt_geom: expected a whole number of 64 bits, found 1200.7");
     for (const char* key : {"alt_geom", "baro_rate", "geom_rate", "dbFlags"}) {
-        const std::string json = std::string{R"({"ac":[{"hex":"a",")"} + key + R"(":1500.5}]})";
-        EXPECT_THROW(decode(json), JSON::DecodingError) << key;
+        for (const char* value : {"1500.5", "9223372036854775808", "100000000000000000000", "1e999"}) {
+            const std::string json = std::string{R"({"ac":[{"hex":"a",")"} + key + "\":" + value + "}]}";
+            EXPECT_THROW(decode(json), JSON::DecodingError) << json;
+        }
     }
 }
 

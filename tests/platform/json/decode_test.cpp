@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <string>
 
@@ -52,6 +53,11 @@ std::string errorOf(std::string_view json)
 std::int64_t integerIn(const std::string& text)
 {
     return JSON::decodeText<std::vector<std::int64_t>>("[" + text + "]").at(0);
+}
+
+double doubleIn(const std::string& text)
+{
+    return JSON::decodeText<std::vector<double>>("[" + text + "]").at(0);
 }
 
 TEST(JSONDecoding, readsNestedRecords)
@@ -138,12 +144,98 @@ TEST(JSONDecoding, wholeNumbersMayBeWrittenInAnyWay)
 
 TEST(JSONDecoding, wholeNumbersBeyond64BitsAreNoIntegersButDoubles)
 {
-    for (const char* text :
-        {"9223372036854775808", "-9223372036854779000", "18446744073709551616", "1e19", "1500.5"})
+    for (const char* text : {"9223372036854775808", "-9223372036854775809", "18446744073709551615",
+             "18446744073709551616", "100000000000000000000", "-9223372036854775808.5", "1e19", "1500.5"})
         EXPECT_THROW(integerIn(text), JSON::DecodingError) << text;
-    const auto doubles
-        = JSON::decodeText<std::vector<double>>("[18446744073709551616,-99999999999999999999,1e19, 5]");
-    EXPECT_EQ(doubles, (std::vector<double>{18446744073709551616.0, -1e20, 1e19, 5}));
+    EXPECT_EQ(doubleIn("9223372036854775808"), 9223372036854775808.0);
+    EXPECT_EQ(doubleIn("-9223372036854775809"), -9223372036854775808.0);
+    EXPECT_EQ(doubleIn("18446744073709551616"), 18446744073709551616.0);
+    EXPECT_EQ(doubleIn("-99999999999999999999"), -1e20);
+    EXPECT_EQ(doubleIn("1" + std::string(300, '0')), 1e300);
+}
+
+TEST(JSONDecoding, aNumberThatOnlyADoubleMakesWholeIsNone)
+{
+    for (const char* text : {"1500.00000000000000000000000000000001", "9007199254740993.5", "-1e-400",
+             "0.99999999999999999999", "9223372036854775807.5", "1E-400"})
+        EXPECT_THROW(integerIn(text), JSON::DecodingError) << text;
+    EXPECT_EQ(doubleIn("1500.00000000000000000000000000000001"), 1500);
+    EXPECT_EQ(doubleIn("0.99999999999999999999"), 1);
+    EXPECT_EQ(doubleIn("1e-400"), 0);
+}
+
+TEST(JSONDecoding, aWholeNumberIsReadToItsLastDigit)
+{
+    EXPECT_EQ(integerIn("9007199254740993.0"), 9007199254740993);
+    EXPECT_EQ(integerIn("922337203685477580700e-2"), std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(integerIn("-9.223372036854775808e18"), std::numeric_limits<std::int64_t>::min());
+    const std::string zeros(1000, '0');
+    EXPECT_EQ(integerIn("7." + zeros), 7);
+    EXPECT_EQ(integerIn("7" + zeros + "e-1000"), 7);
+    EXPECT_EQ(integerIn("0e999999999999999999999"), 0);
+    EXPECT_EQ(doubleIn("0." + zeros + "7e1001"), 7);
+}
+
+TEST(JSONDecoding, aZeroKeepsItsSign)
+{
+    for (const char* text : {"-0", "-0.0", "-0e5", "-1e-400"})
+        EXPECT_TRUE(std::signbit(doubleIn(text)) && doubleIn(text) == 0) << text;
+    EXPECT_FALSE(std::signbit(doubleIn("0")));
+    EXPECT_EQ(integerIn("-0"), 0);
+}
+
+TEST(JSONDecoding, aNumberBeyondEveryDoubleIsAnErrorWhereItIsRead)
+{
+    for (const char* text : {"1e999", "-1e999", "1e99999999999999999999", "1.7976931348623159e308"})
+        EXPECT_THROW(doubleIn(text), JSON::DecodingError) << text;
+    EXPECT_EQ(errorOf(R"({"ratio":1e999,"list":[]})"), "ratio: expected a number, found 1e999");
+    EXPECT_EQ(
+        errorOf(R"({"ratio":1,"list":[{"name":1e999}]})"), "list[0].name: expected a string, found 1e999");
+}
+
+TEST(JSONDecoding, halfASurrogatePairIsAnErrorWhereItIsRead)
+{
+    for (const char* text : {R"("\ud800")", R"("a\udc00b")", R"("\ud83d\ud83d\ude00")", R"("\ud800\n")"}) {
+        EXPECT_NE(errorOf(std::string{R"({"ratio":1,"list":[{"name":)"} + text + "}]}"), "no error") << text;
+        EXPECT_NE(errorOf(std::string{R"({"list":[],"ratio":)"} + text + "}"), "no error") << text;
+    }
+    EXPECT_EQ(JSON::decodeText<std::vector<std::string>>(R"(["\ud83d\ude00","\\ud800"])"),
+        (std::vector<std::string>{"\U0001F600", "\\ud800"}));
+}
+
+TEST(JSONDecoding, whatNobodyReadsIsNoError)
+{
+    const Outer outer{.ratio = 1, .list = {}};
+    for (const char* text : {"18446744073709551616", "-9223372036854775809", "99999999999999999999", "1e999",
+             "-1e999", "-0", "1e-400", R"("\ud800")", R"("\udc00\ud800 \" ")", R"([{"\ud800":[1e999]}])"})
+        EXPECT_EQ(JSON::decodeText<Outer>(
+                      std::string{R"({"x":)"} + text + R"(,"ratio":1,"list":[],"y":)" + text + "}"),
+            outer)
+            << text;
+}
+
+TEST(JSONDecoding, whatIsReadBesideStaysAsItIs)
+{
+    const std::string integers = "[9223372036854775807,-9223372036854775808,1,-0,1500.0]";
+    EXPECT_EQ(JSON::decodeText<std::vector<std::int64_t>>(integers),
+        (std::vector<std::int64_t>{
+            std::numeric_limits<std::int64_t>::max(), std::numeric_limits<std::int64_t>::min(), 1, 0, 1500}));
+    EXPECT_EQ(JSON::decodeText<std::vector<std::string>>(R"(["\u0001AB#1","-0 1e999","\\"])"),
+        (std::vector<std::string>{"\x01"
+                                  "AB#1",
+            "-0 1e999", "\\"}));
+}
+
+TEST(JSONDecoding, aByteOrderMarkInFrontIsSkipped)
+{
+    const std::string text = "\xEF\xBB\xBF{\"ratio\":1,\"list\":[]}";
+    EXPECT_EQ(JSON::decodeText<Outer>(text), (Outer{.ratio = 1, .list = {}}));
+    std::string roomy = text;
+    roomy.reserve(1000);
+    EXPECT_EQ(JSON::decodeText<Outer>(roomy), (Outer{.ratio = 1, .list = {}}));
+    EXPECT_EQ(errorOf("\xEF\xBB\xBF" + text).substr(0, 10), "not JSON: ");
+    EXPECT_EQ(errorOf(text + "\xEF\xBB\xBF").substr(0, 10), "not JSON: ");
+    EXPECT_EQ(errorOf("\xEF\xBB\xBF").substr(0, 10), "not JSON: ");
 }
 
 TEST(JSONDecoding, longDigitsInsideStringsAndFractionsStayAsTheyAre)
@@ -158,8 +250,11 @@ TEST(JSONDecoding, longDigitsInsideStringsAndFractionsStayAsTheyAre)
 
 TEST(JSONDecoding, refusesWhatIsNotStrictJSON)
 {
-    for (const char* text : {"", " ", "{", "{}x", "{} {}", "{'a':1}", "[1,]", "[01]", "[.5]", "[1e999]",
-             "nul", "\"\x01\"", "\"\xc0\xaf\""})
+    for (const char* text :
+        {"", " ", "{", "{}x", "{} {}", "{'a':1}", "[1,]", "[01]", "[.5]", "nul", "\"\x01\"", "\"\xc0\xaf\"",
+            "[-01]", "[-01,1e999]", "[00,1e999]", "[1e999x]", "[x1e999]", "[1.e999]", "[1e999.]", "[1e999e1]",
+            "[+1e999]", "[--1e999]", "[1e+,1e999]", R"("\ud800)", R"("\ud800\")", R"(["\q\ud800"])",
+            "[\"\\ud800\x01\"]", "[\"\\ud800\xff\"]", R"(["\ud800)", R"(["\u12",1e999])"})
         EXPECT_EQ(errorOf(text).substr(0, 10), "not JSON: ") << text;
 }
 
