@@ -6,6 +6,7 @@
 #include "core/enrichment/photo_api.h"
 #include "core/enrichment/route_api.h"
 #include "core/enrichment/user_agent.h"
+#include "platform/text/at_most.h"
 #include "platform/text/unicode.h"
 
 #include <algorithm>
@@ -32,6 +33,24 @@ std::optional<std::string> callsignOf(const Aircraft& aircraft)
     return std::string{callsign};
 }
 
+void cut(std::optional<std::string>& text)
+{
+    if (text)
+        text = Unicode::atMost(*std::move(text));
+}
+
+/// With no more of any text than anybody is shown.
+std::optional<FlightRoute> withShownTexts(std::optional<FlightRoute> route)
+{
+    if (route) {
+        route->originCode = Unicode::atMost(std::move(route->originCode));
+        route->destinationCode = Unicode::atMost(std::move(route->destinationCode));
+        cut(route->originCity);
+        cut(route->destinationCity);
+    }
+    return route;
+}
+
 QImage loadImage(const URL& url, const Transport& transport, std::stop_token stop)
 {
     if (url.scheme() != "https")
@@ -50,6 +69,7 @@ std::optional<Photograph> loadPhotograph(
     auto photo = PhotoAPI::fetch(hex, transport, stop);
     if (!photo)
         return std::nullopt;
+    cut(photo->photographer);
     QImage image = loadImage(photo->thumbnailURL, transport, stop);
     if (image.isNull())
         return std::nullopt;
@@ -66,8 +86,9 @@ Errand Lookups::route(const Aircraft& aircraft, RouteFound found)
         found(known != nullptr ? *known : std::nullopt);
         return {};
     }
-    return m_errands.run([callsign = *callsign, transport = m_transport](
-                             std::stop_token stop) { return RouteAPI::fetch(callsign, transport, stop); },
+    return m_errands.run(
+        [callsign = *callsign, transport = m_transport](
+            std::stop_token stop) { return withShownTexts(RouteAPI::fetch(callsign, transport, stop)); },
         [this, callsign = *callsign, found = std::move(found)](
             std::optional<FlightRoute> route) { found(m_routes.keep(callsign, std::move(route))); });
 }

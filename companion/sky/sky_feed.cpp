@@ -2,6 +2,7 @@
 
 #include "core/feed/adsb.h"
 #include "platform/clock.h"
+#include "platform/text/at_most.h"
 
 #include <algorithm>
 #include <utility>
@@ -23,6 +24,21 @@ SkyEntry emptyEntry(const std::optional<SharedState::Config>& config)
         .unit = config ? config->distanceUnit.value_or("mi") : "mi",
         .accentHex = config ? config->widgetColorHex : std::nullopt,
     };
+}
+
+/// With no more of any text than anybody is shown: a toolkit takes minutes to lay out a megabyte.
+std::vector<Aircraft> withShownTexts(std::vector<Aircraft> list)
+{
+    const auto cut = [](std::string& text) { text = Unicode::atMost(std::move(text)); };
+    for (Aircraft& aircraft : list) {
+        cut(aircraft.hex);
+        for (std::optional<std::string>* text :
+            {&aircraft.flight, &aircraft.registration, &aircraft.typeCode, &aircraft.typeDescription,
+                &aircraft.operatorName, &aircraft.squawk, &aircraft.emergency, &aircraft.category})
+            if (*text)
+                cut(**text);
+    }
+    return list;
 }
 
 /// Whether both ask for the same aircraft.
@@ -89,7 +105,9 @@ SkyFeed::Outcome SkyFeed::ask(
 {
     try {
         return {
-            .aircraft = ADSB::fetch(config.home, config.radiusNM, transport, std::move(stop)), .problem = {}};
+            .aircraft = withShownTexts(ADSB::fetch(config.home, config.radiusNM, transport, std::move(stop))),
+            .problem = {},
+        };
     } catch (const std::exception& error) {
         return {.aircraft = {}, .problem = error.what()};
     }

@@ -190,6 +190,34 @@ TEST_F(AircraftPageTest, slowSourcesNeverBlockTheWindow)
     EXPECT_LT(meter.longest(), 500ms);
 }
 
+TEST_F(AircraftPageTest, textsOfMegabytesNeverBlockTheWindow)
+{
+    std::string longText = "ab ";
+    while (longText.size() < 3'900'000)
+        longText += longText;
+    const auto city = R"({"municipality":")" + longText + R"(","iata_code":"SFO"})";
+    stage.server.answer(test::feedPath,
+        {.body = R"({"ac":[{"hex":"a1b2c3","flight":"UAL123","lat":51.6,"lon":-0.2,"dst":5.2,"ownOp":")"
+                + longText + "\"}]}"});
+    stage.server.answer(routePath,
+        {.body = R"({"response":{"flightroute":{"origin":)" + city + R"(,"destination":)"
+                + R"({"iata_code":"JFK","municipality":"New York"}}}})"});
+    stage.server.answer(photoPath,
+        {.body
+            = R"({"photos":[{"thumbnail_large":{"src":"https://t.plnspttrs.net/photo.jpg"},"photographer":")"
+                + longText + "\"}]}"});
+    test::StallMeter meter;
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(isInDetail());
+    ASSERT_TRUE(test::waitFor([&] { return routePanel().isVisible(); }));
+    ASSERT_TRUE(waitForPhoto());
+    QTest::qWait(0);
+    EXPECT_LT(meter.longest(), 1000ms);
+    for (const std::string& text : texts())
+        EXPECT_LT(text.size(), 600U);
+    EXPECT_THAT(texts(), Contains(testing::EndsWith("Ab Ab …")));
+}
+
 TEST_F(AircraftPageTest, anAircraftThatHasLeftIsSaidToHaveLeft)
 {
     page.showAircraft("a1b2c3");
