@@ -156,41 +156,52 @@ bool isOddNumberAt(std::string_view text, std::size_t start)
     return end > start && isOdd(text.substr(start, end - start));
 }
 
-/// Whether all eight characters are between '.' and '9', the slash included.
-bool areMantissa(std::string_view eight)
-{
-    constexpr std::uint64_t each = 0x0101010101010101;
+/// Eight characters at once, in any order of bytes.
+struct Eight {
+    static constexpr std::uint64_t each = 0x0101010101010101;
+    static constexpr std::uint64_t high = each * 0x80;
+
     std::uint64_t word = 0;
-    std::memcpy(&word, eight.data(), sizeof word);
-    return (((word + each * (0x7F - '9')) | (word - each * '.') | word) & each * 0x80) == 0;
-}
 
-bool hasLongOddNumber(std::string_view text)
-{
-    constexpr std::size_t step = 8; // A run of 16 holds eight from one of these places on.
-    for (std::size_t place = 0; place + step <= text.size(); place += step) {
-        if (!areMantissa(text.substr(place, step)))
-            continue;
-        const std::size_t start = startOfNumber(text, place);
-        std::size_t end = place;
-        while (end < text.size() && (isMantissa(text[end]) || text[end] == '/'))
-            ++end;
-        if (end - start >= shortestRun && isOddNumberAt(text, start))
-            return true;
-        place = end - end % step - (end % step == 0 ? step : 0); // The next step is to where the run ends.
+    explicit Eight(const char* text) { std::memcpy(&word, text, sizeof word); }
+
+    /// All are between '.' and '9', the slash included.
+    bool areMantissa() const
+    {
+        return (((word + each * (0x7F - '9')) | (word - each * '.') | word) & high) == 0;
     }
-    return false;
+
+    /// One is '-'; seldom, another.
+    bool haveMinus() const
+    {
+        const std::uint64_t others = word ^ each * '-';
+        return ((others - each) & ~others & high) != 0;
+    }
+};
+
+/// Whether a number that many digits make odd goes through the place; moves it to the end of the digits.
+bool isLongOddNumber(std::string_view text, std::size_t& place)
+{
+    const std::size_t start = startOfNumber(text, place);
+    while (place < text.size() && (isMantissa(text[place]) || text[place] == '/'))
+        ++place;
+    return place - start >= shortestRun && isOddNumberAt(text, start);
 }
 
-/// A zero with a sign, or a number that is too small to be told from zero.
-bool hasOddMinus(std::string_view text)
+/// Whether the minus makes a zero with a sign, or a number that is too small to be told from zero.
+bool isOddMinus(std::string_view text, std::size_t minus)
 {
-    for (std::size_t minus = text.find('-'); minus != std::string_view::npos;
-         minus = text.find('-', minus + 1)) {
-        const char next = at(text, minus + 2);
-        const bool isZero = at(text, minus + 1) == '0' && !isMantissa(next) && !isExponentMark(next);
-        const bool isExponent = minus >= 2 && isExponentMark(text[minus - 1]) && isMantissa(text[minus - 2]);
-        if (isZero || (isExponent && isOddNumberAt(text, startOfNumber(text, minus - 2))))
+    const char next = at(text, minus + 2);
+    if (at(text, minus + 1) == '0' && !isMantissa(next) && !isExponentMark(next))
+        return true;
+    const bool isExponent = minus >= 2 && isExponentMark(text[minus - 1]) && isMantissa(text[minus - 2]);
+    return isExponent && isOddNumberAt(text, startOfNumber(text, minus - 2));
+}
+
+bool hasOddMinus(std::string_view text, std::size_t start, std::size_t end)
+{
+    for (std::size_t place = start; place < std::min(end, text.size()); ++place) {
+        if (text[place] == '-' && isOddMinus(text, place))
             return true;
     }
     return false;
@@ -286,7 +297,18 @@ std::optional<std::string_view> numberToken(std::string_view string)
 
 bool mayBeRounded(std::string_view text)
 {
-    return hasLongOddNumber(text) || hasOddMinus(text);
+    constexpr std::size_t step = sizeof(Eight); // A run of 16 digits holds eight from one of these places on.
+    std::size_t place = 0;
+    while (place + step <= text.size()) {
+        const Eight next{text.data() + place};
+        if (next.haveMinus() && hasOddMinus(text, place, place + step))
+            return true;
+        std::size_t end = place;
+        if (next.areMantissa() && isLongOddNumber(text, end))
+            return true;
+        place = std::max(place + step, end - end % step);
+    }
+    return hasOddMinus(text, place, text.size());
 }
 
 std::optional<std::string> withTokensKept(std::string_view text)
