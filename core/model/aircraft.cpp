@@ -7,8 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdlib>
-#include <limits>
 #include <numbers>
 #include <unordered_set>
 
@@ -47,12 +45,6 @@ std::string withUnit(std::string number, std::string_view unit, bool compact)
     if (!compact)
         number += ' ';
     return number.append(unit);
-}
-
-/// Of the most negative number, which has no positive counterpart, the largest positive one.
-std::int64_t magnitude(std::int64_t value)
-{
-    return std::abs(std::max(value, -std::numeric_limits<std::int64_t>::max()));
 }
 
 } // namespace
@@ -108,9 +100,9 @@ std::optional<std::int64_t> Aircraft::verticalRate() const
 std::optional<std::string> Aircraft::verticalText() const
 {
     const auto rate = verticalRate();
-    if (!rate || magnitude(*rate) < levelFlightBand)
+    if (!rate || (*rate > -levelFlightBand && *rate < levelFlightBand))
         return std::nullopt;
-    return (*rate < 0 ? "↓ " : "↑ ") + groupedInteger(magnitude(*rate)) + " ft/min";
+    return (*rate < 0 ? "↓ " : "↑ ") + groupedMagnitude(*rate) + " ft/min";
 }
 
 bool Aircraft::isEmergency() const

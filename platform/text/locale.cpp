@@ -4,7 +4,7 @@
 
 #include <unicode/datefmt.h>
 #include <unicode/locid.h>
-#include <unicode/numfmt.h>
+#include <unicode/numberformatter.h>
 #include <unicode/timezone.h>
 #include <unicode/unistr.h>
 
@@ -48,6 +48,18 @@ std::string utf8(const icu::UnicodeString& text)
     return text.toUTF8String(result);
 }
 
+/// By the formatter that knows from how many digits on a locale groups at all.
+std::string grouped(std::int64_t value, UNumberSignDisplay sign)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale locale{Locale::current().numbers.c_str()};
+    const icu::UnicodeString text = icu::number::NumberFormatter::withLocale(locale)
+                                        .sign(sign)
+                                        .formatInt(value, status)
+                                        .toString(status);
+    return U_SUCCESS(status) ? utf8(text) : std::to_string(value);
+}
+
 } // namespace
 
 Locale Locale::current()
@@ -59,13 +71,12 @@ Locale Locale::current()
 
 std::string groupedInteger(std::int64_t value)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::Locale locale{Locale::current().numbers.c_str()};
-    const std::unique_ptr<icu::NumberFormat> format{icu::NumberFormat::createInstance(locale, status)};
-    if (U_FAILURE(status))
-        return std::to_string(value);
-    icu::UnicodeString text;
-    return utf8(format->format(value, text));
+    return grouped(value, UNUM_SIGN_AUTO);
+}
+
+std::string groupedMagnitude(std::int64_t value)
+{
+    return grouped(value, UNUM_SIGN_NEVER);
 }
 
 std::string shortTime(Date date)

@@ -20,8 +20,12 @@ struct Locale {
     bool operator==(const Locale&) const = default;
 };
 
-/// With the current locale's digits and grouping: 12500 is "12,500" in English.
+/// With the current locale's digits and grouping: 12500 is "12,500" in English. Many a locale does not group
+/// four digits.
 std::string groupedInteger(std::int64_t value);
+
+/// The same without its sign.
+std::string groupedMagnitude(std::int64_t value);
 
 /// Hours and minutes as the current locale writes them: "10:42 AM", "10:42".
 std::string shortTime(Date date);

@@ -163,7 +163,8 @@ std::string wordsCapitalized(std::string_view text)
     std::string result;
     icu::StringByteSink<std::string> sink{&result, length(text)};
     UErrorCode status = U_ZERO_ERROR;
-    icu::CaseMap::utf8ToTitle("", 0, nullptr, {text.data(), length(text)}, sink, nullptr, status);
+    icu::CaseMap::utf8ToTitle(
+        "", U_TITLECASE_ADJUST_TO_CASED, nullptr, {text.data(), length(text)}, sink, nullptr, status);
     return result;
 }
 

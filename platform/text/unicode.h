@@ -14,7 +14,8 @@ std::string_view trimmed(std::string_view text);
 /// Full upper-casing: "ß" becomes "SS".
 std::string uppercased(std::string_view text);
 
-/// The first letter of every word upper case, the rest lower case: "CESSNA 172" becomes "Cessna 172".
+/// The first letter of every word upper case, digits before it or not, the rest lower case: "CESSNA 172R"
+/// becomes "Cessna 172R".
 std::string wordsCapitalized(std::string_view text);
 
 /// The user-perceived characters (extended grapheme clusters, UAX #29) in order. Views into `text`.

@@ -131,7 +131,7 @@ TEST_F(AircraftTexts, verticalTextShowsFrom64FeetAMinute)
 TEST_F(AircraftTexts, verticalTextSurvivesTheMostNegativeRate)
 {
     EXPECT_EQ((Aircraft{.hex = "a", .baroRate = std::numeric_limits<std::int64_t>::min()}).verticalText(),
-        "↓ 9,223,372,036,854,775,807 ft/min");
+        "↓ 9,223,372,036,854,775,808 ft/min");
 }
 
 TEST_F(AircraftTest, verticalRatePrefersTheBarometricOne)

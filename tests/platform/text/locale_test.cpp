@@ -35,6 +35,29 @@ TEST(Locale, groupsAsTheCountryDoes)
     EXPECT_EQ(groupedInteger(12500), "12.500");
 }
 
+TEST(Locale, groupsFourDigitsOnlyWhereTheCountryDoes)
+{
+    for (const char* name : {"es_ES", "pl_PL", "pt_PT", "bg_BG"}) {
+        const Pinned<Locale> country{of(name)};
+        EXPECT_EQ(groupedInteger(1961), "1961") << name;
+        EXPECT_EQ(groupedInteger(-9999), "-9999") << name;
+        EXPECT_NE(groupedInteger(15000), "15000") << name;
+    }
+    for (const char* name : {"en_US", "de_DE", "fr_FR", "es_MX", "pt_BR"}) {
+        const Pinned<Locale> country{of(name)};
+        EXPECT_NE(groupedInteger(1961), "1961") << name;
+    }
+}
+
+TEST(Locale, groupsWithoutASign)
+{
+    const Pinned<Locale> english{of("en_US")};
+    EXPECT_EQ(groupedMagnitude(-1216), "1,216");
+    EXPECT_EQ(groupedMagnitude(1216), "1,216");
+    EXPECT_EQ(groupedMagnitude(std::numeric_limits<std::int64_t>::min()), "9,223,372,036,854,775,808");
+    EXPECT_EQ(groupedInteger(std::numeric_limits<std::int64_t>::min()), "-9,223,372,036,854,775,808");
+}
+
 TEST(Locale, writesTimesInTwelveOrTwentyFourHours)
 {
     const Pinned<Locale> english{of("en_US")};

@@ -59,6 +59,10 @@ TEST(Unicode, wordsAreCapitalizedOneByOne)
     EXPECT_EQ(Unicode::wordsCapitalized("CESSNA 172"), "Cessna 172");
     EXPECT_EQ(Unicode::wordsCapitalized("BOEING 737-800"), "Boeing 737-800");
     EXPECT_EQ(Unicode::wordsCapitalized("united airlines inc"), "United Airlines Inc");
+    EXPECT_EQ(Unicode::wordsCapitalized("CESSNA 172R Cutlass RG"), "Cessna 172R Cutlass Rg");
+    EXPECT_EQ(Unicode::wordsCapitalized("BOEING 737-8AS"), "Boeing 737-8As");
+    EXPECT_EQ(Unicode::wordsCapitalized("2EXCEL AVIATION LTD, 3D"), "2Excel Aviation Ltd, 3D");
+    EXPECT_EQ(Unicode::wordsCapitalized("1ST ǆungla 42"), "1St ǅungla 42");
     EXPECT_EQ(Unicode::wordsCapitalized("ÉCOLE DE L'AIR"), "École De L'air");
 }
 
