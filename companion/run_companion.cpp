@@ -6,6 +6,7 @@
 #include "companion/desktop/hand_over.h"
 #include "companion/host_switch/host_control.h"
 #include "companion/pacer.h"
+#include "companion/photo/photo_image.h"
 #include "companion/window/main_window.h"
 #include "core/config/shared_state.h"
 
@@ -17,6 +18,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <cstdlib>
 #include <optional>
 
 namespace skyvane {
@@ -40,10 +42,10 @@ QString hostProgram()
 /// What was asked for, as the window does it.
 class Companion {
 public:
-    explicit Companion(const CompanionSetup& setup)
+    Companion(const CompanionSetup& setup, PhotoDecoder& decoder)
         : m_pacer(setup.transport)
         , m_feed(m_errands, m_pacer.transport())
-        , m_lookups(m_errands, m_pacer.transport())
+        , m_lookups(m_errands, decoder, m_pacer.transport())
         , m_host(setup.sessionBus, setup.hostProgram)
         , m_appearance(setup.sessionBus)
         , m_window({
@@ -135,6 +137,7 @@ CompanionSetup CompanionSetup::standard()
         .sessionBus = QDBusConnection::sessionBus(),
         .systemBus = QDBusConnection::systemBus(),
         .transport = UrlSession{},
+        .decode = decodePhoto,
         .open = [](const QUrl& page) { QDesktopServices::openUrl(page); },
         .hostProgram = skyvane::hostProgram(),
         .autostart = AutostartFolders::standard(),
@@ -145,6 +148,7 @@ CompanionSetup CompanionSetup::standard()
 int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QString& token)
 {
     QDBusConnection bus = setup.sessionBus;
+    PhotoDecoder decoder{setup.decode};
     // There to be found before the name is; what it is asked waits for the event loop.
     std::optional<Companion> companion;
     std::optional<CompanionService> service;
@@ -153,13 +157,18 @@ int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QSt
         service.reset();
         return handOverTo(bus, line, token);
     }
-    companion.emplace(setup);
+    companion.emplace(setup, decoder);
     if (line.isService)
         QTimer::singleShot(longestWaitForRequest, [&] { quitUnless(companion->isShown()); });
     else
         companion->start(line, token);
     const int status = QApplication::exec();
-    bus.unregisterService(CompanionService::name());
+    if (bus.isConnected())
+        bus.unregisterService(CompanionService::name());
+    service.reset();
+    companion.reset(); // Nobody gives the decoder anything from here on.
+    if (!decoder.isIdle())
+        std::_Exit(status);
     return status;
 }
 

@@ -2,6 +2,7 @@
 
 #include "companion/command_line.h"
 #include "companion/host_switch/autostart.h"
+#include "companion/photo/photo_decoder.h"
 #include "platform/net/url_session.h"
 
 #include <QDBusConnection>
@@ -18,6 +19,7 @@ struct CompanionSetup {
     QDBusConnection sessionBus;
     QDBusConnection systemBus;
     Transport transport;
+    PhotoDecoder::Decode decode; ///< Of photographs.
     std::function<void(const QUrl&)> open; ///< Shows a page on the web.
     QString hostProgram;
     AutostartFolders autostart;

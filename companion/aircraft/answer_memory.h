@@ -14,7 +14,11 @@ namespace skyvane {
 template <class Answer>
 class AnswerMemory {
 public:
-    explicit AnswerMemory(std::chrono::milliseconds patience) : m_patience(patience) { }
+    /// `most`: how many answers are kept at once.
+    explicit AnswerMemory(std::chrono::milliseconds patience, std::size_t most = 64)
+        : m_patience(patience), m_most(most)
+    {
+    }
 
     /// Null: ask. Valid until the next `keep`.
     const std::optional<Answer>* find(const std::string& key) const
@@ -28,8 +32,7 @@ public:
 
     const std::optional<Answer>& keep(const std::string& key, std::optional<Answer> answer)
     {
-        constexpr std::size_t most = 64;
-        if (m_known.size() >= most)
+        if (m_known.size() >= m_most)
             m_known.clear();
         return m_known.insert_or_assign(key, Known{std::move(answer), Clock::now()}).first->second.answer;
     }
@@ -43,6 +46,7 @@ private:
     };
 
     std::chrono::milliseconds m_patience;
+    std::size_t m_most;
     std::map<std::string, Known> m_known;
 };
 

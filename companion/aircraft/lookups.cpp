@@ -1,6 +1,5 @@
 #include "companion/aircraft/lookups.h"
 
-#include "companion/aircraft/photo_image.h"
 #include "core/enrichment/airlines.h"
 #include "core/enrichment/ascii.h"
 #include "core/enrichment/photo_api.h"
@@ -51,26 +50,27 @@ std::optional<FlightRoute> withShownTexts(std::optional<FlightRoute> route)
     return route;
 }
 
-QImage loadImage(const URL& url, const Transport& transport, std::stop_token stop)
+QImage loadImage(
+    const URL& url, const Transport& transport, PhotoDecoder& decoder, const std::stop_token& stop)
 {
     if (url.scheme() != "https")
         return {};
     try {
-        const URLResponse answer = transport({.url = url, .headers = {userAgent()}}, std::move(stop));
-        return answer.status == 200 ? decodePhoto(answer.body) : QImage{};
+        URLResponse answer = transport({.url = url, .headers = {userAgent()}}, stop);
+        return answer.status == 200 ? decoder.image(std::move(answer.body), stop) : QImage{};
     } catch (const std::exception&) {
         return {};
     }
 }
 
 std::optional<Photograph> loadPhotograph(
-    const std::string& hex, const Transport& transport, const std::stop_token& stop)
+    const std::string& hex, const Transport& transport, PhotoDecoder& decoder, const std::stop_token& stop)
 {
     auto photo = PhotoAPI::fetch(hex, transport, stop);
     if (!photo)
         return std::nullopt;
     cut(photo->photographer);
-    QImage image = loadImage(photo->thumbnailURL, transport, stop);
+    QImage image = loadImage(photo->thumbnailURL, transport, decoder, stop);
     if (image.isNull())
         return std::nullopt;
     return Photograph{.photo = *std::move(photo), .image = std::move(image)};
@@ -100,8 +100,8 @@ Errand Lookups::photograph(const std::string& hex, PhotographFound found)
         found(known != nullptr ? *known : std::nullopt);
         return {};
     }
-    return m_errands.run(
-        [hex, transport = m_transport](std::stop_token stop) { return loadPhotograph(hex, transport, stop); },
+    return m_errands.run([hex, transport = m_transport, &decoder = m_decoder](
+                             std::stop_token stop) { return loadPhotograph(hex, transport, decoder, stop); },
         [this, hex, found = std::move(found)](
             std::optional<Photograph> photo) { found(m_photographs.keep(hex, std::move(photo))); });
 }

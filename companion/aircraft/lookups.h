@@ -2,6 +2,7 @@
 
 #include "companion/aircraft/answer_memory.h"
 #include "companion/errands.h"
+#include "companion/photo/photo_decoder.h"
 #include "core/enrichment/flight_route.h"
 #include "core/enrichment/plane_photo.h"
 #include "core/model/aircraft.h"
@@ -27,7 +28,11 @@ public:
     using RouteFound = std::function<void(const std::optional<FlightRoute>&)>;
     using PhotographFound = std::function<void(const std::optional<Photograph>&)>;
 
-    Lookups(Errands& errands, Transport transport) : m_errands(errands), m_transport(std::move(transport)) { }
+    /// All of them outlive it.
+    Lookups(Errands& errands, PhotoDecoder& decoder, Transport transport)
+        : m_errands(errands), m_decoder(decoder), m_transport(std::move(transport))
+    {
+    }
 
     /// Of an airline's flight; nobody is asked about another aircraft, which has none. What is known already
     /// is found at once, within the call.
@@ -38,9 +43,10 @@ public:
 
 private:
     Errands& m_errands;
+    PhotoDecoder& m_decoder;
     Transport m_transport;
     AnswerMemory<FlightRoute> m_routes{std::chrono::minutes{1}};
-    AnswerMemory<Photograph> m_photographs{std::chrono::minutes{1}};
+    AnswerMemory<Photograph> m_photographs{std::chrono::minutes{1}, /*most=*/16};
 };
 
 } // namespace skyvane

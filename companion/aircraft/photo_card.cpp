@@ -1,5 +1,6 @@
 #include "companion/aircraft/photo_card.h"
 
+#include "companion/photo/photo_image.h"
 #include "paint/pictograms.h"
 
 #include <QPainter>
@@ -10,7 +11,6 @@ namespace skyvane {
 namespace {
 
 constexpr double cornerRadius = 14;
-constexpr QSize card{420, 280};
 
 /// The part of the image that fills a frame of that shape, its middle.
 QRectF filling(const QSizeF& image, const QSizeF& frame)
@@ -23,7 +23,7 @@ QRectF filling(const QSizeF& image, const QSizeF& frame)
 
 PhotoCard::PhotoCard(QWidget* parent) : QAbstractButton(parent)
 {
-    setFixedSize(card);
+    setFixedSize(photoSize);
     showImage({}, /*leadsSomewhere=*/false);
 }
 
@@ -38,7 +38,7 @@ void PhotoCard::showImage(const QImage& image, bool leadsSomewhere)
 
 QSize PhotoCard::sizeHint() const
 {
-    return card;
+    return photoSize;
 }
 
 void PhotoCard::paintEvent(QPaintEvent*)

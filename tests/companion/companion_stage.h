@@ -73,6 +73,7 @@ public:
         {"api.adsb.lol", "opendata.adsb.fi", "api.adsbdb.com", "api.planespotters.net", "t.plnspttrs.net"}};
     Pinned<Network> network{server.network()};
     Pacer pacer{UrlSession{}, std::chrono::milliseconds{20}};
+    PhotoDecoder decoder;
     Errands errands;
     FontMeasurer fonts;
 };

@@ -1,6 +1,4 @@
-#include "companion/aircraft/photo_image.h"
 #include "companion/aircraft/where_to_look.h"
-#include "tests/companion/companion_stage.h"
 
 #include <gtest/gtest.h>
 
@@ -76,31 +74,6 @@ TEST(WhereToLook, whatTheFeedLacksIsComputedFromBothPositions)
     ASSERT_TRUE(where);
     EXPECT_NEAR(where->bearingDeg, 90, 1);
     EXPECT_EQ(whereToLook(there, std::nullopt), std::nullopt);
-}
-
-TEST(PhotoImage, photographsAreDecoded)
-{
-    EXPECT_EQ(decodePhoto(test::picture({42, 28}, "JPG")).size(), QSize(42, 28));
-    EXPECT_EQ(decodePhoto(test::picture({42, 28}, "PNG")).size(), QSize(42, 28));
-}
-
-TEST(PhotoImage, everythingElseIsNoPhotograph)
-{
-    const std::string jpeg = test::picture({42, 28}, "JPG");
-    EXPECT_TRUE(decodePhoto("").isNull());
-    EXPECT_TRUE(decodePhoto("<html>").isNull());
-    EXPECT_TRUE(decodePhoto(jpeg.substr(0, 60)).isNull());
-    EXPECT_TRUE(decodePhoto(test::picture({42, 28}, "BMP")).isNull());
-    EXPECT_TRUE(decodePhoto(R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"/>)").isNull());
-    EXPECT_TRUE(decodePhoto(test::picture({4097, 1}, "PNG")).isNull());
-    EXPECT_TRUE(decodePhoto(std::string(9 << 20, 'x')).isNull());
-}
-
-TEST(PhotoImage, aFileThatClaimsToBeHugeIsNotDecoded)
-{
-    std::string png = test::picture({42, 28}, "PNG");
-    png.replace(16, 8, std::string("\x00\x00\xff\xff\x00\x00\xff\xff", 8)); // Width and height in its header.
-    EXPECT_TRUE(decodePhoto(png).isNull());
 }
 
 } // namespace skyvane
