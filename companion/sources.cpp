@@ -2,9 +2,8 @@
 
 #include "companion/common/to_qstring.h"
 #include "companion/common/type_scale.h"
+#include "companion/link_label.h"
 #include "platform/text/localized.h"
-
-#include <QLabel>
 
 namespace skyvane {
 
@@ -39,9 +38,7 @@ QWidget* makeSourcesLabel(const std::vector<Source>& sources)
     QStringList links;
     for (const Source source : sources)
         links += linkTo(source);
-    auto* label = new QLabel{toQString(localized("Data: %1")).arg(links.join(QStringLiteral(" · ")))};
-    label->setTextFormat(Qt::RichText);
-    label->setOpenExternalLinks(true);
+    auto* label = new LinkLabel{toQString(localized("Data: %1")).arg(links.join(QStringLiteral(" · ")))};
     label->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     label->setFont(TypeScale::small(label->font()));
     TypeScale::makeQuiet(*label);

@@ -6,10 +6,10 @@
 #include "companion/aircraft/route_panel.h"
 #include "companion/aircraft/watch_words.h"
 #include "companion/aircraft/where_to_look.h"
+#include "companion/common/contrast.h"
 #include "companion/common/to_qstring.h"
 #include "companion/common/type_scale.h"
 #include "companion/common/view_widget.h"
-#include "companion/legible.h"
 #include "companion/notice_bar.h"
 #include "companion/sky/empty_sky.h"
 #include "companion/sources.h"
@@ -17,6 +17,7 @@
 #include "platform/text/localized.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QLabel>
 #include <QScrollArea>
 #include <QStackedWidget>
@@ -190,16 +191,20 @@ void AircraftPage::showDetails(const Aircraft& aircraft)
     m_name->setText(toQString(aircraft.displayName()));
     showText(*m_identity, AircraftWords::identity(aircraft));
     showText(*m_alarm, AircraftWords::alarm(aircraft));
-    QPalette colors = m_alarm->palette();
-    colors.setColor(QPalette::WindowText,
-        legible(aircraft.blipColor(entry.palette()), palette().color(QPalette::Window)));
-    m_alarm->setPalette(colors);
+    colorAlarm(aircraft.blipColor(entry.palette()));
     const auto where = whereToLook(aircraft, entry.home);
     const bool isThere = m_watch->state() == AircraftWatch::State::inRange;
     showText(*m_look, where && isThere ? toQString(lookText(*where)) : QString{});
     m_facts->showFacts(AircraftWords::facts(aircraft, entry.unit));
     m_scope->showCard(RadarView{.entry = alone(entry, aircraft)}.body(), entry.palette().background);
     lookUpRoute(aircraft);
+}
+
+void AircraftPage::colorAlarm(const Color& color)
+{
+    QPalette colors;
+    colors.setColor(QPalette::WindowText, legible(color, palette().color(QPalette::Window)));
+    m_alarm->setPalette(colors);
 }
 
 void AircraftPage::lookUpRoute(const Aircraft& aircraft)
@@ -219,6 +224,13 @@ void AircraftPage::resizeEvent(QResizeEvent* event)
     const bool isWide = width() >= widthForColumns;
     m_columns->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     m_scope->setVisible(isWide);
+}
+
+void AircraftPage::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showReport();
 }
 
 } // namespace skyvane

@@ -49,12 +49,14 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     QWidget* makeDetails();
     QWidget* makePictures();
     void showReport();
     void showDetails(const Aircraft& aircraft);
+    void colorAlarm(const Color& color);
     void lookUpRoute(const Aircraft& aircraft);
 
     AircraftSources m_sources;

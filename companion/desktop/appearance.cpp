@@ -1,11 +1,14 @@
 #include "companion/desktop/appearance.h"
 
+#include "companion/common/contrast.h"
+#include "companion/desktop/outlined_style.h"
+
 #include <QApplication>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QStyle>
-#include <QStyleFactory>
+#include <QToolTip>
 
 namespace skyvane {
 
@@ -43,22 +46,37 @@ bool isDark(const QPalette& palette)
     return palette.color(QPalette::Window).lightnessF() < palette.color(QPalette::WindowText).lightnessF();
 }
 
-/// Quiet text that can still be read, and links that do not shout.
+/// Quiet text that can still be read, as can what is selected, and links that do not shout.
 QPalette calmed(QPalette palette)
 {
     if (palette.color(QPalette::Link) == Qt::blue)
         palette.setColor(QPalette::Link, QColor{0x1a, 0x5f, 0xb4});
+    if (palette.color(QPalette::LinkVisited) == Qt::magenta)
+        palette.setColor(QPalette::LinkVisited, QColor{0x81, 0x3d, 0x9c});
+    constexpr double enoughForText = 4.5;
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        palette.setColor(group, QPalette::Highlight,
+            setApart(palette.color(group, QPalette::Highlight),
+                palette.color(group, QPalette::HighlightedText), enoughForText));
     QColor quiet = palette.color(QPalette::Text);
     quiet.setAlphaF(0.66F);
     palette.setColor(QPalette::PlaceholderText, quiet);
     return palette;
 }
 
+void show(const QPalette& palette)
+{
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette); // Its own, which follows no other.
+}
+
 } // namespace
 
 Appearance::Appearance(QDBusConnection bus) : m_light(calmed(QApplication::palette()))
 {
-    QApplication::setPalette(m_light);
+    if (QApplication::style()->name() == QStringLiteral("fusion"))
+        QApplication::setStyle(new OutlinedStyle);
+    show(m_light);
     bus.connect(service(), path(), portalInterface(), QStringLiteral("SettingChanged"), this,
         SLOT(settingChanged(QDBusMessage)));
     auto message
@@ -80,6 +98,11 @@ QPalette Appearance::darkPalette()
     QPalette palette{QColor{0x2a, 0x2d, 0x32}, QColor{0x1b, 0x1d, 0x21}};
     palette.setColor(QPalette::Base, QColor{0x15, 0x17, 0x1a});
     palette.setColor(QPalette::AlternateBase, QColor{0x24, 0x27, 0x2c});
+    palette.setColor(QPalette::Light, QColor{0x4a, 0x4e, 0x55});
+    palette.setColor(QPalette::Midlight, QColor{0x3a, 0x3e, 0x44});
+    palette.setColor(QPalette::Mid, QColor{0x3f, 0x43, 0x4a});
+    palette.setColor(QPalette::Dark, QColor{0x12, 0x14, 0x17});
+    palette.setColor(QPalette::Shadow, Qt::black);
     palette.setColor(QPalette::ToolTipBase, QColor{0x24, 0x27, 0x2c});
     for (const auto role :
         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
@@ -110,9 +133,9 @@ void Appearance::follow(const QVariant& scheme)
     const bool wantsDark = inner.toUInt() == prefersDark;
     if (wantsDark == isDark(QApplication::palette()))
         return;
-    if (wantsDark)
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(wantsDark ? darkPalette() : m_light);
+    if (wantsDark && qobject_cast<OutlinedStyle*>(QApplication::style()) == nullptr)
+        QApplication::setStyle(new OutlinedStyle);
+    show(wantsDark ? darkPalette() : m_light);
 }
 
 } // namespace skyvane

@@ -1,5 +1,7 @@
 #include "companion/setup/swatch_button.h"
 
+#include "companion/common/contrast.h"
+
 #include <QPainter>
 #include <QSizePolicy>
 
@@ -41,7 +43,7 @@ void SwatchButton::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF ring = QRectF{rect()}.adjusted(ringWidth / 2, ringWidth / 2, -ringWidth / 2, -ringWidth / 2);
     const double inset = ringWidth + gap;
-    painter.setPen(QPen{palette().color(QPalette::Mid), 1});
+    painter.setPen(QPen{outlineOn(palette()), 1});
     painter.setBrush(m_color);
     painter.drawEllipse(QRectF{rect()}.adjusted(inset, inset, -inset, -inset));
     painter.setBrush(Qt::NoBrush);

@@ -3,9 +3,9 @@
 #include "companion/common/to_qstring.h"
 #include "companion/sky/aircraft_delegate.h"
 #include "companion/sky/cell_delegate.h"
+#include "companion/sky/flat_header.h"
 #include "platform/text/localized.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 
 namespace skyvane {
@@ -17,21 +17,12 @@ constexpr int column(SkyColumn name)
     return static_cast<int>(name);
 }
 
-/// In the colours of the list itself, the arrow of the order in the margin.
-QString flatHeader()
-{
-    return QStringLiteral("QHeaderView::section { background: palette(base); border: none;"
-                          " border-bottom: 1px solid palette(mid); padding: 0 %1px; }"
-                          "QHeaderView::up-arrow, QHeaderView::down-arrow { subcontrol-origin: border;"
-                          " subcontrol-position: center right; right: 1px; width: 7px; height: 7px; }")
-        .arg(CellDelegate::margin);
-}
-
 } // namespace
 
 SkyTable::SkyTable(QWidget* parent) : QTableView(parent)
 {
     setAccessibleName(toQString(localized("Aircraft around home, nearest first")));
+    setHorizontalHeader(new FlatHeader);
     m_filter.setSourceModel(&m_model);
     setModel(&m_filter);
     setItemDelegate(new CellDelegate{this});
@@ -62,9 +53,6 @@ void SkyTable::setUpColumns()
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(metrics.height() * 2);
     QHeaderView* header = horizontalHeader();
-    header->setHighlightSections(false);
-    header->setStyleSheet(flatHeader());
-    header->setSectionsMovable(false);
     header->setMinimumSectionSize(metrics.averageCharWidth() * 6);
     header->setFixedHeight(metrics.height() * 2);
     header->setSectionResizeMode(QHeaderView::Fixed);

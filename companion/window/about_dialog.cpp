@@ -2,6 +2,7 @@
 
 #include "companion/common/to_qstring.h"
 #include "companion/common/type_scale.h"
+#include "companion/link_label.h"
 #include "companion/sources.h"
 #include "platform/text/localized.h"
 
@@ -15,10 +16,8 @@ namespace {
 
 QLabel* paragraph(const QString& richText)
 {
-    auto* label = new QLabel{richText};
-    label->setTextFormat(Qt::RichText);
+    auto* label = new LinkLabel{richText};
     label->setWordWrap(true);
-    label->setOpenExternalLinks(true);
     label->setTextInteractionFlags(Qt::TextBrowserInteraction);
     return label;
 }

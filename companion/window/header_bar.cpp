@@ -9,6 +9,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 #include <QToolButton>
 
 namespace skyvane {
@@ -17,21 +19,32 @@ namespace {
 
 constexpr QSize iconSize{20, 20};
 
-QToolButton* iconButton()
+/// Without the toolkit's arrow, which is the icon's to say.
+class MenuButton : public QToolButton {
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        option.features.setFlag(QStyleOptionToolButton::HasMenu, false);
+        QStylePainter{this}.drawComplexControl(QStyle::CC_ToolButton, option);
+    }
+};
+
+void setUp(QToolButton& button)
 {
-    auto* button = new QToolButton;
-    button->setAutoRaise(true);
-    button->setIconSize(iconSize);
-    button->setToolButtonStyle(Qt::ToolButtonIconOnly);
-    button->setFocusPolicy(Qt::TabFocus);
-    button->setMinimumSize(36, 36);
-    return button;
+    button.setAutoRaise(true);
+    button.setIconSize(iconSize);
+    button.setToolButtonStyle(Qt::ToolButtonIconOnly);
+    button.setFocusPolicy(Qt::TabFocus);
+    button.setMinimumSize(36, 36);
 }
 
 /// Only there while its action can be taken.
 QToolButton* actionButton(QAction* action)
 {
-    QToolButton* button = iconButton();
+    auto* button = new QToolButton;
+    setUp(*button);
     button->setDefaultAction(action);
     button->setVisible(action->isEnabled());
     QObject::connect(action, &QAction::enabledChanged, button, &QToolButton::setVisible);
@@ -40,7 +53,8 @@ QToolButton* actionButton(QAction* action)
 
 QToolButton* menuButton(const std::vector<QAction*>& actions)
 {
-    QToolButton* button = iconButton();
+    auto* button = new MenuButton;
+    setUp(*button);
     auto* menu = new QMenu{button};
     for (QAction* action : actions)
         menu->addAction(action);
@@ -49,7 +63,6 @@ QToolButton* menuButton(const std::vector<QAction*>& actions)
     button->setAccessibleName(toQString(localized("Menu")));
     button->setMenu(menu);
     button->setPopupMode(QToolButton::InstantPopup);
-    button->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
     return button;
 }
 

@@ -2,6 +2,8 @@
 #include "companion/aircraft/photo_card.h"
 #include "companion/aircraft/photo_panel.h"
 #include "companion/aircraft/route_panel.h"
+#include "companion/common/contrast.h"
+#include "companion/desktop/appearance.h"
 #include "companion/notice_bar.h"
 #include "companion/sky/empty_sky.h"
 #include "tests/companion/companion_stage.h"
@@ -147,6 +149,23 @@ TEST_F(AircraftPageTest, nobodyIsAskedAboutWhatHasNeitherRouteNorPhoto)
     EXPECT_FALSE(panel().isVisible());
     EXPECT_EQ(stage.asked("/v0/"), 0U);
     EXPECT_EQ(stage.asked(photoPath), 0U);
+}
+
+TEST_F(AircraftPageTest, anEmergencyCanBeReadOnWhateverTheWindowBecomes)
+{
+    page.showAircraft("~4ca7b4");
+    ASSERT_TRUE(isInDetail());
+    const auto isRead = [&] {
+        const auto labels = page.findChildren<QLabel*>();
+        const auto alarm = std::ranges::find_if(
+            labels, [](const QLabel* label) { return label->text().contains("emergency"); });
+        const QPalette palette = (*alarm)->palette();
+        return contrast(palette.color(QPalette::WindowText), palette.color(QPalette::Window)) >= 4.5;
+    };
+    for (const QPalette& palette : {Appearance::darkPalette(), QPalette{Qt::white}}) {
+        page.setPalette(palette);
+        EXPECT_TRUE(test::waitFor(isRead)) << palette.color(QPalette::Window).name().toStdString();
+    }
 }
 
 TEST_F(AircraftPageTest, anAnswerIsRememberedForTheVisit)

@@ -1,4 +1,4 @@
-#include "companion/legible.h"
+#include "companion/common/contrast.h"
 
 #include "paint/to_qt.h"
 
@@ -35,17 +35,27 @@ double contrast(const QColor& one, const QColor& other)
 
 QColor legible(const Color& color, const QColor& background)
 {
-    constexpr double enough = 4.5;
+    constexpr double enoughForText = 4.5;
+    return setApart(toQt(color.withOpacity(1)), background, enoughForText);
+}
+
+QColor setApart(const QColor& color, const QColor& background, double enough)
+{
     constexpr int steps = 50;
-    const QColor own = toQt(color.withOpacity(1));
     const QColor end
         = contrast(Qt::black, background) > contrast(Qt::white, background) ? Qt::black : Qt::white;
     for (int step = 0; step < steps; ++step) {
-        const QColor candidate = mixed(own, end, static_cast<float>(step) / steps);
+        const QColor candidate = mixed(color, end, static_cast<float>(step) / steps);
         if (contrast(candidate, background) >= enough)
             return candidate;
     }
     return end;
+}
+
+QColor outlineOn(const QPalette& palette, double enough)
+{
+    const QColor window = palette.color(QPalette::Window);
+    return setApart(window, window, enough);
 }
 
 } // namespace skyvane
