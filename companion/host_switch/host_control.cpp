@@ -40,6 +40,7 @@ HostControl::HostControl(QDBusConnection bus, QString program)
     m_patience.setSingleShot(true);
     m_patience.setInterval(longestWait);
     m_patience.callOnTimeout([this] {
+        m_owesGallery = false;
         emit failed(m_isRunning ? toQString(localized("The widgets do not answer."))
                                 : toQString(localized("The widgets did not start.")));
     });
@@ -68,6 +69,8 @@ void HostControl::setRunning(bool isRunning)
     m_patience.stop();
     if (std::exchange(m_isRunning, isRunning) != isRunning)
         emit runningChanged(isRunning);
+    if (m_isRunning && std::exchange(m_owesGallery, false))
+        askForGallery();
 }
 
 void HostControl::start()
@@ -77,20 +80,48 @@ void HostControl::start()
     QProcess host;
     host.setProgram(m_program);
     host.setProcessEnvironment(environmentOfHost());
-    if (host.startDetached())
+    if (host.startDetached()) {
         m_patience.start();
-    else
+    } else {
+        m_owesGallery = false;
         emit failed(toQString(localized("The widgets’ program cannot be started: %1")).arg(m_program));
+    }
 }
 
 void HostControl::stop()
 {
+    m_owesGallery = false;
     if (!m_isRunning)
         return;
-    const auto message = QDBusMessage::createMethodCall(
-        hostName(), QStringLiteral("/org/skyvane/Host"), hostName(), QStringLiteral("Quit"));
-    m_bus.send(message);
+    call(QStringLiteral("Quit"));
     m_patience.start();
+}
+
+void HostControl::showGallery()
+{
+    if (m_isRunning) {
+        askForGallery();
+        return;
+    }
+    m_owesGallery = true;
+    start();
+}
+
+void HostControl::askForGallery()
+{
+    auto* answer = new QDBusPendingCallWatcher{call(QStringLiteral("ShowGallery")), this};
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        if (answer->isError())
+            emit failed(toQString(localized("The widgets do not answer.")));
+        answer->deleteLater();
+    });
+}
+
+QDBusPendingCall HostControl::call(const QString& method)
+{
+    const auto message
+        = QDBusMessage::createMethodCall(hostName(), QStringLiteral("/org/skyvane/Host"), hostName(), method);
+    return m_bus.asyncCall(message, std::chrono::milliseconds{longestWait}.count());
 }
 
 } // namespace skyvane

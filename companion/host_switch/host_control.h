@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusPendingCall>
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QTimer>
@@ -20,6 +21,9 @@ public:
     void start();
     void stop();
 
+    /// Shows the host's gallery, from which widgets are added; starts the host first where it does not run.
+    void showGallery();
+
 signals:
     void runningChanged(bool isRunning);
     /// In words, for the user.
@@ -28,12 +32,15 @@ signals:
 private:
     void setRunning(bool isRunning);
     void askWhetherItRuns();
+    QDBusPendingCall call(const QString& method);
+    void askForGallery();
 
     QDBusConnection m_bus;
     QString m_program;
     QDBusServiceWatcher m_watcher;
     QTimer m_patience; ///< Runs while a start or an end is awaited.
     bool m_isRunning = false;
+    bool m_owesGallery = false; ///< As soon as the host runs.
 };
 
 } // namespace skyvane

@@ -6,7 +6,9 @@
 #include "platform/text/localized.h"
 
 #include <QCheckBox>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace skyvane {
@@ -31,15 +33,21 @@ HostSwitch::HostSwitch(HostControl& host, AutostartFolders folders, QWidget* par
     m_words->setTextFormat(Qt::PlainText);
     m_words->setWordWrap(true);
     TypeScale::makeQuiet(*m_words);
-    auto* column = new QVBoxLayout{this};
-    column->setContentsMargins(0, 0, 0, 0);
+    auto* add = new QPushButton{toQString(localized("&Add Widgets…"))};
+    auto* column = new QVBoxLayout;
     column->setSpacing(2);
     column->addWidget(m_box);
     column->addWidget(m_words);
+    auto* row = new QHBoxLayout{this};
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(20);
+    row->addLayout(column, /*stretch=*/1);
+    row->addWidget(add);
     m_box->setChecked(m_host.isRunning());
     connect(&m_host, &HostControl::runningChanged, m_box, &QCheckBox::setChecked);
     connect(&m_host, &HostControl::failed, this, &HostSwitch::showProblem);
     connect(m_box, &QCheckBox::clicked, this, &HostSwitch::choose);
+    connect(add, &QPushButton::clicked, this, &HostSwitch::addWidgets);
 }
 
 void HostSwitch::choose(bool isOn)
@@ -49,6 +57,22 @@ void HostSwitch::choose(bool isOn)
         m_host.start();
     else
         m_host.stop();
+    keep(isOn);
+}
+
+/// Whoever adds widgets wants to see them, as with the switch.
+void HostSwitch::addWidgets()
+{
+    m_words->setText(explanation());
+    const bool isToBeTurnedOn = !m_host.isRunning();
+    m_host.showGallery();
+    if (isToBeTurnedOn)
+        keep(true);
+}
+
+/// For the sessions to come.
+void HostSwitch::keep(bool isOn)
+{
     const bool hasTaken
         = isOn ? Autostart::turnOn(m_folders, m_host.program().toStdString()) : Autostart::turnOff(m_folders);
     if (!hasTaken)

@@ -11,7 +11,8 @@ namespace skyvane {
 
 class HostControl;
 
-/// "Show widgets on my desktop": on while they are there, now and with every session.
+/// "Show widgets on my desktop": on while they are there, now and with every session. Beside it the way to
+/// more of them.
 class HostSwitch : public QWidget {
     Q_OBJECT
 public:
@@ -19,6 +20,8 @@ public:
 
 private:
     void choose(bool isOn);
+    void keep(bool isOn);
+    void addWidgets();
     void showProblem(const QString& problem);
 
     HostControl& m_host;

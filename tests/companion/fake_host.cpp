@@ -1,4 +1,5 @@
-// Stands in for the widget host: has its name on the session bus, and quits when it is asked to.
+// Stands in for the widget host: has its name on the session bus, and quits when it is asked to. For a
+// gallery it takes another name.
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -12,6 +13,11 @@ public:
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
     {
+        if (message.member() == QStringLiteral("ShowGallery")) {
+            QDBusConnection bus = connection;
+            bus.registerService(QStringLiteral("org.skyvane.Test.Gallery"));
+            return connection.send(message.createReply(QString{}));
+        }
         if (message.member() != QStringLiteral("Quit"))
             return false;
         QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);

@@ -5,7 +5,9 @@
 
 #include <QCheckBox>
 #include <QDBusConnectionInterface>
+#include <QDBusMessage>
 #include <QLabel>
+#include <QPushButton>
 
 #include <gmock/gmock.h>
 
@@ -29,6 +31,7 @@ protected:
     }
 
     bool isHostThere() const { return bus.interface()->isServiceRegistered("org.skyvane.Host"); }
+    bool hasGallery() const { return bus.interface()->isServiceRegistered("org.skyvane.Test.Gallery"); }
     bool isStartedWithSession() const { return exists(folders.own / "skyvane-host.desktop"); }
 
     test::PrivateBus session;
@@ -73,12 +76,61 @@ TEST_F(HostSwitchTest, itFollowsAHostThatOthersStartAndEnd)
 TEST_F(HostSwitchTest, aHostThatIsNotThereIsSaidToBeMissing)
 {
     const auto host = control("/nowhere/skyvane-host");
-    HostSwitch hostSwitch{*host, folders};
+    const HostSwitch hostSwitch{*host, folders};
     auto* box = hostSwitch.findChild<QCheckBox*>();
-    box->click();
-    EXPECT_FALSE(box->isChecked());
-    EXPECT_THAT(
-        hostSwitch.findChild<QLabel*>()->text().toStdString(), testing::HasSubstr("/nowhere/skyvane-host"));
+    for (QAbstractButton* button : {static_cast<QAbstractButton*>(box),
+             static_cast<QAbstractButton*>(hostSwitch.findChild<QPushButton*>())}) {
+        auto* words = hostSwitch.findChild<QLabel*>();
+        words->clear();
+        button->click();
+        EXPECT_FALSE(box->isChecked());
+        EXPECT_THAT(words->text().toStdString(), testing::HasSubstr("/nowhere/skyvane-host"));
+    }
+}
+
+TEST_F(HostSwitchTest, widgetsAreAddedInTheGalleryOfTheHostThatRuns)
+{
+    const auto host = control(SKYVANE_FAKE_HOST);
+    host->start();
+    ASSERT_TRUE(test::waitFor([&] { return host->isRunning(); }));
+    HostSwitch hostSwitch{*host, folders};
+    EXPECT_FALSE(hasGallery());
+    hostSwitch.findChild<QPushButton*>()->click();
+    EXPECT_TRUE(test::waitFor([&] { return hasGallery(); }));
+    EXPECT_FALSE(isStartedWithSession());
+}
+
+TEST_F(HostSwitchTest, addingWidgetsTurnsThemOnFirst)
+{
+    const auto host = control(SKYVANE_FAKE_HOST);
+    HostSwitch hostSwitch{*host, folders};
+    hostSwitch.findChild<QPushButton*>()->click();
+    EXPECT_TRUE(test::waitFor([&] { return hasGallery(); }));
+    EXPECT_TRUE(hostSwitch.findChild<QCheckBox*>()->isChecked());
+    EXPECT_TRUE(isStartedWithSession());
+}
+
+TEST_F(HostSwitchTest, turningWidgetsOnShowsNoGallery)
+{
+    const auto host = control(SKYVANE_FAKE_HOST);
+    HostSwitch hostSwitch{*host, folders};
+    hostSwitch.findChild<QCheckBox*>()->click();
+    ASSERT_TRUE(test::waitFor([&] { return host->isRunning(); }));
+    bus.call(QDBusMessage::createMethodCall( // Answered after whatever was asked before.
+        "org.skyvane.Host", "/org/skyvane/Host", "org.skyvane.Host", "Nothing"));
+    EXPECT_FALSE(hasGallery());
+}
+
+TEST_F(HostSwitchTest, aHostThatHasNoGalleryIsSaidNotToAnswer)
+{
+    QDBusConnection other = session.other();
+    ASSERT_TRUE(other.registerService("org.skyvane.Host"));
+    const auto host = control(SKYVANE_FAKE_HOST);
+    HostSwitch hostSwitch{*host, folders};
+    hostSwitch.findChild<QPushButton*>()->click();
+    const auto* words = hostSwitch.findChild<QLabel*>();
+    EXPECT_TRUE(test::waitFor([&] { return words->text() == "The widgets do not answer."; }));
+    other.unregisterService("org.skyvane.Host");
 }
 
 } // namespace skyvane
