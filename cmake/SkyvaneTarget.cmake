@@ -14,3 +14,13 @@ function(skyvane_target name)
         target_precompile_headers(${name} REUSE_FROM skyvane_precompiled_${SKYVANE_PRECOMPILED_SET})
     endif()
 endfunction()
+
+# A room: a folder with a library of its own, which uses what stands behind USES, and INSIDE what its headers do not show.
+# MOC where a header of it has signals.
+function(skyvane_room name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "MOC" "" "SOURCES;USES;INSIDE")
+    add_library(${name} STATIC ${arg_SOURCES})
+    skyvane_target(${name})
+    set_target_properties(${name} PROPERTIES AUTOMOC ${arg_MOC})
+    target_link_libraries(${name} PUBLIC ${arg_USES} PRIVATE ${arg_INSIDE})
+endfunction()

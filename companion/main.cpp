@@ -1,6 +1,6 @@
-#include "companion/command_line.h"
-#include "companion/desktop/activation.h"
-#include "companion/run_companion.h"
+#include "companion/app/command_line.h"
+#include "companion/app/run_companion.h"
+#include "desk/activation.h"
 #include "platform/text/localized.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
-#include "host/extension_path.h"
-#include "host/layer_shell.h"
-#include "host/run_command.h"
-#include "host/run_desktop.h"
+#include "host/commands/run_command.h"
+#include "host/extension/path.h"
+#include "host/service/run_desktop.h"
+#include "host/session/layer_shell.h"
 #include "platform/text/localized.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 
 #include "bench/field/measure.h"
 #include "bench/field/process_watch.h"
-#include "host/extension_client.h"
+#include "host/extension/client.h"
 #include "paint/render.h"
 #include "ui/layout/widget_container.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "companion/aircraft/aircraft_watch.h"
-#include "companion/aircraft/lookups.h"
-#include "companion/heading.h"
+#include "companion/feed/lookups.h"
+#include "companion/look/heading.h"
 #include "paint/font_measurer.h"
 
 #include <QUrl>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "companion/sky/sky_feed.h"
+#include "companion/feed/sky_feed.h"
 
 #include <optional>
 #include <string>

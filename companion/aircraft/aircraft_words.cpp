@@ -1,6 +1,6 @@
 #include "companion/aircraft/aircraft_words.h"
 
-#include "companion/common/to_qstring.h"
+#include "desk/text.h"
 #include "platform/text/localized.h"
 #include "platform/text/unicode.h"
 

@@ -1,6 +1,6 @@
 #include "companion/aircraft/fact_grid.h"
 
-#include "companion/common/type_scale.h"
+#include "companion/look/type_scale.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -1,8 +1,8 @@
 #include "companion/aircraft/photo_panel.h"
 
 #include "companion/aircraft/photo_card.h"
-#include "companion/common/to_qstring.h"
-#include "companion/common/type_scale.h"
+#include "companion/look/type_scale.h"
+#include "desk/text.h"
 #include "platform/text/localized.h"
 
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "companion/aircraft/lookups.h"
+#include "companion/feed/lookups.h"
 
 #include <QUrl>
 #include <QWidget>

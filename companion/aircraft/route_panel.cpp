@@ -1,8 +1,8 @@
 #include "companion/aircraft/route_panel.h"
 
-#include "companion/common/to_qstring.h"
-#include "companion/common/type_scale.h"
-#include "companion/sources.h"
+#include "companion/look/sources.h"
+#include "companion/look/type_scale.h"
+#include "desk/text.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

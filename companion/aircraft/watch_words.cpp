@@ -1,8 +1,8 @@
 #include "companion/aircraft/watch_words.h"
 
-#include "companion/common/to_qstring.h"
-#include "companion/sky/range_text.h"
+#include "companion/look/range_text.h"
 #include "companion/sky/sky_words.h"
+#include "desk/text.h"
 #include "platform/text/locale.h"
 #include "platform/text/localized.h"
 #include "platform/text/unicode.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "companion/aircraft/aircraft_watch.h"
-#include "companion/heading.h"
+#include "companion/look/heading.h"
 #include "companion/sky/empty_sky.h"
 
 #include <optional>

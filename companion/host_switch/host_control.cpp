@@ -1,6 +1,6 @@
 #include "companion/host_switch/host_control.h"
 
-#include "companion/common/to_qstring.h"
+#include "desk/text.h"
 #include "platform/text/localized.h"
 
 #include <QDBusMessage>

@@ -1,8 +1,8 @@
 #include "companion/host_switch/host_switch.h"
 
-#include "companion/common/to_qstring.h"
-#include "companion/common/type_scale.h"
 #include "companion/host_switch/host_control.h"
+#include "companion/look/type_scale.h"
+#include "desk/text.h"
 #include "platform/text/localized.h"
 
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #include "companion/sky/aircraft_delegate.h"
 
-#include "companion/common/contrast.h"
-#include "companion/common/type_scale.h"
+#include "companion/look/contrast.h"
+#include "companion/look/type_scale.h"
 #include "companion/sky/sky_model.h"
 #include "paint/pictograms.h"
 

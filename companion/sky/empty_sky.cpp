@@ -1,6 +1,6 @@
 #include "companion/sky/empty_sky.h"
 
-#include "companion/common/type_scale.h"
+#include "companion/look/type_scale.h"
 
 #include <QLabel>
 #include <QPushButton>

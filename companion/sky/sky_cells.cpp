@@ -1,6 +1,6 @@
 #include "companion/sky/sky_cells.h"
 
-#include "companion/common/to_qstring.h"
+#include "desk/text.h"
 #include "platform/text/localized.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 #include "companion/sky/sky_model.h"
 
-#include "companion/common/to_qstring.h"
 #include "companion/sky/sky_cells.h"
+#include "desk/text.h"
 #include "paint/to_qt.h"
 
 #include <QColor>

@@ -1,16 +1,16 @@
 #include "companion/sky/sky_page.h"
 
-#include "companion/common/to_qstring.h"
-#include "companion/common/type_scale.h"
-#include "companion/common/view_widget.h"
-#include "companion/line_icon.h"
-#include "companion/notice_bar.h"
+#include "companion/look/line_icon.h"
+#include "companion/look/notice_bar.h"
+#include "companion/look/range_text.h"
+#include "companion/look/sources.h"
+#include "companion/look/type_scale.h"
 #include "companion/sky/empty_sky.h"
-#include "companion/sky/range_text.h"
 #include "companion/sky/sky_table.h"
 #include "companion/sky/sky_words.h"
-#include "companion/sources.h"
 #include "core/radar/radar_view.h"
+#include "desk/text.h"
+#include "desk/view_widget.h"
 #include "platform/text/localized.h"
 
 #include <QHBoxLayout>

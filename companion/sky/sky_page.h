@@ -1,7 +1,7 @@
 #pragma once
 
-#include "companion/heading.h"
-#include "companion/sky/sky_feed.h"
+#include "companion/feed/sky_feed.h"
+#include "companion/look/heading.h"
 #include "paint/font_measurer.h"
 
 #include <QWidget>

@@ -1,9 +1,9 @@
 #include "companion/sky/sky_table.h"
 
-#include "companion/common/to_qstring.h"
 #include "companion/sky/aircraft_delegate.h"
 #include "companion/sky/cell_delegate.h"
 #include "companion/sky/flat_header.h"
+#include "desk/text.h"
 #include "platform/text/localized.h"
 
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #include "companion/sky/sky_words.h"
 
-#include "companion/common/to_qstring.h"
-#include "companion/sky/range_text.h"
+#include "companion/look/range_text.h"
+#include "desk/text.h"
 #include "platform/text/locale.h"
 #include "platform/text/localized.h"
 

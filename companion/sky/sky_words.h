@@ -1,8 +1,8 @@
 #pragma once
 
-#include "companion/heading.h"
+#include "companion/feed/sky_feed.h"
+#include "companion/look/heading.h"
 #include "companion/sky/empty_sky.h"
-#include "companion/sky/sky_feed.h"
 
 #include <optional>
 

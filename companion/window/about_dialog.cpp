@@ -1,9 +1,9 @@
 #include "companion/window/about_dialog.h"
 
-#include "companion/common/to_qstring.h"
-#include "companion/common/type_scale.h"
-#include "companion/link_label.h"
-#include "companion/sources.h"
+#include "companion/look/link_label.h"
+#include "companion/look/sources.h"
+#include "companion/look/type_scale.h"
+#include "desk/text.h"
 #include "platform/text/localized.h"
 
 #include <QDialogButtonBox>

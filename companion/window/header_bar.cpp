@@ -1,8 +1,8 @@
 #include "companion/window/header_bar.h"
 
-#include "companion/common/to_qstring.h"
-#include "companion/common/type_scale.h"
-#include "companion/line_icon.h"
+#include "companion/look/line_icon.h"
+#include "companion/look/type_scale.h"
+#include "desk/text.h"
 #include "platform/text/localized.h"
 
 #include <QAction>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "companion/heading.h"
+#include "companion/look/heading.h"
 
 #include <QWidget>
 

@@ -1,13 +1,13 @@
 #include "companion/window/main_window.h"
 
 #include "companion/aircraft/aircraft_page.h"
-#include "companion/common/to_qstring.h"
 #include "companion/host_switch/host_switch.h"
-#include "companion/line_icon.h"
-#include "companion/setup/settings_page.h"
+#include "companion/look/line_icon.h"
+#include "companion/settings/settings_page.h"
 #include "companion/sky/sky_page.h"
 #include "companion/window/about_dialog.h"
 #include "companion/window/header_bar.h"
+#include "desk/text.h"
 #include "platform/text/localized.h"
 
 #include <QAction>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "companion/aircraft/lookups.h"
-#include "companion/heading.h"
+#include "companion/feed/lookups.h"
+#include "companion/feed/sky_feed.h"
 #include "companion/host_switch/autostart.h"
-#include "companion/incoming_link.h"
-#include "companion/sky/sky_feed.h"
+#include "companion/links/incoming_link.h"
+#include "companion/look/heading.h"
 #include "paint/font_measurer.h"
 
 #include <QDBusConnection>

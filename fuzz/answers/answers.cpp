@@ -1,7 +1,7 @@
+#include "host/extension/answers.h"
 #include "fuzz/fuzzer.h"
-#include "host/answer_lines.h"
-#include "host/extension_answers.h"
-#include "host/extension_error.h"
+#include "host/extension/answer_lines.h"
+#include "host/extension/error.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "companion/setup/coordinates.h"
+#include "companion/position/coordinates.h"
 
 #include "fuzz/fuzzer.h"
 

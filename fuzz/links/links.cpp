@@ -1,4 +1,4 @@
-#include "companion/incoming_link.h"
+#include "companion/links/incoming_link.h"
 #include "fuzz/fuzzer.h"
 
 /// An address that somebody wants the companion to open.

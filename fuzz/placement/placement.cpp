@@ -1,5 +1,5 @@
 #include "fuzz/fuzzer.h"
-#include "host/placed_widget.h"
+#include "host/placing/placed_widget.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "companion/aircraft/lookups.h"
-#include "companion/pacer.h"
-#include "companion/sky/sky_feed.h"
+#include "companion/feed/lookups.h"
+#include "companion/feed/pacer.h"
+#include "companion/feed/sky_feed.h"
 #include "core/config/shared_state.h"
 #include "paint/font_measurer.h"
 #include "platform/files/files.h"

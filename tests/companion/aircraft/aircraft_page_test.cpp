@@ -2,9 +2,9 @@
 #include "companion/aircraft/photo_card.h"
 #include "companion/aircraft/photo_panel.h"
 #include "companion/aircraft/route_panel.h"
-#include "companion/common/contrast.h"
-#include "companion/desktop/appearance.h"
-#include "companion/notice_bar.h"
+#include "companion/app/appearance.h"
+#include "companion/look/contrast.h"
+#include "companion/look/notice_bar.h"
 #include "companion/sky/empty_sky.h"
 #include "tests/companion/companion_stage.h"
 

@@ -1,5 +1,5 @@
+#include "companion/app/run_companion.h"
 #include "companion/photo/photo_decoder.h"
-#include "companion/run_companion.h"
 #include "tests/companion/companion_stage.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "companion/sky/range_text.h"
+#include "companion/look/range_text.h"
 #include "companion/sky/sky_cells.h"
 #include "companion/sky/sky_filter.h"
 #include "companion/sky/sky_model.h"

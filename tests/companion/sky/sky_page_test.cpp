@@ -1,8 +1,8 @@
-#include "companion/common/view_widget.h"
-#include "companion/notice_bar.h"
+#include "companion/look/notice_bar.h"
 #include "companion/sky/empty_sky.h"
 #include "companion/sky/sky_page.h"
 #include "companion/sky/sky_table.h"
+#include "desk/view_widget.h"
 #include "tests/companion/companion_stage.h"
 
 #include <QLineEdit>

@@ -1,5 +1,5 @@
 #include "companion/host_switch/host_control.h"
-#include "companion/notice_bar.h"
+#include "companion/look/notice_bar.h"
 #include "companion/window/main_window.h"
 #include "tests/companion/companion_stage.h"
 

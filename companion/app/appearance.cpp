@@ -1,0 +1,141 @@
+#include "companion/app/appearance.h"
+
+#include "companion/app/outlined_style.h"
+#include "companion/look/contrast.h"
+
+#include <QApplication>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QStyle>
+#include <QToolTip>
+
+namespace skyvane {
+
+namespace {
+
+constexpr unsigned prefersDark = 1;
+
+QString service()
+{
+    return QStringLiteral("org.freedesktop.portal.Desktop");
+}
+
+QString path()
+{
+    return QStringLiteral("/org/freedesktop/portal/desktop");
+}
+
+QString portalInterface()
+{
+    return QStringLiteral("org.freedesktop.portal.Settings");
+}
+
+QString appearanceName()
+{
+    return QStringLiteral("org.freedesktop.appearance");
+}
+
+QString schemeKey()
+{
+    return QStringLiteral("color-scheme");
+}
+
+bool isDark(const QPalette& palette)
+{
+    return palette.color(QPalette::Window).lightnessF() < palette.color(QPalette::WindowText).lightnessF();
+}
+
+/// Quiet text that can still be read, as can what is selected, and links that do not shout.
+QPalette calmed(QPalette palette)
+{
+    if (palette.color(QPalette::Link) == Qt::blue)
+        palette.setColor(QPalette::Link, QColor{0x1a, 0x5f, 0xb4});
+    if (palette.color(QPalette::LinkVisited) == Qt::magenta)
+        palette.setColor(QPalette::LinkVisited, QColor{0x81, 0x3d, 0x9c});
+    constexpr double enoughForText = 4.5;
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        palette.setColor(group, QPalette::Highlight,
+            setApart(palette.color(group, QPalette::Highlight),
+                palette.color(group, QPalette::HighlightedText), enoughForText));
+    QColor quiet = palette.color(QPalette::Text);
+    quiet.setAlphaF(0.66F);
+    palette.setColor(QPalette::PlaceholderText, quiet);
+    return palette;
+}
+
+void show(const QPalette& palette)
+{
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette); // Its own, which follows no other.
+}
+
+} // namespace
+
+Appearance::Appearance(QDBusConnection bus) : m_light(calmed(QApplication::palette()))
+{
+    if (QApplication::style()->name() == QStringLiteral("fusion"))
+        QApplication::setStyle(new OutlinedStyle);
+    show(m_light);
+    bus.connect(service(), path(), portalInterface(), QStringLiteral("SettingChanged"), this,
+        SLOT(settingChanged(QDBusMessage)));
+    auto message
+        = QDBusMessage::createMethodCall(service(), path(), portalInterface(), QStringLiteral("Read"));
+    message << appearanceName() << schemeKey();
+    auto* answer = new QDBusPendingCallWatcher{bus.asyncCall(message), this};
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        const QDBusPendingReply<QDBusVariant> scheme = *answer;
+        if (scheme.isValid())
+            follow(scheme.value().variant());
+        answer->deleteLater();
+    });
+}
+
+QPalette Appearance::darkPalette()
+{
+    const QColor text{0xe6, 0xe8, 0xeb};
+    const QColor faded{0x80, 0x84, 0x8a};
+    QPalette palette{QColor{0x2a, 0x2d, 0x32}, QColor{0x1b, 0x1d, 0x21}};
+    palette.setColor(QPalette::Base, QColor{0x15, 0x17, 0x1a});
+    palette.setColor(QPalette::AlternateBase, QColor{0x24, 0x27, 0x2c});
+    palette.setColor(QPalette::Light, QColor{0x4a, 0x4e, 0x55});
+    palette.setColor(QPalette::Midlight, QColor{0x3a, 0x3e, 0x44});
+    palette.setColor(QPalette::Mid, QColor{0x3f, 0x43, 0x4a});
+    palette.setColor(QPalette::Dark, QColor{0x12, 0x14, 0x17});
+    palette.setColor(QPalette::Shadow, Qt::black);
+    palette.setColor(QPalette::ToolTipBase, QColor{0x24, 0x27, 0x2c});
+    for (const auto role :
+        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+        palette.setColor(role, text);
+    palette.setColor(QPalette::Highlight, QColor{0x2f, 0x6f, 0xb4});
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor{0x7a, 0xb4, 0xf2});
+    palette.setColor(QPalette::LinkVisited, QColor{0xb9, 0xa1, 0xee});
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, faded);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor{0x44, 0x48, 0x4e});
+    return calmed(palette);
+}
+
+void Appearance::settingChanged(const QDBusMessage& signal)
+{
+    const QVariantList arguments = signal.arguments();
+    if (arguments.value(0) == appearanceName() && arguments.value(1) == schemeKey())
+        follow(arguments.value(2));
+}
+
+void Appearance::follow(const QVariant& scheme)
+{
+    const QVariant inner
+        = scheme.canConvert<QDBusVariant>() ? scheme.value<QDBusVariant>().variant() : scheme;
+    if (isDark(m_light))
+        return;
+    const bool wantsDark = inner.toUInt() == prefersDark;
+    if (wantsDark == isDark(QApplication::palette()))
+        return;
+    if (wantsDark && qobject_cast<OutlinedStyle*>(QApplication::style()) == nullptr)
+        QApplication::setStyle(new OutlinedStyle);
+    show(wantsDark ? darkPalette() : m_light);
+}
+
+} // namespace skyvane

@@ -1,0 +1,175 @@
+#include "companion/app/run_companion.h"
+
+#include "companion/app/appearance.h"
+#include "companion/app/companion_service.h"
+#include "companion/app/hand_over.h"
+#include "companion/feed/pacer.h"
+#include "companion/host_switch/host_control.h"
+#include "companion/photo/photo_image.h"
+#include "companion/window/main_window.h"
+#include "core/config/shared_state.h"
+#include "desk/activation.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <chrono>
+#include <cstdlib>
+#include <optional>
+
+namespace skyvane {
+
+namespace {
+
+Q_LOGGING_CATEGORY(journal, "skyvane.companion")
+
+constexpr std::chrono::seconds longestWaitForRequest{10};
+
+/// Beside the program where it is installed, in the next folder where it is built.
+QString hostProgram()
+{
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString installed = folder + QStringLiteral("/skyvane-host");
+    const QString built = folder + QStringLiteral("/../host/skyvane-host");
+    const bool isBuilt = !QFileInfo::exists(installed) && QFileInfo::exists(built);
+    return QFileInfo{isBuilt ? built : installed}.absoluteFilePath();
+}
+
+/// What was asked for, as the window does it.
+class Companion {
+public:
+    Companion(const CompanionSetup& setup, PhotoDecoder& decoder)
+        : m_pacer(setup.transport)
+        , m_feed(m_errands, m_pacer.transport())
+        , m_lookups(m_errands, decoder, m_pacer.transport())
+        , m_host(setup.sessionBus, setup.hostProgram)
+        , m_appearance(setup.sessionBus)
+        , m_window({
+              .feed = m_feed,
+              .lookups = m_lookups,
+              .host = m_host,
+              .fonts = m_fonts,
+              .systemBus = setup.systemBus,
+              .open = setup.open,
+              .autostart = setup.autostart,
+              .memory = setup.memory,
+          })
+    {
+    }
+
+    void activate(const QString& token)
+    {
+        if (!m_window.isVisible() && !SharedState::read())
+            m_window.showSettings();
+        Activation::bringToFront(m_window, token);
+    }
+
+    void follow(const std::string& link, const QString& token)
+    {
+        m_window.follow(IncomingLink::read(link));
+        Activation::bringToFront(m_window, token);
+    }
+
+    void showSettings(const QString& token)
+    {
+        m_window.showSettings();
+        Activation::bringToFront(m_window, token);
+    }
+
+    void start(const CommandLine& line, const QString& token)
+    {
+        if (line.showsSettings)
+            showSettings(token);
+        else if (line.link)
+            follow(*line.link, token);
+        else
+            activate(token);
+    }
+
+    bool isShown() const { return m_window.isVisible(); }
+
+private:
+    Pacer m_pacer; ///< Outlives the threads that wait in it.
+    Errands m_errands;
+    SkyFeed m_feed;
+    Lookups m_lookups;
+    HostControl m_host;
+    Appearance m_appearance;
+    FontMeasurer m_fonts;
+    MainWindow m_window;
+};
+
+/// Called in the event loop only, by which time there is one.
+CompanionActions actionsOf(std::optional<Companion>& companion)
+{
+    return {
+        .activate = [&](const QString& token) { companion->activate(token); },
+        .open = [&](const QStringList& links,
+                    const QString& token) { companion->follow(links.value(0).toStdString(), token); },
+        .showSettings = [&](const QString& token) { companion->showSettings(token); },
+    };
+}
+
+int handOverTo(const QDBusConnection& bus, const CommandLine& line, const QString& token)
+{
+    if (handOver(bus, line, token))
+        return 0;
+    qCWarning(journal, "the running companion does not answer");
+    return 1;
+}
+
+void quitUnless(bool isShown)
+{
+    if (!isShown)
+        QApplication::quit();
+}
+
+} // namespace
+
+CompanionSetup CompanionSetup::standard()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return {
+        .sessionBus = QDBusConnection::sessionBus(),
+        .systemBus = QDBusConnection::systemBus(),
+        .transport = UrlSession{},
+        .decode = decodePhoto,
+        .open = [](const QUrl& page) { QDesktopServices::openUrl(page); },
+        .hostProgram = skyvane::hostProgram(),
+        .autostart = AutostartFolders::standard(),
+        .memory = folder.toStdString() + "/skyvane/companion.ini",
+    };
+}
+
+int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QString& token)
+{
+    QDBusConnection bus = setup.sessionBus;
+    PhotoDecoder decoder{setup.decode};
+    // There to be found before the name is; what it is asked waits for the event loop.
+    std::optional<Companion> companion;
+    std::optional<CompanionService> service;
+    service.emplace(bus, actionsOf(companion));
+    if (bus.isConnected() && !bus.registerService(CompanionService::name())) {
+        service.reset();
+        return handOverTo(bus, line, token);
+    }
+    companion.emplace(setup, decoder);
+    if (line.isService)
+        QTimer::singleShot(longestWaitForRequest, [&] { quitUnless(companion->isShown()); });
+    else
+        companion->start(line, token);
+    const int status = QApplication::exec();
+    if (bus.isConnected())
+        bus.unregisterService(CompanionService::name());
+    service.reset();
+    companion.reset(); // Nobody gives the decoder anything from here on.
+    if (!decoder.isIdle())
+        std::_Exit(status);
+    return status;
+}
+
+} // namespace skyvane

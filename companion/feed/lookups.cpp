@@ -1,0 +1,109 @@
+#include "companion/feed/lookups.h"
+
+#include "core/enrichment/airlines.h"
+#include "core/enrichment/ascii.h"
+#include "core/enrichment/photo_api.h"
+#include "core/enrichment/route_api.h"
+#include "core/enrichment/user_agent.h"
+#include "platform/text/at_most.h"
+#include "platform/text/unicode.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace skyvane {
+
+namespace {
+
+bool isLetterOrDigit(char character)
+{
+    return ASCII::isDigit(character) || ASCII::isUppercase(ASCII::uppercased(character));
+}
+
+/// Absent for one that no airline would fly under.
+std::optional<std::string> callsignOf(const Aircraft& aircraft)
+{
+    if (!aircraft.flight || !Airlines::isAirlineCallsign(aircraft.flight))
+        return std::nullopt;
+    const std::string_view callsign = Unicode::trimmed(*aircraft.flight);
+    if (!std::ranges::all_of(callsign, isLetterOrDigit))
+        return std::nullopt;
+    return std::string{callsign};
+}
+
+void cut(std::optional<std::string>& text)
+{
+    if (text)
+        text = Unicode::atMost(*std::move(text));
+}
+
+/// With no more of any text than anybody is shown.
+std::optional<FlightRoute> withShownTexts(std::optional<FlightRoute> route)
+{
+    if (route) {
+        route->originCode = Unicode::atMost(std::move(route->originCode));
+        route->destinationCode = Unicode::atMost(std::move(route->destinationCode));
+        cut(route->originCity);
+        cut(route->destinationCity);
+    }
+    return route;
+}
+
+QImage loadImage(
+    const URL& url, const Transport& transport, PhotoDecoder& decoder, const std::stop_token& stop)
+{
+    if (url.scheme() != "https")
+        return {};
+    try {
+        URLResponse answer = transport({.url = url, .headers = {userAgent()}}, stop);
+        return answer.status == 200 ? decoder.image(std::move(answer.body), stop) : QImage{};
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+std::optional<Photograph> loadPhotograph(
+    const std::string& hex, const Transport& transport, PhotoDecoder& decoder, const std::stop_token& stop)
+{
+    auto photo = PhotoAPI::fetch(hex, transport, stop);
+    if (!photo)
+        return std::nullopt;
+    cut(photo->photographer);
+    QImage image = loadImage(photo->thumbnailURL, transport, decoder, stop);
+    if (image.isNull())
+        return std::nullopt;
+    return Photograph{.photo = *std::move(photo), .image = std::move(image)};
+}
+
+} // namespace
+
+Errand Lookups::route(const Aircraft& aircraft, RouteFound found)
+{
+    const auto callsign = callsignOf(aircraft);
+    const auto* known = callsign ? m_routes.find(*callsign) : nullptr;
+    if (!callsign || known != nullptr) {
+        found(known != nullptr ? *known : std::nullopt);
+        return {};
+    }
+    return m_errands.run(
+        [callsign = *callsign, transport = m_transport](
+            std::stop_token stop) { return withShownTexts(RouteAPI::fetch(callsign, transport, stop)); },
+        [this, callsign = *callsign, found = std::move(found)](
+            std::optional<FlightRoute> route) { found(m_routes.keep(callsign, std::move(route))); });
+}
+
+Errand Lookups::photograph(const std::string& hex, PhotographFound found)
+{
+    const auto* known = m_photographs.find(hex);
+    if (hex.starts_with('~') || known != nullptr) {
+        found(known != nullptr ? *known : std::nullopt);
+        return {};
+    }
+    return m_errands.run([hex, transport = m_transport, &decoder = m_decoder](
+                             std::stop_token stop) { return loadPhotograph(hex, transport, decoder, stop); },
+        [this, hex, found = std::move(found)](
+            std::optional<Photograph> photo) { found(m_photographs.keep(hex, std::move(photo))); });
+}
+
+} // namespace skyvane

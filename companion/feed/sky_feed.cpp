@@ -1,0 +1,149 @@
+#include "companion/feed/sky_feed.h"
+
+#include "core/feed/adsb.h"
+#include "platform/clock.h"
+#include "platform/text/at_most.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace skyvane {
+
+namespace {
+
+constexpr double radiusWithoutHome = 25;
+
+SkyEntry emptyEntry(const std::optional<SharedState::Config>& config)
+{
+    return {
+        .date = Clock::now(),
+        .aircraft = {},
+        .radiusNM = config ? config->radiusNM : radiusWithoutHome,
+        .home = config ? std::optional{config->home} : std::nullopt,
+        .isSample = false,
+        .unit = config ? config->distanceUnit.value_or("mi") : "mi",
+        .accentHex = config ? config->widgetColorHex : std::nullopt,
+    };
+}
+
+/// With no more of any text than anybody is shown: a toolkit takes minutes to lay out a megabyte.
+std::vector<Aircraft> withShownTexts(std::vector<Aircraft> list)
+{
+    const auto cut = [](std::string& text) { text = Unicode::atMost(std::move(text)); };
+    for (Aircraft& aircraft : list) {
+        cut(aircraft.hex);
+        for (std::optional<std::string>* text :
+            {&aircraft.flight, &aircraft.registration, &aircraft.typeCode, &aircraft.typeDescription,
+                &aircraft.operatorName, &aircraft.squawk, &aircraft.emergency, &aircraft.category})
+            if (*text)
+                cut(**text);
+    }
+    return list;
+}
+
+/// Whether both ask for the same aircraft.
+bool isSameSky(const SkyEntry& one, const SkyEntry& other)
+{
+    return one.home == other.home && one.radiusNM == other.radiusNM;
+}
+
+} // namespace
+
+SkyFeed::SkyFeed(Errands& errands, Transport transport, std::chrono::milliseconds interval)
+    : m_errands(errands)
+    , m_transport(std::move(transport))
+    , m_interval(interval)
+    , m_config(SharedState::read())
+    , m_report{.entry = emptyEntry(m_config)}
+{
+    m_timer.setSingleShot(true);
+    m_timer.callOnTimeout([this] { refresh(); });
+}
+
+void SkyFeed::refresh()
+{
+    readConfiguration();
+    if (!m_config || m_report.isAsking) {
+        emit changed();
+        return;
+    }
+    m_report.isAsking = true;
+    m_asking = m_errands.run([config = *m_config, transport = m_transport](
+                                 std::stop_token stop) { return ask(config, transport, std::move(stop)); },
+        [this](Outcome outcome) { take(std::move(outcome)); });
+    holdOff();
+    emit changed();
+}
+
+void SkyFeed::reload()
+{
+    const SkyEntry before = m_report.entry;
+    readConfiguration();
+    if (m_config && !isSameSky(before, m_report.entry))
+        m_due = {};
+    planNext();
+    emit changed();
+}
+
+/// What was seen from another home, or was asked for there, counts no longer.
+void SkyFeed::readConfiguration()
+{
+    m_config = SharedState::read();
+    SkyEntry entry = emptyEntry(m_config);
+    if (isSameSky(entry, m_report.entry)) {
+        entry.date = m_report.entry.date;
+        entry.aircraft = std::move(m_report.entry.aircraft);
+        m_report.entry = std::move(entry);
+    } else {
+        m_asking = {};
+        m_report = {.entry = std::move(entry)};
+    }
+}
+
+SkyFeed::Outcome SkyFeed::ask(
+    const SharedState::Config& config, const Transport& transport, std::stop_token stop)
+{
+    try {
+        return {
+            .aircraft = withShownTexts(ADSB::fetch(config.home, config.radiusNM, transport, std::move(stop))),
+            .problem = {},
+        };
+    } catch (const std::exception& error) {
+        return {.aircraft = {}, .problem = error.what()};
+    }
+}
+
+void SkyFeed::take(Outcome outcome)
+{
+    m_report.isAsking = false;
+    m_report.problem = std::move(outcome.problem);
+    if (m_report.problem.empty()) {
+        m_report.entry.date = Clock::now();
+        m_report.entry.aircraft = std::move(outcome.aircraft);
+        m_report.hasAnswer = true;
+    }
+    emit changed();
+}
+
+void SkyFeed::setWatched(bool isWatched)
+{
+    m_isWatched = isWatched;
+    planNext();
+}
+
+void SkyFeed::holdOff()
+{
+    m_due = std::chrono::steady_clock::now() + m_interval;
+    planNext();
+}
+
+void SkyFeed::planNext()
+{
+    const auto wait = m_due - std::chrono::steady_clock::now();
+    if (m_isWatched && m_config)
+        m_timer.start(std::chrono::ceil<std::chrono::milliseconds>(std::max(wait, decltype(wait)::zero())));
+    else
+        m_timer.stop();
+}
+
+} // namespace skyvane

@@ -1,0 +1,76 @@
+#include "companion/position/geo_uri.h"
+
+#include "platform/text/unicode.h"
+
+#include <algorithm>
+#include <charconv>
+#include <vector>
+
+namespace skyvane::GeoUri {
+
+namespace {
+
+char lowercase(char character)
+{
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+bool startsWith(std::string_view text, std::string_view lowercasePrefix)
+{
+    return text.size() >= lowercasePrefix.size()
+        && std::equal(lowercasePrefix.begin(), lowercasePrefix.end(), text.begin(),
+            [](char expected, char character) { return expected == lowercase(character); });
+}
+
+std::vector<std::string_view> parts(std::string_view text, char separator)
+{
+    std::vector<std::string_view> list;
+    while (true) {
+        const std::size_t end = text.find(separator);
+        list.push_back(text.substr(0, end));
+        if (end == std::string_view::npos)
+            return list;
+        text.remove_prefix(end + 1);
+    }
+}
+
+/// Digits, with at most a minus before and decimals behind them.
+std::optional<double> number(std::string_view text)
+{
+    const auto isPart = [](char character) {
+        return (character >= '0' && character <= '9') || character == '.' || character == '-';
+    };
+    double value = 0;
+    const char* end = text.data() + text.size();
+    if (!std::all_of(text.begin(), text.end(), isPart))
+        return std::nullopt;
+    const auto [stop, error] = std::from_chars(text.data(), end, value, std::chars_format::fixed);
+    return stop == end && error == std::errc{} ? std::optional{value} : std::nullopt;
+}
+
+bool isOtherSystem(std::string_view parameter)
+{
+    return startsWith(parameter, "crs=") && !(parameter.size() == 9 && startsWith(parameter, "crs=wgs84"));
+}
+
+} // namespace
+
+std::optional<Coordinate> angles(std::string_view text)
+{
+    constexpr std::string_view scheme = "geo:";
+    text = Unicode::trimmed(text);
+    while (text.ends_with('\n') || text.ends_with('\r'))
+        text.remove_suffix(1);
+    if (!startsWith(text, scheme))
+        return std::nullopt;
+    text = text.substr(scheme.size(), text.find_first_of("?#") - scheme.size());
+    const auto pieces = parts(text, ';');
+    const auto numbers = parts(pieces.front(), ',');
+    if (numbers.size() < 2 || numbers.size() > 3
+        || std::any_of(pieces.begin() + 1, pieces.end(), isOtherSystem)
+        || !std::all_of(numbers.begin(), numbers.end(), [](auto piece) { return number(piece).has_value(); }))
+        return std::nullopt;
+    return Coordinate{.latitude = *number(numbers[0]), .longitude = *number(numbers[1])};
+}
+
+} // namespace skyvane::GeoUri

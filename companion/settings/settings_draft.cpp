@@ -1,0 +1,42 @@
+#include "companion/settings/settings_draft.h"
+
+namespace skyvane {
+
+SettingsDraft SettingsDraft::of(const SharedState::Config& config)
+{
+    return {
+        .place = Coordinate{.latitude = config.home.latitude, .longitude = config.home.longitude},
+        .label = config.home.label,
+        .radiusNM = config.radiusNM,
+        .unit = config.distanceUnit,
+        .accentHex = config.widgetColorHex,
+    };
+}
+
+std::optional<SharedState::Config> SettingsDraft::toConfig() const
+{
+    if (!place)
+        return std::nullopt;
+    return SharedState::Config{
+        .home = {.latitude = place->latitude, .longitude = place->longitude, .label = label},
+        .radiusNM = radiusNM,
+        .distanceUnit = unit,
+        .widgetColorHex = accentHex,
+    };
+}
+
+SettingsDraft merged(const SettingsDraft& draft, const SettingsDraft& before, const SettingsDraft& now)
+{
+    const auto choose = [&](auto SettingsDraft::*field) {
+        return draft.*field == before.*field ? now.*field : draft.*field;
+    };
+    return {
+        .place = choose(&SettingsDraft::place),
+        .label = choose(&SettingsDraft::label),
+        .radiusNM = choose(&SettingsDraft::radiusNM),
+        .unit = choose(&SettingsDraft::unit),
+        .accentHex = choose(&SettingsDraft::accentHex),
+    };
+}
+
+} // namespace skyvane

@@ -1,0 +1,207 @@
+#include "companion/settings/settings_page.h"
+
+#include "companion/look/marked_line_edit.h"
+#include "companion/look/type_scale.h"
+#include "companion/position/world_places.h"
+#include "companion/settings/color_field.h"
+#include "companion/settings/home_section.h"
+#include "companion/settings/radius_field.h"
+#include "companion/settings/unit_field.h"
+#include "companion/settings/widget_previews.h"
+#include "desk/text.h"
+#include "platform/text/localized.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSlider>
+
+namespace skyvane {
+
+namespace {
+
+constexpr int pageMargin = 28;
+constexpr int columnGap = 40;
+constexpr int sectionGap = 26;
+
+using Settled = Settings::Settled;
+
+QLabel* quietLabel()
+{
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    TypeScale::makeQuiet(*label);
+    return label;
+}
+
+} // namespace
+
+SettingsPage::SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus, QWidget* parent)
+    : SettingsPage(fonts, systemBus, {.loadPlaces = &WorldPlaces::load}, parent)
+{
+}
+
+SettingsPage::SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus,
+    const Surroundings& surroundings, QWidget* parent)
+    : QWidget(parent)
+    , m_settings(surroundings.pace)
+    , m_greeting(quietLabel())
+    , m_radiusNote(makeNote())
+    , m_radius(new RadiusField{*m_radiusNote})
+    , m_unit(new UnitField)
+    , m_color(new ColorField)
+    , m_state(quietLabel())
+    , m_forget(new QPushButton{toQString(localized("&Forget My Home…"))})
+    , m_previews(new WidgetPreviews{fonts})
+{
+    auto* home = new HomeSection{m_settings, surroundings.loadPlaces, fonts, systemBus};
+    auto* content = new QWidget;
+    auto* columns = new QHBoxLayout{content};
+    columns->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
+    columns->setSpacing(columnGap);
+    QWidget* chosen = choices(home);
+    chosen->setMinimumHeight(m_previews->sizeHint().height());
+    columns->addWidget(chosen, 1, Qt::AlignTop);
+    columns->addWidget(m_previews, 0, Qt::AlignTop);
+    auto* scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(content);
+    auto* layout = new QVBoxLayout{this};
+    layout->setContentsMargins({});
+    layout->addWidget(scroll);
+    setFocusProxy(home);
+    connectFields();
+    showDraft();
+}
+
+QWidget* SettingsPage::choices(QWidget* home)
+{
+    auto* widget = new QWidget;
+    widget->setMaximumWidth(620);
+    auto* column = new QVBoxLayout{widget};
+    column->setContentsMargins({});
+    column->setSpacing(10);
+    column->addWidget(m_greeting);
+    addSection(*column, localized("Home"), home);
+    addSection(*column, localized("&Radius"), m_radius, m_radiusNote);
+    addSection(*column, localized("Distances in"), m_unit);
+    addSection(*column, localized("&Colour"), m_color);
+    column->addStretch(1);
+    column->addWidget(closing());
+    return widget;
+}
+
+void SettingsPage::addSection(QVBoxLayout& column, const std::string& title, QWidget* field, QLabel* note)
+{
+    auto* label = new QLabel{toQString(title)};
+    label->setFont(TypeScale::title(label->font()));
+    label->setBuddy(field);
+    column.addSpacing(sectionGap - column.spacing());
+    column.addWidget(label);
+    column.addWidget(field);
+    if (note != nullptr)
+        column.addWidget(note);
+}
+
+QWidget* SettingsPage::closing()
+{
+    auto* widget = new QWidget;
+    auto* row = new QHBoxLayout{widget};
+    row->setContentsMargins(0, sectionGap, 0, 0);
+    row->setSpacing(20);
+    row->addWidget(m_state, 1);
+    row->addWidget(m_forget, 0, Qt::AlignBottom);
+    return widget;
+}
+
+void SettingsPage::connectFields()
+{
+    connect(m_radius, &RadiusField::typed, this, [this](std::optional<double> radiusNM) {
+        const double chosen = radiusNM.value_or(m_settings.saved().radiusNM);
+        choose([&](SettingsDraft& draft) { draft.radiusNM = chosen; }, Settled::afterTyping);
+    });
+    connect(m_radius, &RadiusField::slid, this, [this](double radiusNM) {
+        choose([&](SettingsDraft& draft) { draft.radiusNM = radiusNM; },
+            m_radius->slider().isSliderDown() ? Settled::whenTold : Settled::soon);
+    });
+    connect(m_radius, &RadiusField::finished, &m_settings, &Settings::settle);
+    connect(m_unit, &UnitField::chosen, this, [this](const std::string& unit) {
+        choose([&](SettingsDraft& draft) { draft.unit = unit; }, Settled::soon);
+    });
+    connect(m_color, &ColorField::chosen, this, [this](const std::optional<std::string>& hex) {
+        choose([&](SettingsDraft& draft) { draft.accentHex = hex; }, Settled::soon);
+    });
+    connect(m_color, &ColorField::tried, this, [this](const std::string& hex) {
+        choose([&](SettingsDraft& draft) { draft.accentHex = hex; }, Settled::whenTold);
+    });
+    connect(m_forget, &QPushButton::clicked, this, &SettingsPage::askToForget);
+    connect(&m_settings, &Settings::draftChanged, this, &SettingsPage::showDraft);
+    connect(&m_settings, &Settings::written, this, [this] {
+        showState(m_settings.draft().place ? localized("Saved. Your widgets show it within a moment.")
+                                           : localized("Your home is forgotten."));
+        emit changed();
+    });
+    connect(&m_settings, &Settings::failedToWrite, this, [this] {
+        showState(localized("Your choices could not be saved. Nothing can be written to this folder: ")
+            + SharedState::directory().string());
+    });
+}
+
+void SettingsPage::choose(const std::function<void(SettingsDraft&)>& change, Settled settled)
+{
+    SettingsDraft draft = m_settings.draft();
+    change(draft);
+    m_settings.choose(draft, settled);
+}
+
+void SettingsPage::showDraft()
+{
+    const SettingsDraft& draft = m_settings.draft();
+    m_greeting->setText(toQString(draft.place
+            ? localized("What you choose here is saved at once, and your widgets follow.")
+            : localized(
+                "Welcome! Tell Skyvane where you live, and the sky above it comes to your desktop.")));
+    m_radius->showRadius(draft.radiusNM, draft.unit.value_or("mi"));
+    m_unit->showUnit(draft.unit);
+    m_color->showColor(draft.accentHex);
+    m_forget->setEnabled(draft.place.has_value());
+    m_previews->showDraft(draft);
+}
+
+/// A screen reader hears it too, though the focus is elsewhere.
+void SettingsPage::showState(const std::string& state)
+{
+    m_state->setText(toQString(state));
+    QAccessibleEvent event{m_state, QAccessible::Alert};
+    QAccessible::updateAccessibility(&event);
+}
+
+void SettingsPage::askToForget()
+{
+    auto* question = new QMessageBox{QMessageBox::Question, toQString(localized("Forget My Home")),
+        toQString(localized("Forget your home? Your widgets stay empty until you choose one again.")),
+        QMessageBox::NoButton, this};
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    const auto* forget = question->addButton(toQString(localized("&Forget")), QMessageBox::DestructiveRole);
+    question->setDefaultButton(question->addButton(QMessageBox::Cancel));
+    connect(question, &QMessageBox::buttonClicked, this, [this, forget](const QAbstractButton* button) {
+        if (button == forget)
+            m_settings.forgetHome();
+    });
+    question->open();
+}
+
+/// What is chosen and not written yet must not wait for the page to be seen again.
+void SettingsPage::hideEvent(QHideEvent* event)
+{
+    m_settings.settle();
+    QWidget::hideEvent(event);
+}
+
+} // namespace skyvane

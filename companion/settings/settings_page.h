@@ -1,0 +1,66 @@
+#pragma once
+
+#include "companion/position/place_search.h"
+#include "companion/settings/settings.h"
+#include "paint/font_measurer.h"
+
+#include <QDBusConnection>
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+namespace skyvane {
+
+class ColorField;
+class RadiusField;
+class UnitField;
+class WidgetPreviews;
+
+/// The page on which home, radius, unit and colour are chosen, all three widgets beside the choices. It
+/// scrolls where it is given less room than it wants. Whatever is complete and valid is written without being
+/// asked.
+class SettingsPage : public QWidget {
+    Q_OBJECT
+public:
+    /// What stands in for the machine and for time.
+    struct Surroundings {
+        PlaceSearch::Load loadPlaces; ///< On another thread.
+        Settings::Pace pace{};
+    };
+
+    /// `systemBus`: where the system's location service is looked for.
+    SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus, QWidget* parent = nullptr);
+    SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus,
+        const Surroundings& surroundings, QWidget* parent = nullptr);
+
+signals:
+    /// The configuration was written or removed here.
+    void changed();
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    QWidget* choices(QWidget* home);
+    void addSection(QVBoxLayout& column, const std::string& title, QWidget* field, QLabel* note = nullptr);
+    QWidget* closing();
+    void connectFields();
+    void choose(const std::function<void(SettingsDraft&)>& change, Settings::Settled settled);
+    void showDraft();
+    void showState(const std::string& state);
+    void askToForget();
+
+    Settings m_settings;
+    QLabel* m_greeting;
+    QLabel* m_radiusNote;
+    RadiusField* m_radius;
+    UnitField* m_unit;
+    ColorField* m_color;
+    QLabel* m_state; ///< What became of the last choice.
+    QPushButton* m_forget;
+    WidgetPreviews* m_previews;
+};
+
+} // namespace skyvane

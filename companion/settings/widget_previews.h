@@ -1,0 +1,24 @@
+#pragma once
+
+#include "companion/settings/settings_draft.h"
+#include "desk/view_widget.h"
+
+#include <QWidget>
+
+namespace skyvane {
+
+/// The three widgets as they come out with what is chosen, drawn from the built-in sample.
+class WidgetPreviews : public QWidget {
+    Q_OBJECT
+public:
+    explicit WidgetPreviews(const FontMeasurer& fonts, QWidget* parent = nullptr);
+
+    void showDraft(const SettingsDraft& draft);
+
+private:
+    ViewWidget* m_nearest;
+    ViewWidget* m_radar;
+    ViewWidget* m_board;
+};
+
+} // namespace skyvane

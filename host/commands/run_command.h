@@ -1,0 +1,22 @@
+#pragma once
+
+#include "host/extension/client.h"
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace skyvane {
+
+/// Where a command's words go.
+struct Streams {
+    std::ostream& out;
+    std::ostream& error;
+};
+
+/// Runs the command that the words after the program's name ask for. The exit status: 0, 1 for a failure, 2
+/// for words that make no sense; the last two come with one line on `error`, or with the usage where there
+/// are no words at all. Needs a QGuiApplication.
+int runCommand(const std::vector<std::string>& words, const ExtensionProgram& extension, Streams streams);
+
+} // namespace skyvane

@@ -1,0 +1,85 @@
+#include "host/desktop/companion.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+#include <QProcess>
+
+#include <utility>
+
+namespace skyvane {
+
+namespace {
+
+Q_LOGGING_CATEGORY(journal, "skyvane.host.companion")
+
+QProcessEnvironment withoutActivation(QProcessEnvironment environment)
+{
+    environment.remove(QStringLiteral("XDG_ACTIVATION_TOKEN"));
+    environment.remove(QStringLiteral("DESKTOP_STARTUP_ID"));
+    return environment;
+}
+
+/// With nothing of the host's but its environment.
+void prepare(QProcess& process, const QString& program, const QStringList& words,
+    const QProcessEnvironment& environment)
+{
+    process.setProgram(program);
+    process.setArguments(words);
+    process.setProcessEnvironment(environment);
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+}
+
+void startDetached(
+    const std::filesystem::path& program, const QStringList& words, const QProcessEnvironment& environment)
+{
+    QProcess process;
+    prepare(process, QString::fromStdString(program.string()), words, environment);
+    if (!process.startDetached())
+        qCWarning(journal, "the companion cannot be started: %s", program.c_str());
+}
+
+} // namespace
+
+void Companion::start(const QStringList& words) const
+{
+    startDetached(program, words, withoutActivation(environment));
+}
+
+void Companion::startInPlaceOfHost() const
+{
+    startDetached(program, {}, environment);
+}
+
+void Companion::openLink(const URL& link, const QString& opener) const
+{
+    const QString text = QString::fromStdString(link.text());
+    auto* process = new QProcess{QCoreApplication::instance()};
+    prepare(*process, opener, {text}, withoutActivation(environment));
+    const auto settle = [companion = *this, process, text](bool isOpened) {
+        if (!isOpened)
+            companion.start({text});
+        process->deleteLater();
+    };
+    QObject::connect(process, &QProcess::finished, process, [settle](int code, QProcess::ExitStatus status) {
+        settle(code == 0 && status == QProcess::NormalExit);
+    });
+    QObject::connect(process, &QProcess::errorOccurred, process, [settle](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            settle(/*isOpened=*/false);
+    });
+    process->start();
+}
+
+std::filesystem::path companionPath(const std::filesystem::path& programFolder)
+{
+    const std::filesystem::path beside = programFolder / "skyvane";
+    const std::filesystem::path built = programFolder.parent_path() / "companion/skyvane";
+    std::error_code ignored;
+    const bool isBuildTree
+        = !std::filesystem::exists(beside, ignored) && std::filesystem::exists(built, ignored);
+    return isBuildTree ? built : beside;
+}
+
+} // namespace skyvane

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "host/extension/widget_entry.h"
+#include "paint/font_measurer.h"
+#include "ui/layout/widget_container.h"
+
+#include <QAbstractButton>
+
+#include <functional>
+#include <memory>
+
+namespace skyvane {
+
+/// A widget of a family as a button with its sample's picture, which can be dragged out of the window.
+class SampleButton : public QAbstractButton {
+public:
+    /// Told the picture's frame at the end of a drag, in the coordinates of the screens.
+    using Dropped = std::function<void(const QRect& frame)>;
+
+    SampleButton(ContainerFamily family, const FontMeasurer& fonts, Dropped dropped);
+
+    void showSample(const WidgetEntry& entry);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    ContainerFamily m_family;
+    const FontMeasurer& m_fonts;
+    Dropped m_dropped;
+    Color m_background;
+    DisplayList m_list;
+    QPoint m_pressed;
+    std::unique_ptr<QWidget> m_dragged; ///< The picture under the pointer.
+};
+
+} // namespace skyvane

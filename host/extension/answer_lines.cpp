@@ -1,0 +1,20 @@
+#include "host/extension/answer_lines.h"
+
+#include "host/extension/error.h"
+
+namespace skyvane {
+
+std::optional<QByteArray> AnswerLines::next()
+{
+    constexpr qsizetype longestAnswer = 256 * 1024;
+    const qsizetype end = m_unread.indexOf('\n');
+    if (end > longestAnswer || (end < 0 && m_unread.size() > longestAnswer))
+        throw ExtensionError{"the widget extension's answer is larger than 256 KiB"};
+    if (end < 0)
+        return std::nullopt;
+    QByteArray line = m_unread.first(end);
+    m_unread.remove(0, end + 1);
+    return line;
+}
+
+} // namespace skyvane

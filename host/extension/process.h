@@ -1,0 +1,99 @@
+#pragma once
+
+#include "host/extension/answer_lines.h"
+#include "host/extension/program.h"
+#include "host/extension/widget_entry.h"
+#include "host/extension/widget_info.h"
+#include "host/extension/widget_target.h"
+#include "platform/json/value.h"
+
+#include <QDeadlineTimer>
+#include <QProcess>
+#include <QTimer>
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <nlohmann/json_fwd.hpp>
+
+namespace skyvane {
+
+/// How the host spaces what it asks and how often it tries.
+struct ExtensionPace {
+    std::chrono::milliseconds betweenTimelines{std::chrono::seconds{1}}; ///< Over all widgets.
+    std::chrono::milliseconds idle{std::chrono::seconds{10}}; ///< Without a question, then it is ended.
+    std::chrono::milliseconds grace{std::chrono::seconds{1}}; ///< To end by itself.
+    std::chrono::milliseconds firstBackOff{std::chrono::seconds{5}}; ///< Before a restart; doubles.
+    std::chrono::milliseconds longestBackOff{std::chrono::minutes{5}};
+};
+
+/// The widget extension as a process of the event loop: started when something is asked, ended when idle,
+/// started again after a failure. Answers come in any order; a failure is an absent answer, with one line in
+/// the journal until the extension answers a timeline again.
+class ExtensionProcess {
+public:
+    template <class Result>
+    using Answer = std::function<void(std::optional<Result>)>;
+
+    explicit ExtensionProcess(ExtensionProgram program, ExtensionPace pace = {});
+    ~ExtensionProcess();
+    ExtensionProcess(const ExtensionProcess&) = delete;
+    ExtensionProcess& operator=(const ExtensionProcess&) = delete;
+
+    /// Ahead of the first question, which then finds it ready.
+    void start() { startWhenAllowed(); }
+
+    void list(Answer<std::vector<WidgetInfo>> answer);
+    void placeholder(const WidgetTarget& target, Answer<WidgetEntry> answer);
+    void sample(const WidgetTarget& target, Answer<WidgetEntry> answer);
+    void timeline(const WidgetTarget& target, Answer<WidgetTimeline> answer);
+
+private:
+    struct Question {
+        std::int64_t id;
+        QByteArray line;
+        /// What to do with a result; throws `JSON::DecodingError`.
+        std::function<std::function<void()>(JSON::Value)> decode;
+        std::function<void()> fail;
+        QDeadlineTimer deadline{};
+        bool isTimeline = false;
+    };
+
+    template <class Result>
+    Question question(const char* method, const nlohmann::ordered_json& params, Result (*decode)(JSON::Value),
+        Answer<Result> answer);
+    void ask(Question question);
+    void pump();
+    void startWhenAllowed();
+    void send(std::deque<Question>& queue);
+    void read();
+    void handle(const QByteArray& line);
+    void handleStartError(QProcess::ProcessError error);
+    void handleEnd(QProcess::ExitStatus status);
+    void endIdle();
+    void failLate();
+    void fail(const std::string& reason);
+    void tell(const std::string& reason);
+    void settle();
+    QDeadlineTimer earliestDeadline() const;
+
+    ExtensionProgram m_program;
+    ExtensionPace m_pace;
+    QProcess m_process;
+    AnswerLines m_lines;
+    std::deque<Question> m_waiting;
+    std::deque<Question> m_waitingTimelines;
+    std::map<std::int64_t, Question> m_asked;
+    std::int64_t m_lastId = 0;
+    bool m_isEnding = false; ///< Takes no more questions and is still there.
+    std::chrono::milliseconds m_backOff{0};
+    std::string m_toldFailure; ///< What the journal knows already.
+    QDeadlineTimer m_nextStart{0};
+    QDeadlineTimer m_nextTimeline{0};
+    QTimer m_wake; ///< For what waits.
+    QTimer m_patience; ///< For the oldest question's answer.
+    QTimer m_idle;
+};
+
+} // namespace skyvane

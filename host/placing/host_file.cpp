@@ -1,0 +1,61 @@
+#include "host/placing/host_file.h"
+
+#include "platform/files/files.h"
+
+#include <QLoggingCategory>
+#include <QStandardPaths>
+
+namespace skyvane {
+
+namespace {
+
+Q_LOGGING_CATEGORY(journal, "skyvane.host.file")
+
+constexpr std::size_t largestFile = 1024UL * 1024;
+
+std::filesystem::path freeNameAside(const std::filesystem::path& file)
+{
+    std::filesystem::path name = file.string() + ".broken";
+    std::error_code ignored;
+    for (int number = 2; std::filesystem::exists(std::filesystem::symlink_status(name, ignored)); ++number)
+        name = file.string() + ".broken-" + std::to_string(number);
+    return name;
+}
+
+} // namespace
+
+std::filesystem::path HostFile::standardPath()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return std::filesystem::path{folder.toStdString()} / "skyvane/host.json";
+}
+
+std::optional<std::vector<PlacedWidget>> HostFile::read()
+{
+    std::error_code error;
+    if (!std::filesystem::exists(std::filesystem::symlink_status(m_file, error)))
+        return std::nullopt;
+    const auto bytes = Files::read(m_file, largestFile);
+    if (auto widgets = bytes ? PlacedWidgets::decoded(*bytes) : std::nullopt)
+        return widgets;
+    const std::filesystem::path aside = freeNameAside(m_file);
+    std::filesystem::rename(m_file, aside, error);
+    m_isUntouchable = static_cast<bool>(error);
+    if (m_isUntouchable)
+        qCWarning(journal, "%s cannot be understood and is left as it is", m_file.c_str());
+    else
+        qCWarning(journal, "%s cannot be understood and is now %s", m_file.c_str(), aside.c_str());
+    return std::nullopt;
+}
+
+void HostFile::write(const std::vector<PlacedWidget>& widgets)
+{
+    if (m_isUntouchable)
+        return;
+    std::error_code ignored;
+    std::filesystem::create_directories(m_file.parent_path(), ignored);
+    if (!Files::writeAtomically(m_file, PlacedWidgets::encoded(widgets)))
+        qCWarning(journal, "%s cannot be written", m_file.c_str());
+}
+
+} // namespace skyvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "host/placing/placed_widget.h"
+
+#include <filesystem>
+
+namespace skyvane {
+
+/// The file that remembers the placed widgets from one session to the next.
+class HostFile {
+public:
+    explicit HostFile(std::filesystem::path file) : m_file(std::move(file)) { }
+
+    /// Below the user's configuration folder.
+    static std::filesystem::path standardPath();
+
+    /// Absent on the first start. A file that cannot be understood is set aside under a name that ends in
+    /// ".broken", with a line in the journal; then, too, this is a first start.
+    std::optional<std::vector<PlacedWidget>> read();
+
+    /// All or nothing; a failure is a line in the journal. A file that could neither be understood nor set
+    /// aside stands.
+    void write(const std::vector<PlacedWidget>& widgets);
+
+private:
+    std::filesystem::path m_file;
+    bool m_isUntouchable = false;
+};
+
+} // namespace skyvane

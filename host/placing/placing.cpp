@@ -1,0 +1,175 @@
+#include "host/placing/placing.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace skyvane::Placing {
+
+namespace {
+
+bool isRight(ScreenCorner corner)
+{
+    return corner == ScreenCorner::topRight || corner == ScreenCorner::bottomRight;
+}
+
+bool isBottom(ScreenCorner corner)
+{
+    return corner == ScreenCorner::bottomLeft || corner == ScreenCorner::bottomRight;
+}
+
+ScreenCorner cornerOf(bool isAtRight, bool isAtBottom)
+{
+    if (isAtBottom)
+        return isAtRight ? ScreenCorner::bottomRight : ScreenCorner::bottomLeft;
+    return isAtRight ? ScreenCorner::topRight : ScreenCorner::topLeft;
+}
+
+/// One side of a rectangle along one axis: QRect's own right and bottom are a pixel short.
+struct Span {
+    int start;
+    int length;
+
+    int end() const { return start + length; }
+};
+
+Span across(const QRect& rect)
+{
+    return {rect.x(), rect.width()};
+}
+
+Span down(const QRect& rect)
+{
+    return {rect.y(), rect.height()};
+}
+
+int inside(Span span, Span area)
+{
+    return std::clamp(span.start, area.start, std::max(area.start, area.end() - span.length));
+}
+
+/// Whether the two would touch or nearly so when moved along the other axis.
+bool isBeside(Span one, Span other)
+{
+    return one.start < other.end() + Placing::grid && other.start < one.end() + Placing::grid;
+}
+
+int nearestGridLine(int start, int origin)
+{
+    const int steps = (start - origin + (start < origin ? -grid / 2 : grid / 2)) / grid;
+    return origin + steps * grid;
+}
+
+int snappedStart(Span span, Span area, const std::vector<Span>& neighbours)
+{
+    int best = nearestGridLine(span.start, area.start);
+    int reach = grid + 1; // How near an edge must be; a nearer one takes its place.
+    for (const Span neighbour : neighbours) {
+        for (const int start : {neighbour.end() + grid, neighbour.start - grid - span.length, neighbour.start,
+                 neighbour.end() - span.length}) {
+            if (std::abs(start - span.start) < reach) {
+                reach = std::abs(start - span.start);
+                best = start;
+            }
+        }
+    }
+    return inside({best, span.length}, area);
+}
+
+long long overlap(const QRect& one, const QRect& other)
+{
+    const QRect common = one.intersected(other);
+    return common.isEmpty() ? 0 : 1LL * common.width() * common.height();
+}
+
+int distance(const QRect& frame, const QRect& area)
+{
+    return (frame.center() - area.center()).manhattanLength();
+}
+
+} // namespace
+
+std::optional<ScreenArea> screenOf(const QRect& frame, const std::vector<ScreenArea>& screens)
+{
+    const auto best
+        = std::min_element(screens.begin(), screens.end(), [&](const ScreenArea& a, const ScreenArea& b) {
+              const auto overlapA = overlap(frame, a.area);
+              const auto overlapB = overlap(frame, b.area);
+              return overlapA != overlapB ? overlapA > overlapB
+                                          : distance(frame, a.area) < distance(frame, b.area);
+          });
+    return best == screens.end() ? std::nullopt : std::optional{*best};
+}
+
+std::optional<Placement> placement(const QRect& frame, const std::vector<ScreenArea>& screens)
+{
+    const auto screen = screenOf(frame, screens);
+    if (!screen)
+        return std::nullopt;
+    const int left = across(frame).start - across(screen->area).start;
+    const int right = across(screen->area).end() - across(frame).end();
+    const int top = down(frame).start - down(screen->area).start;
+    const int bottom = down(screen->area).end() - down(frame).end();
+    const bool isAtRight = right < left;
+    const bool isAtBottom = bottom < top;
+    return Placement{
+        .screen = screen->name,
+        .corner = cornerOf(isAtRight, isAtBottom),
+        .inset = {isAtRight ? right : left, isAtBottom ? bottom : top},
+    };
+}
+
+QRect frame(const Placement& placement, QSize size, const std::vector<ScreenArea>& screens)
+{
+    if (screens.empty())
+        return {QPoint{}, size};
+    const auto named = std::find_if(screens.begin(), screens.end(),
+        [&](const ScreenArea& screen) { return screen.name == placement.screen; });
+    const QRect area = named == screens.end() ? screens.front().area : named->area;
+    const auto start = [](Span space, int length, int inset, bool isFromEnd) {
+        return inside({isFromEnd ? space.end() - inset - length : space.start + inset, length}, space);
+    };
+    return {
+        QPoint{
+            start(across(area), size.width(), placement.inset.x(), isRight(placement.corner)),
+            start(down(area), size.height(), placement.inset.y(), isBottom(placement.corner)),
+        },
+        size,
+    };
+}
+
+QRect snapped(QRect frame, const QRect& area, const std::vector<QRect>& neighbours)
+{
+    std::vector<Span> columns;
+    std::vector<Span> rows;
+    for (const QRect& neighbour : neighbours) {
+        if (isBeside(down(frame), down(neighbour)))
+            columns.push_back(across(neighbour));
+        if (isBeside(across(frame), across(neighbour)))
+            rows.push_back(down(neighbour));
+    }
+    frame.moveTo(
+        snappedStart(across(frame), across(area), columns), snappedStart(down(frame), down(area), rows));
+    return frame;
+}
+
+QRect freeFrame(QSize size, const QRect& area, const std::vector<QRect>& taken)
+{
+    constexpr int margin = 3 * grid;
+    const auto isFree = [&](const QRect& frame) {
+        const QRect room = frame.adjusted(-grid, -grid, grid, grid);
+        return std::none_of(
+            taken.begin(), taken.end(), [&](const QRect& other) { return room.intersects(other); });
+    };
+    const int right = across(area).end() - margin - size.width();
+    const int bottom = down(area).end() - margin - size.height();
+    for (int x = right; x >= area.x() + margin; x -= grid) {
+        for (int y = area.y() + margin; y <= bottom; y += grid) {
+            if (isFree({QPoint{x, y}, size}))
+                return {QPoint{x, y}, size};
+        }
+    }
+    return frame({.screen = {}, .corner = ScreenCorner::topRight, .inset = {margin, margin}}, size,
+        {{.name = {}, .area = area}});
+}
+
+} // namespace skyvane::Placing

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "host/placing/placing.h"
+
+#include <functional>
+#include <optional>
+
+class QObject;
+
+/// The screens there are now.
+namespace skyvane::Screens {
+
+/// The primary one first.
+std::vector<ScreenArea> all();
+
+/// Absent where there is none.
+std::optional<ScreenArea> primary();
+
+/// Calls back when one comes, goes or changes its area, for as long as the context lives.
+void onChange(QObject& context, std::function<void()> changed);
+
+} // namespace skyvane::Screens

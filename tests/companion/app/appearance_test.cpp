@@ -1,0 +1,56 @@
+#include "companion/app/appearance.h"
+#include "tests/companion/app/fake_portal.h"
+#include "tests/session/private_bus.h"
+#include "tests/session/wait_for.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+namespace skyvane {
+
+namespace {
+
+class AppearanceTest : public testing::Test {
+protected:
+    ~AppearanceTest() override
+    {
+        QApplication::setStyle(QStringLiteral("fusion"));
+        QApplication::setPalette(before);
+    }
+
+    static bool comesToBeDark(bool isDark)
+    {
+        return test::waitFor(
+            [&] { return (QApplication::palette().color(QPalette::Window).lightness() < 128) == isDark; });
+    }
+
+    QPalette before = QApplication::palette();
+    test::PrivateBus session;
+};
+
+} // namespace
+
+TEST_F(AppearanceTest, theDesktopsChoiceIsFollowed)
+{
+    test::FakePortal portal{session.other(), 1};
+    const Appearance appearance{session.connection()};
+    EXPECT_TRUE(comesToBeDark(true));
+    portal.change(2);
+    EXPECT_TRUE(comesToBeDark(false));
+    portal.change(1);
+    EXPECT_TRUE(comesToBeDark(true));
+    portal.change(0);
+    EXPECT_TRUE(comesToBeDark(false));
+}
+
+TEST_F(AppearanceTest, aDesktopThatSpeaksLateIsFollowedToo)
+{
+    const Appearance appearance{session.connection()};
+    test::FakePortal portal{session.other(), 0};
+    portal.change(1);
+    EXPECT_TRUE(comesToBeDark(true));
+    EXPECT_EQ(QApplication::palette().color(QPalette::Base), Appearance::darkPalette().color(QPalette::Base));
+}
+
+} // namespace skyvane

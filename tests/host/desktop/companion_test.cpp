@@ -1,0 +1,116 @@
+#include "host/desktop/companion.h"
+
+#include "tests/session/journal.h"
+#include "tests/session/wait_for.h"
+#include "tests/support/scratch_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+namespace skyvane {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A companion that writes down what it was started with.
+class CompanionTest : public testing::Test {
+protected:
+    CompanionTest()
+    {
+        companion.environment.insert("XDG_ACTIVATION_TOKEN", "token");
+        companion.environment.insert("DESKTOP_STARTUP_ID", "identity");
+        makeProgram(companion.program,
+            "echo \"$*|$XDG_ACTIVATION_TOKEN|$DESKTOP_STARTUP_ID\" >\"$0.new\" && mv \"$0.new\" \"$0.told\"");
+    }
+
+    static void makeProgram(const std::filesystem::path& program, const std::string& line)
+    {
+        std::ofstream{program} << "#!/bin/sh\n" << line << "\n";
+        std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    }
+
+    /// An opener of links that ends so.
+    QString opener(const std::string& line) const
+    {
+        const auto program = folder.path() / "opener";
+        makeProgram(program, "echo \"$*\" >\"$0.told\"\n" + line);
+        return QString::fromStdString(program.string());
+    }
+
+    /// What a program of the folder wrote down, once it has.
+    std::string told(const char* name = "skyvane") const
+    {
+        std::string line;
+        const auto file = folder.path() / (std::string{name} + ".told");
+        EXPECT_TRUE(
+            test::waitFor([&] { return static_cast<bool>(std::getline(std::ifstream{file}, line)); }));
+        return line;
+    }
+
+    test::ScratchFolder folder;
+    Companion companion{
+        .program = folder.path() / "skyvane", .environment = QProcessEnvironment::systemEnvironment()};
+    const URL link = URL::parse("skyvane://aircraft/4ca7b3").value();
+    const test::Journal journal;
+};
+
+} // namespace
+
+TEST_F(CompanionTest, isStartedWithItsWordsAndWithoutTheHostsActivation)
+{
+    companion.start({"--settings"});
+    EXPECT_EQ(told(), "--settings||");
+    EXPECT_THAT(test::Journal::lines(), IsEmpty());
+}
+
+TEST_F(CompanionTest, inPlaceOfTheHostMayComeToTheFront)
+{
+    companion.startInPlaceOfHost();
+    EXPECT_EQ(told(), "|token|identity");
+}
+
+TEST_F(CompanionTest, aMissingOneIsALineInTheJournal)
+{
+    companion.program = folder.path() / "missing";
+    companion.startInPlaceOfHost();
+    EXPECT_THAT(test::Journal::lines(),
+        ElementsAre("the companion cannot be started: " + companion.program.string()));
+}
+
+TEST_F(CompanionTest, aLinkIsTheDesktopsToOpen)
+{
+    companion.openLink(link, opener("exit 0"));
+    EXPECT_EQ(told("opener"), "skyvane://aircraft/4ca7b3");
+    const auto file = folder.path() / "skyvane.told";
+    EXPECT_FALSE(
+        test::waitFor([&] { return std::filesystem::exists(file); }, std::chrono::milliseconds{300}));
+}
+
+TEST_F(CompanionTest, aLinkThatTheDesktopCannotOpenIsTheCompanions)
+{
+    companion.openLink(link, opener("exit 3"));
+    EXPECT_EQ(told(), "skyvane://aircraft/4ca7b3||");
+}
+
+TEST_F(CompanionTest, aLinkWithoutAnOpenerIsTheCompanions)
+{
+    companion.openLink(link, "/nowhere/opener");
+    EXPECT_EQ(told(), "skyvane://aircraft/4ca7b3||");
+}
+
+TEST_F(CompanionTest, standsBesideTheHostOrInItsBuildTree)
+{
+    const auto host = folder.path() / "tree/host";
+    EXPECT_EQ(companionPath(host), host / "skyvane");
+    std::filesystem::create_directories(folder.path() / "tree/companion");
+    std::ofstream{folder.path() / "tree/companion/skyvane"} << "program";
+    EXPECT_EQ(companionPath(host), folder.path() / "tree/companion/skyvane");
+    std::filesystem::create_directories(host);
+    std::ofstream{host / "skyvane"} << "program";
+    EXPECT_EQ(companionPath(host), host / "skyvane");
+}
+
+} // namespace skyvane

@@ -1,0 +1,118 @@
+#include "tests/host/desktop/desktop_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace skyvane {
+
+TEST_F(DesktopTest, theMenuRemovesAWidgetForGood)
+{
+    ASSERT_TRUE(start(3));
+    chooseFromMenu({1171, 100}, "m");
+    EXPECT_TRUE(hasWindows(2));
+    EXPECT_TRUE(isInFile(2));
+    end();
+    EXPECT_TRUE(start(2));
+}
+
+TEST_F(DesktopTest, theGalleryAddsAWidget)
+{
+    ASSERT_TRUE(start(3));
+    chooseFromMenu({1171, 100}, "a");
+    const QString window = QString::fromStdString(gallery());
+    EXPECT_TRUE(test::waitFor([&] {
+        pointer({"windowactivate", window, "mousemove", "--window", window, "60", "120", "click", "1"});
+        const auto widgets = HostFile{hostFile}.read();
+        return widgets && widgets->size() > 3;
+    }));
+    EXPECT_EQ(HostFile{hostFile}.read()->at(3).target,
+        (WidgetTarget{.kind = "org.example.clock", .family = ContainerFamily::small}));
+}
+
+TEST_F(DesktopTest, theGalleryStandsAboveTheWidgets)
+{
+    ASSERT_TRUE(start(3));
+    chooseFromMenu({1171, 100}, "a");
+    const unsigned long window = std::stoul(gallery());
+    EXPECT_TRUE(test::waitFor([&] {
+        const auto stacking = session.stacking();
+        return stacking.size() == 4 && stacking.back() == window;
+    }));
+}
+
+TEST_F(DesktopTest, aSampleDraggedOutOfTheGalleryIsAWidgetWhereItWasDropped)
+{
+    ASSERT_TRUE(start(3));
+    chooseFromMenu({1171, 100}, "a");
+    const std::string window = gallery();
+    ASSERT_TRUE(test::waitFor([&] { return extension.events("widgets.snapshot").size() >= 3; }));
+    ASSERT_TRUE(test::waitFor([&] {
+        pointer({"windowmove", QString::fromStdString(window), "400", "200"});
+        return session.frameOf(window).width() == 640 && session.frameOf(window).x() >= 400;
+    }));
+    const QRect frame = session.frameOf(window);
+    const auto place = [&](int x, int y) {
+        return QStringList{"mousemove", QString::number(x), QString::number(y)};
+    };
+    EXPECT_TRUE(test::waitFor([&] {
+        pointer(place(frame.x() + 60, frame.y() + 120) + QStringList{"mousedown", "1"}
+            + place(frame.x() + 40, frame.y() + 120) + place(200, 620) + place(191, 627)
+            + QStringList{"mouseup", "1"});
+        const auto widgets = HostFile{hostFile}.read();
+        return widgets && widgets->size() > 3;
+    }));
+    const PlacedWidget widget = HostFile{hostFile}.read()->at(3);
+    EXPECT_EQ(widget.target.family, ContainerFamily::small);
+    EXPECT_EQ(widget.placement.corner, ScreenCorner::bottomLeft);
+    EXPECT_LT((widget.placement.inset - QPoint{140, 160}).manhattanLength(), 80);
+    EXPECT_EQ(widget.placement.inset.x() % 8, 0);
+}
+
+TEST_F(DesktopTest, theMenuOpensTheSettings)
+{
+    ASSERT_TRUE(start(3));
+    chooseFromMenu({1171, 100}, "s");
+    EXPECT_TRUE(test::waitFor([&] { return host.bytesAvailable() > 0; }));
+    EXPECT_EQ(host.readLine(), "settings\n");
+}
+
+TEST_F(DesktopTest, theMenuQuits)
+{
+    ASSERT_TRUE(start(3));
+    chooseFromMenu({1171, 100}, "q");
+    EXPECT_TRUE(test::waitFor([&] { return host.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(host.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(host.exitCode(), 0);
+}
+
+TEST_F(DesktopTest, commandsReachTheRunningHost)
+{
+    EXPECT_EQ(command({"list", "--placed"}), "");
+    ASSERT_TRUE(start(3));
+    EXPECT_EQ(command({"list", "--placed"}),
+        "1\torg.skyvane.widgets.nearest\tsmall\n2\torg.skyvane.widgets.radar\tmedium\n"
+        "3\torg.skyvane.widgets.skyboard\tlarge\n");
+    EXPECT_TRUE(test::waitFor([&] { return command({"add", "moon", "large"}) == "4\n"; }));
+    EXPECT_TRUE(hasWindows(4));
+    EXPECT_EQ(command({"add", "moon", "small"}), "");
+    EXPECT_EQ(command({"remove", "1"}), "");
+    EXPECT_TRUE(hasWindows(3));
+    EXPECT_THAT(HostFile{hostFile}.read()->back().target,
+        (WidgetTarget{.kind = "org.example.moon", .family = ContainerFamily::large}));
+    const std::size_t asked = extension.events("widgets.timeline").size();
+    command({"refresh"});
+    EXPECT_TRUE(
+        test::waitFor([&] { return extension.events("widgets.timeline").size() >= asked + windows.size(); }));
+    command({"quit"});
+    EXPECT_TRUE(test::waitFor([&] { return host.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(host.exitCode(), 0);
+}
+
+TEST_F(DesktopTest, aSecondStartShowsTheGalleryOfTheFirst)
+{
+    ASSERT_TRUE(start(3));
+    session.run(SKYVANE_DESKTOP_PROGRAM, {"/nowhere/extension", "/nowhere/host.json", "/nowhere/config"});
+    EXPECT_TRUE(hasWindows(4));
+    EXPECT_FALSE(gallery().empty());
+}
+
+} // namespace skyvane

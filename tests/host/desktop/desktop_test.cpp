@@ -1,0 +1,100 @@
+#include "tests/host/desktop/desktop_fixture.h"
+
+namespace skyvane {
+
+TEST_F(DesktopTest, theFirstStartPlacesThreeWidgetsAsPartsOfTheDesktop)
+{
+    ASSERT_TRUE(start(3));
+    EXPECT_TRUE(isInFile(3));
+    for (const std::string& window : windows) {
+        for (const char* hint : {"_NET_WM_STATE_BELOW", "_NET_WM_STATE_SKIP_TASKBAR",
+                 "_NET_WM_STATE_SKIP_PAGER", "_NET_WM_WINDOW_TYPE_UTILITY",
+                 "_NET_WM_DESKTOP(CARDINAL) = 4294967295", "_NET_FRAME_EXTENTS(CARDINAL) = 0, 0, 0, 0"}) {
+            std::string hints;
+            const bool isGiven = test::waitFor([&] {
+                hints = session.run("xprop", {"-id", QString::fromStdString(window)});
+                return hints.find(hint) != std::string::npos;
+            });
+            EXPECT_TRUE(isGiven) << hint << " is not in " << hints;
+        }
+    }
+    const auto isTaken = [&](const QRect& frame) {
+        return std::any_of(windows.begin(), windows.end(),
+            [&](const std::string& window) { return session.frameOf(window) == frame; });
+    };
+    for (const QRect frame :
+        {QRect{1086, 24, 170, 170}, QRect{892, 208, 364, 170}, QRect{892, 392, 364, 382}})
+        EXPECT_TRUE(test::waitFor([&] { return isTaken(frame); })) << frame.y();
+}
+
+TEST_F(DesktopTest, withoutAConfigurationTheFirstStartAndOnlyThatWelcomes)
+{
+    std::filesystem::remove(configuration);
+    ASSERT_TRUE(start(3));
+    EXPECT_TRUE(test::waitFor([&] { return host.bytesAvailable() > 0; }));
+    EXPECT_EQ(host.readLine(), "welcome\n");
+    end();
+    ASSERT_TRUE(start(3));
+    EXPECT_TRUE(test::waitFor([&] { return !extension.events("widgets.timeline").empty(); }));
+    EXPECT_EQ(host.readAllStandardOutput(), "");
+}
+
+TEST_F(DesktopTest, widgetsStayBelowAnOrdinaryWindow)
+{
+    QProcess ordinary;
+    ordinary.setProcessEnvironment(session.environment());
+    ordinary.setStandardOutputFile(QProcess::nullDevice());
+    ordinary.start("xev", {"-geometry", "600x600+600+100"});
+    ordinary.waitForStarted();
+    std::vector<unsigned long> first;
+    ASSERT_TRUE(test::waitFor([&] {
+        first = session.stacking();
+        return first.size() == 1;
+    }));
+    ASSERT_TRUE(start(3));
+    EXPECT_TRUE(test::waitFor([&] {
+        const auto stacking = session.stacking();
+        return stacking.size() == 4 && stacking.back() == first.front();
+    }));
+    ordinary.terminate();
+    ordinary.waitForFinished();
+}
+
+TEST_F(DesktopTest, aDraggedWidgetIsBackInItsPlaceAfterARestart)
+{
+    ASSERT_TRUE(start(3));
+    ASSERT_TRUE(isInFile(3));
+    ASSERT_TRUE(isAt(smallWindow(), {1086, 24, 170, 170}));
+    const auto before = HostFile{hostFile}.read();
+    pointer({"mousemove", "1200", "60", "mousedown", "1", "mousemove", "1150", "90", "mousemove", "402",
+        "503", "mouseup", "1"});
+    EXPECT_TRUE(test::waitFor([&] { return HostFile{hostFile}.read() != before; }));
+    const QRect dropped{288, 464, 170, 170};
+    EXPECT_TRUE(isAt(smallWindow(), dropped));
+    end();
+    ASSERT_TRUE(start(3));
+    EXPECT_TRUE(isAt(smallWindow(), dropped));
+    EXPECT_EQ(host.readAllStandardOutput(), "");
+}
+
+TEST_F(DesktopTest, aTapOnTheSecondRowOpensItsAircraft)
+{
+    ASSERT_TRUE(start(3));
+    EXPECT_TRUE(test::waitFor([&] {
+        pointer({"mousemove", "1171", "150", "click", "1"});
+        return host.bytesAvailable() > 0;
+    }));
+    EXPECT_EQ(host.readLine(), "skyvane://aircraft/second\n");
+}
+
+TEST_F(DesktopTest, aChangedConfigurationRefreshesEveryWidget)
+{
+    ASSERT_TRUE(start(3));
+    EXPECT_TRUE(test::waitFor([&] { return extension.events("widgets.timeline").size() == 3; }));
+    std::ofstream{configuration} << "{ }";
+    EXPECT_TRUE(test::waitFor([&] { return extension.events("widgets.timeline").size() >= 6; }));
+    const auto asked = extension.events("widgets.timeline");
+    EXPECT_GT(asked[5].at - asked[3].at, std::chrono::seconds{1});
+}
+
+} // namespace skyvane

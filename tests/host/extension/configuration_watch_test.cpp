@@ -1,0 +1,77 @@
+#include "host/extension/configuration_watch.h"
+
+#include "tests/session/wait_for.h"
+#include "tests/support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace skyvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class ConfigurationWatchTest : public testing::Test {
+protected:
+    void write(const std::string& text) const
+    {
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream{file} << text;
+    }
+
+    /// Whether exactly one change is told.
+    bool isTold()
+    {
+        const bool isTold = test::waitFor([&] { return changes == 1; });
+        changes = 0;
+        return isTold && !test::waitFor([&] { return changes > 0; }, 150ms);
+    }
+
+    test::ScratchFolder home;
+    std::filesystem::path file = configurationFile(home.path());
+    int changes = 0;
+};
+
+} // namespace
+
+TEST_F(ConfigurationWatchTest, aFileThatAppearsWithItsFoldersIsTold)
+{
+    const ConfigurationWatch watch{file, [&] { ++changes; }, 50ms};
+    write("{}");
+    EXPECT_TRUE(isTold());
+    write("{ }");
+    EXPECT_TRUE(isTold());
+}
+
+TEST_F(ConfigurationWatchTest, aFileThatIsReplacedInOneStepIsToldEachTime)
+{
+    write("{}");
+    const ConfigurationWatch watch{file, [&] { ++changes; }, 50ms};
+    for (const char* text : {"{ }", "{  }", "{   }"}) {
+        std::ofstream{file.string() + ".new"} << text;
+        std::filesystem::rename(file.string() + ".new", file);
+        EXPECT_TRUE(isTold()) << text;
+    }
+}
+
+TEST_F(ConfigurationWatchTest, aFolderThatGoesAndComesBackIsTold)
+{
+    write("{}");
+    const ConfigurationWatch watch{file, [&] { ++changes; }, 50ms};
+    std::filesystem::remove_all(home.path() / "Library");
+    EXPECT_TRUE(isTold());
+    write("{}");
+    EXPECT_TRUE(isTold());
+}
+
+TEST_F(ConfigurationWatchTest, otherFilesOfTheFolderAreNobodysBusiness)
+{
+    write("{}");
+    const ConfigurationWatch watch{file, [&] { ++changes; }, 20ms};
+    std::ofstream{file.parent_path() / "other"} << "x";
+    EXPECT_FALSE(test::waitFor([&] { return changes > 0; }, 200ms));
+}
+
+} // namespace skyvane

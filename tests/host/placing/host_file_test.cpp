@@ -1,0 +1,108 @@
+#include "host/placing/host_file.h"
+
+#include "tests/session/journal.h"
+#include "tests/support/replaced.h"
+#include "tests/support/scratch_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+namespace skyvane {
+
+namespace {
+
+using test::replaced;
+
+const std::vector<PlacedWidget> two{
+    {
+        .id = 1,
+        .target = {.kind = "org.example.clock", .family = ContainerFamily::small},
+        .placement = {.screen = "DP-1", .corner = ScreenCorner::topRight, .inset = {24, 32}},
+    },
+    {
+        .id = 7,
+        .target = {.kind = "org.example.moon", .family = ContainerFamily::large},
+        .placement = {.screen = "Größe \"24\"", .corner = ScreenCorner::bottomLeft, .inset = {0, -8}},
+    },
+};
+
+class HostFileTest : public testing::Test {
+protected:
+    void put(const std::string& text) const { std::ofstream{path} << text; }
+
+    static std::string contents(const std::filesystem::path& file)
+    {
+        std::ifstream stream{file};
+        return {std::istreambuf_iterator<char>{stream}, {}};
+    }
+
+    test::ScratchFolder folder;
+    std::filesystem::path path = folder.path() / "host.json";
+    test::Journal journal;
+};
+
+} // namespace
+
+TEST(PlacedWidgets, whatIsWrittenIsRead)
+{
+    EXPECT_EQ(PlacedWidgets::decoded(PlacedWidgets::encoded(two)), two);
+    EXPECT_EQ(PlacedWidgets::decoded(PlacedWidgets::encoded({})), std::vector<PlacedWidget>{});
+}
+
+TEST(PlacedWidgets, anotherShapeIsAbsent)
+{
+    const std::string good = PlacedWidgets::encoded(two);
+    EXPECT_EQ(PlacedWidgets::decoded(""), std::nullopt);
+    EXPECT_EQ(PlacedWidgets::decoded("[]"), std::nullopt);
+    EXPECT_EQ(PlacedWidgets::decoded(good.substr(0, good.size() / 2)), std::nullopt);
+    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "\"version\": 1", "\"version\": 2")), std::nullopt);
+    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "\"id\": 7", "\"id\": 1")), std::nullopt);
+    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "\"id\": 7", "\"id\": 0")), std::nullopt);
+    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "topRight", "middle")), std::nullopt);
+    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "small", "tiny")), std::nullopt);
+    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "\"x\": 24", "\"x\": 1e18")), std::nullopt);
+}
+
+TEST_F(HostFileTest, aMissingFileIsTheFirstStartAndItsFolderIsMade)
+{
+    path = folder.path() / "skyvane/host.json";
+    HostFile file{path};
+    EXPECT_EQ(file.read(), std::nullopt);
+    file.write(two);
+    EXPECT_EQ(file.read(), two);
+    EXPECT_TRUE(test::Journal::lines().empty());
+}
+
+TEST_F(HostFileTest, aBrokenFileIsSetAsideWithOneLine)
+{
+    put("{\"version\":");
+    HostFile file{path};
+    EXPECT_EQ(file.read(), std::nullopt);
+    EXPECT_EQ(contents(path.string() + ".broken"), "{\"version\":");
+    EXPECT_THAT(test::Journal::lines(),
+        testing::ElementsAre(
+            path.string() + " cannot be understood and is now " + path.string() + ".broken"));
+    file.write(two);
+    EXPECT_EQ(file.read(), two);
+}
+
+TEST_F(HostFileTest, anEarlierBrokenFileIsKeptToo)
+{
+    for (const char* text : {"first", "second"}) {
+        put(text);
+        HostFile{path}.read();
+    }
+    EXPECT_EQ(contents(path.string() + ".broken"), "first");
+    EXPECT_EQ(contents(path.string() + ".broken-2"), "second");
+}
+
+TEST_F(HostFileTest, aFileThatCannotBeWrittenIsALine)
+{
+    put("in the way of a folder");
+    HostFile file{path / "host.json"};
+    file.write(two);
+    EXPECT_EQ(test::Journal::lines().size(), 1U);
+}
+
+} // namespace skyvane

@@ -1,0 +1,93 @@
+#include "host/placing/placing.h"
+
+#include <gtest/gtest.h>
+
+namespace skyvane {
+
+namespace {
+
+const ScreenArea left{.name = "DP-1", .area = {0, 30, 1920, 1050}};
+const ScreenArea right{.name = "HDMI-1", .area = {1920, 0, 1280, 1024}};
+const std::vector<ScreenArea> both{left, right};
+constexpr QSize small{170, 170};
+
+} // namespace
+
+TEST(Placing, aWidgetIsRememberedByItsNearestCorner)
+{
+    EXPECT_EQ(Placing::placement({QPoint{24, 54}, small}, both),
+        (Placement{.screen = "DP-1", .corner = ScreenCorner::topLeft, .inset = {24, 24}}));
+    EXPECT_EQ(Placing::placement({QPoint{1920 - 170 - 16, 40}, small}, both),
+        (Placement{.screen = "DP-1", .corner = ScreenCorner::topRight, .inset = {16, 10}}));
+    EXPECT_EQ(Placing::placement({QPoint{1928, 1024 - 170 - 8}, small}, both),
+        (Placement{.screen = "HDMI-1", .corner = ScreenCorner::bottomLeft, .inset = {8, 8}}));
+    EXPECT_EQ(Placing::placement({QPoint{3200 - 170, 1024 - 170}, small}, both),
+        (Placement{.screen = "HDMI-1", .corner = ScreenCorner::bottomRight, .inset = {0, 0}}));
+    EXPECT_EQ(Placing::placement({QPoint{}, small}, {}), std::nullopt);
+}
+
+TEST(Placing, whatIsRememberedIsWhereItStood)
+{
+    for (const QPoint place : {QPoint{24, 54}, QPoint{1700, 800}, QPoint{2000, 100}, QPoint{2900, 700}}) {
+        const QRect frame{place, small};
+        EXPECT_EQ(Placing::frame(Placing::placement(frame, both).value(), small, both), frame);
+    }
+}
+
+TEST(Placing, theCornerCountsWhenTheScreenHasChangedItsSize)
+{
+    const Placement placement{.screen = "DP-1", .corner = ScreenCorner::bottomRight, .inset = {8, 16}};
+    EXPECT_EQ(Placing::frame(placement, small, {{.name = "DP-1", .area = {0, 0, 1000, 800}}}),
+        QRect(1000 - 170 - 8, 800 - 170 - 16, 170, 170));
+}
+
+TEST(Placing, aScreenThatIsAwayIsStoodInForByTheFirst)
+{
+    const Placement placement{.screen = "HDMI-1", .corner = ScreenCorner::topLeft, .inset = {1100, 900}};
+    EXPECT_EQ(Placing::frame(placement, small, {left}), QRect(1100, 910, 170, 170));
+    EXPECT_EQ(Placing::frame(placement, small, both), QRect(1920 + 1100, 1024 - 170, 170, 170));
+}
+
+TEST(Placing, nothingIsEverOffItsScreen)
+{
+    for (const QPoint inset : {QPoint{-500, -500}, QPoint{5000, 5000}}) {
+        const Placement placement{.screen = "DP-1", .corner = ScreenCorner::topLeft, .inset = inset};
+        EXPECT_TRUE(left.area.contains(Placing::frame(placement, small, both)));
+    }
+    const Placement placement{.screen = "tiny", .corner = ScreenCorner::topRight, .inset = {8, 8}};
+    EXPECT_EQ(Placing::frame(placement, small, {{.name = "tiny", .area = {10, 10, 100, 100}}}).topLeft(),
+        QPoint(10, 10));
+}
+
+TEST(Placing, aWidgetSnapsToTheGridOfItsScreen)
+{
+    EXPECT_EQ(Placing::snapped({QPoint{101, 57}, small}, left.area, {}).topLeft(), QPoint(104, 54));
+    EXPECT_EQ(Placing::snapped({QPoint{-90, 5000}, small}, left.area, {}).topLeft(), QPoint(0, 910));
+}
+
+TEST(Placing, aNeighboursEdgeComesBeforeTheGrid)
+{
+    const QRect neighbour{100, 200, 170, 170};
+    EXPECT_EQ(
+        Placing::snapped({QPoint{275, 203}, small}, left.area, {neighbour}).topLeft(), QPoint(278, 200));
+    EXPECT_EQ(
+        Placing::snapped({QPoint{103, 374}, small}, left.area, {neighbour}).topLeft(), QPoint(100, 378));
+    EXPECT_EQ(Placing::snapped({QPoint{105, 700}, small}, left.area, {neighbour}).topLeft(), QPoint(104, 702))
+        << "one that is far away is no neighbour";
+}
+
+TEST(Placing, aNewWidgetStandsFreeAtTheRightEdge)
+{
+    std::vector<QRect> taken;
+    for (int count = 0; count < 6; ++count) {
+        const QRect frame = Placing::freeFrame({364, 382}, left.area, taken);
+        EXPECT_TRUE(left.area.contains(frame));
+        for (const QRect& other : taken)
+            EXPECT_FALSE(frame.intersects(other));
+        taken.push_back(frame);
+    }
+    EXPECT_EQ(taken[0].topLeft(), QPoint(1920 - 24 - 364, 54));
+    EXPECT_EQ(Placing::freeFrame(small, {0, 0, 200, 200}, {{0, 0, 200, 200}}), QRect(6, 24, 170, 170));
+}
+
+} // namespace skyvane
