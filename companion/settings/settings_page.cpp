@@ -60,13 +60,13 @@ SettingsPage::SettingsPage(const FontMeasurer& fonts, const QDBusConnection& sys
 {
     auto* home = new HomeSection{m_settings, surroundings.loadPlaces, fonts, systemBus};
     auto* content = new QWidget;
-    auto* columns = new QHBoxLayout{content};
-    columns->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
-    columns->setSpacing(columnGap);
-    QWidget* chosen = choices(home);
-    chosen->setMinimumHeight(m_previews->sizeHint().height());
-    columns->addWidget(chosen, 1, Qt::AlignTop);
-    columns->addWidget(m_previews, 0, Qt::AlignTop);
+    m_columns = new QBoxLayout{QBoxLayout::LeftToRight, content};
+    m_columns->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
+    m_columns->setSpacing(columnGap);
+    m_chosen = choices(home);
+    m_columns->addWidget(m_chosen, 1, Qt::AlignTop);
+    m_columns->addWidget(m_previews, 0, Qt::AlignTop);
+    arrange();
     auto* scroll = new QScrollArea;
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
@@ -118,6 +118,20 @@ QWidget* SettingsPage::closing()
     row->addWidget(m_state, 1);
     row->addWidget(m_forget, 0, Qt::AlignBottom);
     return widget;
+}
+
+void SettingsPage::arrange()
+{
+    constexpr int widthForColumns = 960;
+    const bool isWide = width() >= widthForColumns;
+    m_columns->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    m_chosen->setMinimumHeight(isWide ? m_previews->sizeHint().height() : 0);
+}
+
+void SettingsPage::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    arrange();
 }
 
 void SettingsPage::connectFields()

@@ -7,6 +7,7 @@
 #include <QDBusConnection>
 #include <QWidget>
 
+class QBoxLayout;
 class QLabel;
 class QPushButton;
 class QVBoxLayout;
@@ -18,9 +19,9 @@ class RadiusField;
 class UnitField;
 class WidgetPreviews;
 
-/// The page on which home, radius, unit and colour are chosen, all three widgets beside the choices. It
-/// scrolls where it is given less room than it wants. Whatever is complete and valid is written without being
-/// asked.
+/// The page on which home, radius, unit and colour are chosen, all three widgets beside the choices, or
+/// where there is no room, below. It scrolls where it is given less room than it wants. Whatever is complete
+/// and valid is written without being asked.
 class SettingsPage : public QWidget {
     Q_OBJECT
 public:
@@ -41,6 +42,7 @@ signals:
 
 protected:
     void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QWidget* choices(QWidget* home);
@@ -48,6 +50,7 @@ private:
     QWidget* closing();
     void connectFields();
     void choose(const std::function<void(SettingsDraft&)>& change, Settings::Settled settled);
+    void arrange();
     void showDraft();
     void showState(const std::string& state);
     void askToForget();
@@ -61,6 +64,8 @@ private:
     QLabel* m_state; ///< What became of the last choice.
     QPushButton* m_forget;
     WidgetPreviews* m_previews;
+    QBoxLayout* m_columns;
+    QWidget* m_chosen;
 };
 
 } // namespace skyvane

@@ -7,12 +7,14 @@
 #include "companion/sky/sky_page.h"
 #include "companion/window/about_dialog.h"
 #include "companion/window/header_bar.h"
+#include "companion/window/window_place.h"
 #include "desk/text.h"
 #include "platform/text/localized.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QFrame>
+#include <QScreen>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -48,7 +50,6 @@ MainWindow::MainWindow(const WindowParts& parts)
     , m_aircraft(new AircraftPage{{m_parts.feed, m_parts.lookups, m_parts.open}, m_parts.fonts})
     , m_stack(new QStackedWidget)
 {
-    setMinimumSize(leastSize);
     makeActions();
     m_header
         = new HeaderBar{{.back = m_back, .refresh = m_refresh, .menu = {m_settingsAction, m_about, m_quit}}};
@@ -67,10 +68,22 @@ MainWindow::MainWindow(const WindowParts& parts)
     connect(m_sky, &SkyPage::settingsWanted, this, &MainWindow::showSettings);
     connect(m_aircraft, &AircraftPage::settingsWanted, this, &MainWindow::showSettings);
 
-    const QSettings memory{toQString(m_parts.memory.string()), QSettings::IniFormat};
-    if (!restoreGeometry(memory.value(geometryKey()).toByteArray()))
-        resize(firstSize);
+    takePlace();
     showSky();
+}
+
+void MainWindow::takePlace()
+{
+    setMinimumSize(WindowPlace::fitted(leastSize, screen()->availableGeometry()));
+    const QSettings memory{toQString(m_parts.memory.string()), QSettings::IniFormat};
+    if (!restoreGeometry(memory.value(geometryKey()).toByteArray())) {
+        resize(WindowPlace::fitted(firstSize, screen()->availableGeometry()));
+        return;
+    }
+    const QScreen* there = QGuiApplication::screenAt(geometry().center());
+    if (!isMaximized() && !isFullScreen())
+        setGeometry(
+            WindowPlace::fitted(geometry(), (there != nullptr ? there : screen())->availableGeometry()));
 }
 
 QAction* MainWindow::addShortcut(

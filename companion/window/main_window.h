@@ -60,6 +60,7 @@ protected:
 private:
     QAction* addShortcut(const QString& text, const QList<QKeySequence>& keys, std::function<void()> act);
     void makeActions();
+    void takePlace();
     QWidget* makeSettings();
     void turnTo(QWidget* page);
     void goBack();

@@ -4,7 +4,11 @@
 #include "tests/companion/companion_stage.h"
 
 #include <QAction>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 
 #include <gmock/gmock.h>
@@ -123,11 +127,45 @@ TEST_F(MainWindowTest, theListHasTheFocusAsSoonAsItIsThere)
 TEST_F(MainWindowTest, aClosedWindowRemembersItsPlace)
 {
     auto one = window();
-    one->resize(873, 611);
+    one->resize(673, 511);
     one->show();
     one->close();
     one = window();
-    EXPECT_EQ(one->size(), QSize(873, 611));
+    EXPECT_EQ(one->size(), QSize(673, 511));
+}
+
+TEST_F(MainWindowTest, theWindowIsAllOnTheScreen)
+{
+    auto one = window();
+    const QRect screen = one->screen()->availableGeometry();
+    ASSERT_LT(screen.width(), 1120) << "a screen on which the first size has no room";
+    EXPECT_LE(one->width(), screen.width());
+    EXPECT_LE(one->height(), screen.height());
+    one->setGeometry(screen.x() + 200, screen.y() + 100, screen.width() * 2, screen.height() * 2);
+    one->show();
+    one->close();
+    one = window();
+    EXPECT_TRUE(screen.contains(one->geometry()));
+}
+
+TEST_F(MainWindowTest, everyPageHasRoomInTheSmallestWindow)
+{
+    const auto one = window();
+    one->resize(640, 480);
+    one->show();
+    EXPECT_EQ(one->size(), QSize(640, 480));
+    EXPECT_TRUE(test::waitFor([&] { return feed.report().hasAnswer; }));
+    one->showAircraft("a1b2c3");
+    EXPECT_EQ(one->size(), QSize(640, 480));
+    one->showSettings();
+    const auto areas = one->findChildren<QScrollArea*>();
+    EXPECT_TRUE(test::waitFor([&] { return std::ranges::any_of(areas, &QScrollArea::isVisible); }));
+    for (const QScrollArea* area : areas)
+        EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
+    const auto lines = one->findChildren<QLineEdit*>();
+    const auto position = std::ranges::find(lines, "Position", &QLineEdit::accessibleName);
+    ASSERT_NE(position, lines.end());
+    EXPECT_GE((*position)->width(), (*position)->fontMetrics().horizontalAdvance("-51.50000, -000.12000"));
 }
 
 } // namespace skyvane
