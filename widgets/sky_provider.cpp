@@ -51,7 +51,9 @@ SkyEntry SkyProvider::liveEntry(const std::stop_token& stop) const
     std::vector<Aircraft> aircraft;
     try {
         aircraft = ADSB::fetch(config->home, config->radiusNM, transport, stop);
-    } catch (const FetchError&) {
+    } catch (const CancellationError&) {
+        throw;
+    } catch (...) {
         // An empty sky; the widgets show no errors.
     }
     return {

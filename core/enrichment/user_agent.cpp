@@ -5,7 +5,7 @@ namespace skyvane {
 HTTPHeader userAgent()
 {
     return {.name = "User-Agent",
-        .value = "Skyvane/" SKYVANE_MAJOR_MINOR_VERSION " (+mailto:" SKYVANE_CONTACT_EMAIL ")"};
+        .value = "Skyvane/1.1 (+mailto:" SKYVANE_CONTACT_EMAIL ")"};
 }
 
 } // namespace skyvane

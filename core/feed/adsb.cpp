@@ -2,15 +2,16 @@
 
 #include "core/model/fields.h"
 #include "platform/text/format.h"
+#include "platform/text/localized.h"
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
 #include <limits>
-#include <optional>
 #include <string>
 #include <utility>
+#include <variant>
 
 namespace skyvane::ADSB {
 
@@ -94,22 +95,53 @@ std::vector<Aircraft> freshNearestFirst(std::vector<Aircraft> all)
 }
 
 /// What one source was asked for: its list, or why there is none.
-struct Outcome {
-    std::optional<std::vector<Aircraft>> list{};
-    std::string message{};
-};
+using Outcome = std::variant<std::vector<Aircraft>, FetchError>;
 
+FetchError failure(const Source& source, const std::string& words, FetchCause cause)
+{
+    return FetchError{source.name + ": " + words, std::move(cause)};
+}
+
+FetchError undecodable(const Source& source, const JSON::DecodingError& error)
+{
+    switch (error.kind()) {
+    case JSON::DecodingError::Kind::tooLarge:
+        return failure(source, description(TransferProblem::tooLarge),
+            {FetchProblem::transfer, TransferProblem::tooLarge, error.what()});
+    case JSON::DecodingError::Kind::notJSON:
+        return failure(source, localized("The answer is not JSON."),
+            {.problem = FetchProblem::notJSON, .details = error.what()});
+    case JSON::DecodingError::Kind::shape:
+        break;
+    }
+    return failure(source, localized("The answer is not what was expected."),
+        {.problem = FetchProblem::shape, .details = error.what()});
+}
+
+FetchError unforeseen(const Source& source, std::string details)
+{
+    return failure(source, description(TransferProblem::other),
+        {.problem = FetchProblem::other, .details = std::move(details)});
+}
+
+/// Cancellation alone is thrown.
 Outcome ask(const Source& source, const URL& url, const Transport& transport, const std::stop_token& stop)
 {
     try {
         URLResponse response = transport({.url = url, .timeout = std::chrono::seconds{8}}, stop);
         if (response.status != 200)
-            return {.message = source.name + " returned an error"};
-        return {.list = freshNearestFirst(listOf(JSON::decodeText<APIResponse>(std::move(response.body))))};
+            return FetchError{source.name + " returned an error", {.problem = FetchProblem::status}};
+        return freshNearestFirst(listOf(JSON::decodeText<APIResponse>(std::move(response.body))));
+    } catch (const CancellationError&) {
+        throw;
     } catch (const TransferError& error) {
-        return {.message = source.name + ": " + error.what()};
+        return failure(source, error.what(), {FetchProblem::transfer, error.problem, error.details});
     } catch (const JSON::DecodingError& error) {
-        return {.message = source.name + ": " + error.what()};
+        return undecodable(source, error);
+    } catch (const std::exception& error) {
+        return unforeseen(source, error.what());
+    } catch (...) {
+        return unforeseen(source, {});
     }
 }
 
@@ -120,22 +152,23 @@ std::vector<Aircraft> fetch(
 {
     const int radius = queryRadius(radiusNM);
     bool hasEmptySky = false;
-    std::string lastMessage = "No flight data source reachable";
+    FetchError lastError{"No flight data source reachable"};
     for (const Source& source : sources()) {
         const auto url = URL::parse(source.url(home, radius));
         if (!url)
             continue;
         Outcome outcome = ask(source, *url, transport, stop);
-        if (!outcome.list)
-            lastMessage = std::move(outcome.message);
-        else if (!outcome.list->empty())
-            return *std::move(outcome.list);
+        auto* list = std::get_if<std::vector<Aircraft>>(&outcome);
+        if (list == nullptr)
+            lastError = std::get<FetchError>(std::move(outcome));
+        else if (!list->empty())
+            return std::move(*list);
         else
             hasEmptySky = true;
     }
     if (hasEmptySky)
         return {};
-    throw FetchError{std::move(lastMessage)};
+    throw lastError;
 }
 
 } // namespace skyvane::ADSB

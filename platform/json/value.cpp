@@ -37,23 +37,24 @@ DecodingError mismatch(const char* expected, Value value)
 
 } // namespace
 
-DecodingError::DecodingError(const std::string& keyPath, const std::string& problem)
+DecodingError::DecodingError(const std::string& keyPath, const std::string& problem, Kind kind)
     : std::runtime_error(keyPath.empty() ? problem : keyPath + ": " + problem)
     , m_keyPath(keyPath)
     , m_problem(problem)
+    , m_kind(kind)
 {
 }
 
 DecodingError DecodingError::inMember(std::string_view key) const
 {
     const bool joins = !m_keyPath.empty() && m_keyPath.front() != '[';
-    return {std::string{key} + (joins ? "." : "") + m_keyPath, m_problem};
+    return {std::string{key} + (joins ? "." : "") + m_keyPath, m_problem, m_kind};
 }
 
 DecodingError DecodingError::inElement(std::size_t index) const
 {
     const bool joins = !m_keyPath.empty() && m_keyPath.front() != '[';
-    return {"[" + std::to_string(index) + "]" + (joins ? "." : "") + m_keyPath, m_problem};
+    return {"[" + std::to_string(index) + "]" + (joins ? "." : "") + m_keyPath, m_problem, m_kind};
 }
 
 Document::Document(std::string_view bytes, std::size_t spareBytes)
@@ -61,9 +62,9 @@ Document::Document(std::string_view bytes, std::size_t spareBytes)
     if (bytes.starts_with(byteOrderMark))
         bytes.remove_prefix(byteOrderMark.size());
     if (bytes.size() > largestText)
-        throw DecodingError{"longer than 8 MiB"};
+        throw DecodingError{"longer than 8 MiB", DecodingError::Kind::tooLarge};
     if (bytes.starts_with(byteOrderMark))
-        throw DecodingError{"not JSON: more than one byte order mark"};
+        throw DecodingError{"not JSON: more than one byte order mark", DecodingError::Kind::notJSON};
     const auto parse = [&] {
         const bool mustCopy = spareBytes < simdjson::SIMDJSON_PADDING;
         return m_parser.parse(bytes.data(), bytes.size(), mustCopy).get(m_root);
@@ -77,7 +78,8 @@ Document::Document(std::string_view bytes, std::size_t spareBytes)
             error = parse();
     }
     if (error != simdjson::SUCCESS)
-        throw DecodingError{std::string{"not JSON: "} + simdjson::error_message(error)};
+        throw DecodingError{
+            std::string{"not JSON: "} + simdjson::error_message(error), DecodingError::Kind::notJSON};
 }
 
 std::optional<std::int64_t> wholeNumber(Value value)

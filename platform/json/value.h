@@ -16,16 +16,24 @@ namespace skyvane::JSON {
 /// expected a whole number of 64 bits, found 1200.7".
 class DecodingError : public std::runtime_error {
 public:
-    explicit DecodingError(const std::string& problem) : DecodingError({}, problem) { }
+    enum class Kind { shape, notJSON, tooLarge };
+
+    explicit DecodingError(const std::string& problem, Kind kind = Kind::shape)
+        : DecodingError({}, problem, kind)
+    {
+    }
+
+    Kind kind() const { return m_kind; }
 
     DecodingError inMember(std::string_view key) const;
     DecodingError inElement(std::size_t index) const;
 
 private:
-    DecodingError(const std::string& keyPath, const std::string& problem);
+    DecodingError(const std::string& keyPath, const std::string& problem, Kind kind);
 
     std::string m_keyPath;
     std::string m_problem;
+    Kind m_kind;
 };
 
 /// What is read holds some dozen times its size in memory, and may come from anyone.

@@ -1,5 +1,6 @@
 #include "platform/net/transfer.h"
 
+#include "platform/net/outcome.h"
 #include "platform/pinned.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::size_t largestBody = std::size_t{32} << 20;
+constexpr std::size_t largestBody = std::size_t{8} << 20;
 constexpr std::size_t largestHeaders = std::size_t{256}
     << 10; ///< Of all answers on the way, redirects included.
 constexpr long mostRedirects = 10;
@@ -23,14 +24,14 @@ template <class Value>
 void set(CURL* easy, CURLoption option, Value value)
 {
     if (const CURLcode outcome = curl_easy_setopt(easy, option, value); outcome != CURLE_OK)
-        throw TransferError{curl_easy_strerror(outcome)};
+        throw TransferError{TransferProblem::other, curl_easy_strerror(outcome)};
 }
 
 void append(StringList& list, const std::string& text)
 {
     curl_slist* longer = curl_slist_append(list.get(), text.c_str());
     if (longer == nullptr)
-        throw TransferError{curl_easy_strerror(CURLE_OUT_OF_MEMORY)};
+        throw TransferError{TransferProblem::other, curl_easy_strerror(CURLE_OUT_OF_MEMORY)};
     static_cast<void>(list.release());
     list.reset(longer);
 }
@@ -38,8 +39,7 @@ void append(StringList& list, const std::string& text)
 std::string defaultUserAgent()
 {
     return std::string{program_invocation_short_name}
-    + "/" SKYVANE_VERSION " (+mailto:" SKYVANE_CONTACT_EMAIL ") libcurl/"
-        + curl_version_info(CURLVERSION_NOW)->version;
+    + "/" SKYVANE_VERSION " (+mailto:" SKYVANE_CONTACT_EMAIL ")";
 }
 
 } // namespace
@@ -47,7 +47,7 @@ std::string defaultUserAgent()
 Transfer::Transfer(const URLRequest& request, CURLM* connections, Trust trust) : m_multi(connections)
 {
     if (m_multi == nullptr || m_easy == nullptr)
-        throw TransferError{curl_easy_strerror(CURLE_FAILED_INIT)};
+        throw TransferError{TransferProblem::other, curl_easy_strerror(CURLE_FAILED_INIT)};
     set(m_easy.get(), CURLOPT_ERRORBUFFER, m_words.data());
     set(m_easy.get(), CURLOPT_URL, request.url.text().c_str());
     set(m_easy.get(), CURLOPT_PATH_AS_IS, 1L);
@@ -58,7 +58,7 @@ Transfer::Transfer(const URLRequest& request, CURLM* connections, Trust trust) :
     if (const Network* network = Pinned<Network>::current())
         confineTo(*network);
     if (const CURLMcode outcome = curl_multi_add_handle(m_multi, m_easy.get()); outcome != CURLM_OK)
-        throw TransferError{curl_multi_strerror(outcome)};
+        throw TransferError{TransferProblem::other, curl_multi_strerror(outcome)};
 }
 
 void Transfer::setLimits(const URLRequest& request)
@@ -115,7 +115,7 @@ void Transfer::setReceivers()
             self.m_body.append(bytes, length);
             return length;
         }
-        self.m_refusal = "The answer is longer than 32 MiB";
+        self.m_refusal = "The answer is longer than 8 MiB";
         return std::size_t{0};
     };
     set(m_easy.get(), CURLOPT_HEADERFUNCTION, receiveHeader);
@@ -156,7 +156,7 @@ std::optional<CURLcode> Transfer::run(const std::stop_token& stop)
         if (state == CURLM_OK)
             state = curl_multi_poll(m_multi, nullptr, 0, untilWoken, nullptr);
         if (state != CURLM_OK)
-            throw TransferError{curl_multi_strerror(state)};
+            throw TransferError{TransferProblem::other, curl_multi_strerror(state)};
     }
     return std::nullopt;
 }
@@ -173,11 +173,14 @@ bool Transfer::deservesMoreTrust(CURLcode outcome) const
     return outcome == CURLE_PEER_FAILED_VERIFICATION && m_hasUnreadBundle;
 }
 
-std::string Transfer::problem(CURLcode outcome) const
+TransferError Transfer::error(CURLcode outcome) const
 {
     if (m_refusal != nullptr)
-        return m_refusal;
-    return m_words.front() != '\0' ? m_words.data() : curl_easy_strerror(outcome);
+        return {TransferProblem::tooLarge, m_refusal};
+    long systemError = 0;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_OS_ERRNO, &systemError);
+    return {problemOf(outcome, systemError),
+        m_words.front() != '\0' ? m_words.data() : curl_easy_strerror(outcome)};
 }
 
 URLResponse Transfer::takeResponse()

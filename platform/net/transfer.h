@@ -29,7 +29,7 @@ public:
     std::optional<CURLcode> run(const std::stop_token& stop);
     /// Whether no certificate was found wanting but by the folder of authorities, and there is a bundle, too.
     bool deservesMoreTrust(CURLcode outcome) const;
-    std::string problem(CURLcode outcome) const;
+    TransferError error(CURLcode outcome) const;
     URLResponse takeResponse();
 
 private:

@@ -17,7 +17,7 @@ void prepareLibrary()
 {
     static const CURLcode outcome = curl_global_init(CURL_GLOBAL_DEFAULT);
     if (outcome != CURLE_OK)
-        throw TransferError{curl_easy_strerror(outcome)};
+        throw TransferError{TransferProblem::other, curl_easy_strerror(outcome)};
 }
 
 /// Absent when more authorities might vouch for the certificate.
@@ -31,7 +31,7 @@ std::optional<URLResponse> tryFor(
     if (transfer.deservesMoreTrust(*outcome))
         return std::nullopt;
     if (*outcome != CURLE_OK)
-        throw TransferError{transfer.problem(*outcome)};
+        throw transfer.error(*outcome);
     return transfer.takeResponse();
 }
 

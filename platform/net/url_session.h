@@ -1,12 +1,11 @@
 #pragma once
 
+#include "platform/net/transfer_error.h"
 #include "platform/net/url.h"
 
 #include <chrono>
-#include <exception>
 #include <functional>
 #include <memory>
-#include <stdexcept>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -38,16 +37,6 @@ struct URLResponse {
     bool operator==(const URLResponse&) const = default;
 };
 
-/// The transfer failed before a complete answer was there; what() says why in words.
-struct TransferError : std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
-
-/// The caller's stop token asked for it; not a failure.
-struct CancellationError : std::exception {
-    const char* what() const noexcept override { return "cancelled"; }
-};
-
 /// How a client reaches its server: a `UrlSession`, or a test's own. One GET, waited for; may run on many
 /// threads at once. Throws `CancellationError` at once when the stop token asks for it, `TransferError` on
 /// every other failure.
@@ -63,7 +52,7 @@ struct Network {
 class RestingConnection;
 
 /// The one way out of this machine, a `Transport`: HTTPS with certificates verified against the system's
-/// authorities, redirects to HTTPS only, compressed answers accepted, at most 8 seconds and 32 MiB
+/// authorities, redirects to HTTPS only, compressed answers accepted, at most 8 seconds and 8 MiB
 /// (decompressed) a transfer. A certificate that the folder of single authorities does not vouch for is
 /// tried once more with the bundle of all. The last
 /// connection stays open, to serve the next request if that goes to the same host within 30 seconds; copies

@@ -33,6 +33,7 @@ constexpr auto longestFetch = 8500ms + 6000ms;
 struct Outcome {
     std::optional<std::size_t> count{};
     std::string message{};
+    FetchCause cause{};
     steady_clock::duration duration{};
 };
 
@@ -45,6 +46,7 @@ Outcome outcomeOf(const Fault& fault)
         outcome.count = ADSB::fetch(home, 25, FaultServer::towards(fault)).size();
     } catch (const FetchError& error) {
         outcome.message = error.message;
+        outcome.cause = error.cause;
     }
     outcome.duration = steady_clock::now() - start;
     return outcome;
@@ -62,7 +64,7 @@ bool hasPhoto(const Fault& fault)
 
 void expectAsTheFaultSays(const Fault& fault, const Outcome& outcome)
 {
-    SCOPED_TRACE(fault.name + ": " + outcome.message);
+    SCOPED_TRACE(fault.name + ": " + outcome.message + " (" + outcome.cause.details + ")");
     EXPECT_LT(outcome.duration, longestFetch);
     const bool isDelivered = fault.outcome == Fault::Outcome::delivered;
     EXPECT_EQ(outcome.count, isDelivered ? std::optional<std::size_t>{1} : std::nullopt);
@@ -72,7 +74,9 @@ void expectAsTheFaultSays(const Fault& fault, const Outcome& outcome)
     if (fault.outcome == Fault::Outcome::failed) {
         const std::string start = std::string{secondSource} + ": ";
         ASSERT_THAT(outcome.message, testing::StartsWith(start));
-        EXPECT_THAT(outcome.message.substr(start.size()), testing::ContainsRegex(fault.words));
+        EXPECT_THAT(outcome.message.substr(start.size()), testing::MatchesRegex("[A-Z][A-Za-z '();]+\\."));
+        EXPECT_THAT(outcome.cause.details, testing::ContainsRegex(fault.words));
+        EXPECT_NE(outcome.cause.problem, FetchProblem::other);
     }
 }
 

@@ -30,7 +30,7 @@ Fault torn(const std::string& coding, const std::string& body)
 Fault bomb(std::string name, const std::string& coding, std::string body)
 {
     Fault fault = compressed(std::move(name), coding, std::move(body), Fault::Outcome::failed);
-    fault.words = "longer than 32 MiB";
+    fault.words = "longer than 8 MiB";
     return fault;
 }
 
@@ -45,7 +45,7 @@ Fault endlessBomb()
                 for (const std::string piece = EndlessGzip{"", zeros.period}.first(0x4000); true;)
                     connection.send(piece);
             },
-        .words = "longer than 32 MiB"};
+        .words = "longer than 8 MiB"};
 }
 
 } // namespace

@@ -1,9 +1,13 @@
 #include "core/feed/adsb.h"
 
+#include "platform/json/value.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <limits>
+#include <new>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -49,6 +53,13 @@ FakeTransport::Answer failing(std::string reason)
     return [=]() -> URLResponse { throw TransferError{reason}; };
 }
 
+/// Fails with anything at all.
+template <class Error>
+FakeTransport::Answer throwing(Error error)
+{
+    return [=]() -> URLResponse { throw error; };
+}
+
 FakeTransport::Answer cancelled()
 {
     return []() -> URLResponse { throw CancellationError{}; };
@@ -62,14 +73,19 @@ std::vector<std::string> fetchedHexes(FakeTransport& fake)
     return list;
 }
 
-std::string messageOf(FakeTransport& fake)
+FetchError errorOf(FakeTransport& fake)
 {
     try {
         ADSB::fetch(home, 25, fake.transport());
     } catch (const FetchError& error) {
-        return error.message;
+        return error;
     }
-    return "no error";
+    return FetchError{"no error"};
+}
+
+std::string messageOf(FakeTransport& fake)
+{
+    return errorOf(fake).message;
 }
 
 std::string askedURL(const HomeLocation& from, double radiusNM)
@@ -158,10 +174,43 @@ TEST(ADSB, everyStatusBut200IsAnError)
     }
 }
 
-TEST(ADSB, anAnswerThatDoesNotDecodeNamesTheKey)
+TEST(ADSB, aFailureIsToldInTheUsersWordsAndByItsKind)
 {
-    FakeTransport fake{.answers = {failing("down"), answering(R"({"ac":[{"hex":"a"},{"hex":1}]})")}};
-    EXPECT_EQ(messageOf(fake), "opendata.adsb.fi: ac[1].hex: expected a string, found 1");
+    struct Case {
+        FakeTransport::Answer answer;
+        std::string words;
+        FetchCause cause;
+    };
+    const std::vector<Case> cases{
+        {throwing(TransferError{TransferProblem::timedOut, "timed out after 8006 milliseconds "}),
+            ": The server did not answer in time.",
+            {FetchProblem::transfer, TransferProblem::timedOut, "timed out after 8006 milliseconds"}},
+        {answering("<html>"), ": The answer is not JSON.", {.problem = FetchProblem::notJSON}},
+        {answering(std::string(JSON::largestText + 1, ' ')), ": The answer is too large.",
+            {FetchProblem::transfer, TransferProblem::tooLarge, "longer than 8 MiB"}},
+        {answering(R"({"ac":[{"hex":"a"},{"hex":1}]})"), ": The answer is not what was expected.",
+            {.problem = FetchProblem::shape, .details = "ac[1].hex: expected a string, found 1"}},
+        {answering("{}", 429), " returned an error", {.problem = FetchProblem::status}},
+        {throwing(std::runtime_error{"out of sockets"}), ": The request failed.",
+            {.problem = FetchProblem::other, .details = "out of sockets"}},
+        {throwing(std::bad_alloc{}), ": The request failed.",
+            {.problem = FetchProblem::other, .details = std::bad_alloc{}.what()}},
+        {throwing(7), ": The request failed.", {.problem = FetchProblem::other}},
+    };
+    for (const Case& expected : cases) {
+        FakeTransport fake{.answers = {failing("down"), expected.answer}};
+        FetchError error = errorOf(fake);
+        EXPECT_EQ(error.message, "opendata.adsb.fi" + expected.words);
+        if (error.cause.problem == FetchProblem::notJSON)
+            error.cause.details.clear(); // Each version of the library has words of its own.
+        EXPECT_EQ(error.cause, expected.cause) << error.message << error.cause.details;
+    }
+}
+
+TEST(ADSB, aTransportOfAnotherKindMayFailInItsOwnWay)
+{
+    FakeTransport fake{.answers = {throwing(7), answering(oneAircraft)}};
+    EXPECT_EQ(fetchedHexes(fake), Hexes{"a"});
 }
 
 TEST(ADSB, aFetchErrorDescribesItselfByItsMessage)

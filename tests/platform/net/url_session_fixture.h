@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace skyvane::test {
@@ -31,15 +32,26 @@ protected:
 
     URLResponse get(const URLRequest& wanted = request()) const { return session(wanted, {}); }
 
-    /// Why the transfer failed; empty when it did not.
+    /// What the library said of the transfer's failure; empty when it did not fail.
     std::string failure(const URLRequest& wanted = request()) const
     {
         try {
             get(wanted);
         } catch (const TransferError& error) {
-            return error.what();
+            return error.details;
         }
         return {};
+    }
+
+    /// Why the transfer failed.
+    std::optional<TransferProblem> problem(const URLRequest& wanted = request()) const
+    {
+        try {
+            get(wanted);
+        } catch (const TransferError& error) {
+            return error.problem;
+        }
+        return std::nullopt;
     }
 
     UrlSession session;

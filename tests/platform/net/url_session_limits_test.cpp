@@ -48,12 +48,12 @@ protected:
 
 } // namespace
 
-TEST_F(UrlSessionTest, takesABodyOf32MiBAndNoByteMore)
+TEST_F(UrlSessionTest, takesABodyOf8MiBAndNoByteMore)
 {
-    server.answer("/", {.body = std::string(32 * mebibyte, 'x')});
-    EXPECT_EQ(get().body.size(), 32 * mebibyte);
-    server.answer("/", {.body = std::string(32 * mebibyte + 1, 'x')});
-    EXPECT_THAT(failure(), HasSubstr("longer than 32 MiB"));
+    server.answer("/", {.body = std::string(8 * mebibyte, 'x')});
+    EXPECT_EQ(get().body.size(), 8 * mebibyte);
+    server.answer("/", {.body = std::string(8 * mebibyte + 1, 'x')});
+    EXPECT_THAT(failure(), HasSubstr("longer than 8 MiB"));
 }
 
 TEST_F(UrlSessionTest, boundsABodyThatNeverEnds)
@@ -63,7 +63,7 @@ TEST_F(UrlSessionTest, boundsABodyThatNeverEnds)
         for (const std::string piece(mebibyte, 'x'); true;)
             connection.send(piece);
     });
-    EXPECT_THAT(failure(), HasSubstr("longer than 32 MiB"));
+    EXPECT_THAT(failure(), HasSubstr("longer than 8 MiB"));
 }
 
 TEST_F(UrlSessionTest, boundsABodyThatIsSmallOnlyWhileCompressed)
@@ -73,7 +73,7 @@ TEST_F(UrlSessionTest, boundsABodyThatIsSmallOnlyWhileCompressed)
         connection.send(endlessGzip().first(430'000)); // Some 64 MiB.
         connection.close();
     });
-    EXPECT_THAT(failure(), HasSubstr("longer than 32 MiB"));
+    EXPECT_THAT(failure(), HasSubstr("longer than 8 MiB"));
 }
 
 TEST_F(UrlSessionTest, boundsTheHeadersOfAnAnswer)

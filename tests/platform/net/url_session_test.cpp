@@ -64,7 +64,7 @@ TEST_F(UrlSessionTest, identifiesItself)
 {
     get();
     EXPECT_THAT(server.requests().at(0).header("User-Agent").value(),
-        testing::MatchesRegex("[a-z]+_test/[0-9.]+ \\(\\+mailto:[^ )]+@[^ )]+\\) libcurl/[0-9.]+"));
+        testing::MatchesRegex("[a-z]+_test/[0-9.]+ \\(\\+mailto:[^ )]+@[^ )]+\\)"));
 }
 
 TEST_F(UrlSessionTest, aUserAgentOfTheRequestReplacesItsOwn)
