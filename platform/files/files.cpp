@@ -58,6 +58,28 @@ bool writeAll(int descriptor, std::string_view bytes)
     return true;
 }
 
+/// Where the file's links lead, be a file there already or not; the first of them when they lead in a circle.
+std::filesystem::path withoutLinks(const std::filesystem::path& file)
+{
+    constexpr int most = 40; // As the kernel follows.
+    std::filesystem::path place = file;
+    for (int followed = 0; followed < most; ++followed) {
+        std::error_code isNoLink;
+        const std::filesystem::path next = std::filesystem::read_symlink(place, isNoLink);
+        if (isNoLink)
+            return place;
+        place = place.parent_path() / next;
+    }
+    return file;
+}
+
+/// A draft is its owner's alone until then.
+bool takeModeOf(const std::filesystem::path& file, int draft)
+{
+    struct stat status { };
+    return stat(file.c_str(), &status) != 0 || fchmod(draft, status.st_mode & 0777) == 0;
+}
+
 } // namespace
 
 std::filesystem::path homeFolder()
@@ -95,14 +117,15 @@ std::optional<std::string> read(const std::filesystem::path& file, std::size_t l
     return bytes;
 }
 
-bool writeAtomically(const std::filesystem::path& file, std::string_view bytes)
+bool writeAtomically(const std::filesystem::path& place, std::string_view bytes)
 {
+    const std::filesystem::path file = withoutLinks(place);
     std::string draft = file.parent_path() / ("." + file.filename().string() + ".XXXXXX");
     Descriptor descriptor{mkostemp(draft.data(), O_CLOEXEC)};
     if (!descriptor.isOpen())
         return false;
-    const bool isWritten
-        = writeAll(descriptor.number(), bytes) && fsync(descriptor.number()) == 0 && descriptor.close();
+    const bool isWritten = writeAll(descriptor.number(), bytes) && takeModeOf(file, descriptor.number())
+        && fsync(descriptor.number()) == 0 && descriptor.close();
     if (isWritten && rename(draft.c_str(), file.c_str()) == 0)
         return true;
     unlink(draft.c_str());

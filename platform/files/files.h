@@ -24,8 +24,9 @@ std::filesystem::path homeFolder();
 std::optional<std::string> read(const std::filesystem::path& file, std::size_t limit);
 
 /// Replaces the file in one step: a reader, or a crash, sees the old bytes or the new ones. The folder must
-/// exist. Whether it worked; if not, the old file stands and nothing is left beside it.
-bool writeAtomically(const std::filesystem::path& file, std::string_view bytes);
+/// exist. A link stays one: the file that it leads to is replaced. The file keeps its mode; a new one is its
+/// owner's alone. Whether it worked; if not, the old file stands and nothing is left beside it.
+bool writeAtomically(const std::filesystem::path& place, std::string_view bytes);
 
 } // namespace Files
 

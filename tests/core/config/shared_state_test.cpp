@@ -112,6 +112,24 @@ TEST_F(SharedStateTest, whatIsWrittenIsReadBackEqual)
     EXPECT_EQ(SharedState::read(), config);
 }
 
+TEST_F(SharedStateTest, aConfigurationThatIsALinkStaysOne)
+{
+    const auto target = scratch.path() / "dotfile.json";
+    std::filesystem::create_directories(file.parent_path());
+    std::filesystem::create_symlink(target, file);
+    SharedState::write(minimal);
+    EXPECT_EQ(SharedState::read(), minimal);
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_TRUE(std::filesystem::is_regular_file(target));
+}
+
+TEST_F(SharedStateTest, aByteOrderMarkInFrontCarriesNoMeaning)
+{
+    put("\xEF\xBB\xBF"
+        R"({"home":{"latitude":1,"longitude":2,"label":"X"},"radiusNM":10})");
+    EXPECT_EQ(SharedState::read(), minimal);
+}
+
 TEST_F(SharedStateTest, whatJSONCannotSayLeavesTheOldFile)
 {
     SharedState::write(minimal);

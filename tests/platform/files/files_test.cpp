@@ -6,9 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -25,6 +27,11 @@ protected:
 
     void put(const std::string& bytes) const { std::ofstream{file} << bytes; }
 
+    static auto modeOf(const std::filesystem::path& path)
+    {
+        return std::filesystem::status(path).permissions();
+    }
+
     auto filesInFolder() const
     {
         return std::distance(
@@ -36,6 +43,19 @@ TEST_F(FilesTest, theHomeFolderIsThePinnedOne)
 {
     const Pinned<HomeFolder> home{{"/elsewhere"}};
     EXPECT_EQ(Files::homeFolder(), "/elsewhere");
+}
+
+TEST_F(FilesTest, theUserDatabaseKnowsTheHomeFolderBetterThanTheEnvironment)
+{
+    const char* const before = std::getenv("HOME");
+    const std::string home = before != nullptr ? before : "";
+    setenv("HOME", "/elsewhere", /*overwrite=*/1);
+    const passwd* const user = getpwuid(getuid());
+    EXPECT_EQ(Files::homeFolder(), user != nullptr ? user->pw_dir : "/elsewhere");
+    if (before != nullptr)
+        setenv("HOME", home.c_str(), /*overwrite=*/1);
+    else
+        unsetenv("HOME");
 }
 
 TEST_F(FilesTest, readsAWholeFile)
@@ -81,6 +101,42 @@ TEST_F(FilesTest, writingReplacesTheFileAndLeavesNothingBesideIt)
     EXPECT_TRUE(Files::writeAtomically(file, "new"));
     EXPECT_EQ(Files::read(file, limit), "new");
     EXPECT_EQ(filesInFolder(), 1);
+}
+
+TEST_F(FilesTest, writingThroughLinksReplacesWhatTheyLeadTo)
+{
+    const auto folder = scratch.path() / "elsewhere";
+    std::filesystem::create_directory(folder);
+    std::filesystem::create_symlink("elsewhere/second", file);
+    std::filesystem::create_symlink(folder / "target", folder / "second");
+    for (const char* const bytes : {"new where there was nothing", "new"}) {
+        EXPECT_TRUE(Files::writeAtomically(file, bytes));
+        EXPECT_EQ(Files::read(file, limit), bytes);
+        EXPECT_EQ(Files::read(folder / "target", limit), bytes);
+        EXPECT_TRUE(std::filesystem::is_symlink(file) && std::filesystem::is_symlink(folder / "second"));
+        EXPECT_FALSE(std::filesystem::is_symlink(folder / "target"));
+    }
+    EXPECT_EQ(filesInFolder(), 2);
+}
+
+TEST_F(FilesTest, aLinkThatLeadsToItselfIsReplaced)
+{
+    std::filesystem::create_symlink(file, file);
+    EXPECT_TRUE(Files::writeAtomically(file, "x"));
+    EXPECT_EQ(Files::read(file, limit), "x");
+}
+
+TEST_F(FilesTest, writingKeepsTheModeOfTheFile)
+{
+    using std::filesystem::perms;
+    EXPECT_TRUE(Files::writeAtomically(file, "new"));
+    EXPECT_EQ(modeOf(file), perms::owner_read | perms::owner_write);
+    for (const perms mode : {perms::owner_read | perms::owner_write | perms::group_read | perms::others_read,
+             perms::owner_read | perms::owner_write | perms::group_read | perms::group_write}) {
+        std::filesystem::permissions(file, mode);
+        EXPECT_TRUE(Files::writeAtomically(file, "newer"));
+        EXPECT_EQ(modeOf(file), mode);
+    }
 }
 
 TEST_F(FilesTest, writingIntoAMissingFolderFails)
