@@ -1,9 +1,12 @@
 #include "core/feed/adsb.h"
 
 #include "platform/json/value.h"
+#include "tests/support/comma_locale.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstdio>
 #include <functional>
 #include <limits>
 #include <new>
@@ -130,6 +133,10 @@ TEST(ADSB, theRadiusIsRoundedAndBounded)
 
 TEST(ADSB, coordinatesHaveFiveDecimalsInEveryLocale)
 {
+    const test::CommaLocale european;
+    std::array<char, 8> printed{};
+    std::snprintf(printed.data(), printed.size(), "%.1f", 1.5);
+    ASSERT_STREQ(printed.data(), "1,5");
     const std::string url = askedURL({.latitude = 51.5, .longitude = -0.123456, .label = ""}, 9);
     EXPECT_EQ(url, "https://api.adsb.lol/v2/point/51.50000/-0.12346/9");
 }
@@ -267,6 +274,35 @@ TEST(ADSB, sortsByDistanceKeepingTheFeedsOrderAmongEquals)
         {"hex":"near2","lat":1,"lon":2,"dst":1.5}
     ]})")}};
     EXPECT_EQ(fetchedHexes(fake), (Hexes{"near1", "near2", "far", "unknown1", "unknown2"}));
+}
+
+TEST(ADSB, manyAtOneDistanceKeepTheFeedsOrder)
+{
+    constexpr int count = 40; // Of a few, an unstable sort keeps the order by chance.
+    std::string json;
+    Hexes expected;
+    for (const char* const distance : {"1.5", ""}) {
+        for (int index = 0; index < count; ++index) {
+            const std::string hex = distance + ("x" + std::to_string(index));
+            expected.push_back(hex);
+            json += R"({"lat":1,"lon":2,"hex":")" + hex + '"'
+                + (*distance != '\0' ? std::string{R"(,"dst":)"} + distance : "") + "},";
+        }
+    }
+    FakeTransport fake{
+        .answers = {answering(R"({"ac":[)" + json + R"({"hex":"near","lat":1,"lon":2,"dst":1}]})")}};
+    expected.insert(expected.begin(), "near");
+    EXPECT_EQ(fetchedHexes(fake), expected);
+}
+
+TEST(ADSB, noDistanceIsFartherThanAnyDistance)
+{
+    FakeTransport fake{.answers = {answering(R"({"ac":[
+        {"hex":"unknown","lat":1,"lon":2},
+        {"hex":"far","lat":1,"lon":2,"dst":5000},
+        {"hex":"farthest","lat":1,"lon":2,"dst":1e300}
+    ]})")}};
+    EXPECT_EQ(fetchedHexes(fake), (Hexes{"far", "farthest", "unknown"}));
 }
 
 TEST(ADSB, takesTheListAcEvenWhenItIsEmptyBesideAnother)

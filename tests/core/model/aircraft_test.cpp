@@ -218,6 +218,9 @@ TEST_F(AircraftTest, lookDirectionAtNoDistanceHasNoElevation)
     const Aircraft overhead{
         .hex = "a", .altBaro = Altitude::feet(3000), .distanceNM = 0.0, .directionDeg = 90.0};
     EXPECT_EQ(overhead.lookDirection(), "Look E");
+    const Aircraft absurd{
+        .hex = "a", .altBaro = Altitude::feet(3000), .distanceNM = -5.0, .directionDeg = 90.0};
+    EXPECT_EQ(absurd.lookDirection(), "Look E");
 }
 
 TEST_F(AircraftTexts, distanceTextKnowsThreeUnits)

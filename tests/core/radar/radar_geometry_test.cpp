@@ -51,6 +51,26 @@ TEST(RadarGeometry, anAircraftExactlyAtHomeIsInTheMiddle)
     EXPECT_EQ(polar, (Polar{.fraction = 0, .bearingDeg = 0}));
 }
 
+TEST(RadarGeometry, anAircraftExactlyAtHomeIsInTheMiddleAtEveryLatitude)
+{
+    for (int hundredths = -9000; hundredths <= 9000; ++hundredths) {
+        const double latitude = hundredths / 100.0;
+        const HomeLocation home{.latitude = latitude, .longitude = 7.5, .label = ""};
+        const auto polar = RadarGeometry{.radiusNM = 25, .home = home}.polar(at(latitude, 7.5));
+        ASSERT_NEAR(polar.value().fraction, 0, 1e-4) << latitude; // Rounding may leave some metres.
+    }
+}
+
+TEST(RadarGeometry, anAircraftAtTheAntipodeIsOnTheOuterRingAtEveryLatitude)
+{
+    for (int hundredths = -9000; hundredths <= 9000; ++hundredths) {
+        const double latitude = hundredths / 100.0;
+        const HomeLocation home{.latitude = latitude, .longitude = 0, .label = ""};
+        const auto polar = RadarGeometry{.radiusNM = 12'000, .home = home}.polar(at(-latitude, 180));
+        ASSERT_NEAR(polar.value().fraction, 0.9, 1e-4) << latitude;
+    }
+}
+
 TEST(RadarGeometry, aRadiusOfZeroOrLessPlacesNothing)
 {
     const Aircraft aircraft{.hex = "a", .distanceNM = 1.0, .directionDeg = 1.0};
