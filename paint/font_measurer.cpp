@@ -55,9 +55,27 @@ QString toQString(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// Laid out on one line, however long.
-std::unique_ptr<QTextLayout> oneLine(const QString& text, const QFont& font)
+/// Whether the toolkit ends a line there even where none may end.
+bool endsLine(QChar character)
 {
+    switch (character.unicode()) {
+    case u'\n':
+    case u'\v':
+    case u'\f':
+    case u'\r':
+    case u'\u0085':
+    case u'\u2028':
+    case u'\u2029':
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Laid out on one line, however long and whatever is in it.
+std::unique_ptr<QTextLayout> oneLine(QString text, const QFont& font)
+{
+    std::replace_if(text.begin(), text.end(), endsLine, QChar{u' '});
     auto layout = std::make_unique<QTextLayout>(text, font);
     QTextOption option;
     option.setWrapMode(QTextOption::NoWrap);

@@ -84,6 +84,16 @@ TEST(FontMeasurer, anEmptyTextHasNoWidth)
     EXPECT_EQ(fonts.width("", plain, 2), 0);
 }
 
+TEST(FontMeasurer, whatFollowsALineBreakIsMeasuredAndPaintedToo)
+{
+    const FontMeasurer fonts;
+    for (const char* const lineBreak : {"\n", "\r", "\v", "\f", "\u0085", "\u2028", "\u2029"}) {
+        const std::string text = std::string{"AB"} + lineBreak + "CD";
+        EXPECT_EQ(fonts.width(text, plain, 0), fonts.width("AB CD", plain, 0));
+        EXPECT_EQ(inkOf(fonts, text, plain), inkOf(fonts, "AB CD", plain));
+    }
+}
+
 TEST(FontMeasurer, trailingBlanksCount)
 {
     const FontMeasurer fonts;

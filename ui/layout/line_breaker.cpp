@@ -14,19 +14,35 @@ constexpr std::string_view ellipsis = "…";
 /// Absorbs the rounding of a width that was measured, added up and divided again.
 constexpr double tolerance = 0.01;
 
+struct ParagraphBreak {
+    std::size_t place; ///< The text's end when there is none.
+    std::size_t size; ///< Bytes.
+};
+
+/// After which a line ends whatever its width (UAX #14: BK, CR, LF, NL).
+ParagraphBreak nextBreak(std::string_view text, std::size_t start)
+{
+    constexpr std::string_view firstBytes = "\n\v\f\r\xC2\xE2";
+    for (std::size_t place = text.find_first_of(firstBytes, start); place != std::string_view::npos;
+         place = text.find_first_of(firstBytes, place + 1)) {
+        const std::string_view rest = text.substr(place);
+        for (const std::string_view kind : {"\r\n", "\u0085", "\u2028", "\u2029", "\n", "\v", "\f", "\r"}) {
+            if (rest.starts_with(kind))
+                return {.place = place, .size = kind.size()};
+        }
+    }
+    return {.place = text.size(), .size = 0};
+}
+
 std::vector<std::string_view> paragraphs(std::string_view text)
 {
     std::vector<std::string_view> list;
-    std::size_t start = 0;
-    while (true) {
-        const std::size_t end = std::min(text.find('\n', start), text.size());
-        std::string_view paragraph = text.substr(start, end - start);
-        if (end < text.size() && paragraph.ends_with('\r'))
-            paragraph.remove_suffix(1);
-        list.push_back(paragraph);
-        if (end == text.size())
+    for (std::size_t start = 0; true;) {
+        const ParagraphBreak end = nextBreak(text, start);
+        list.push_back(text.substr(start, end.place - start));
+        if (end.size == 0)
             return list;
-        start = end + 1;
+        start = end.place + end.size;
     }
 }
 
@@ -66,6 +82,11 @@ std::size_t largest(std::size_t count, Predicate&& holds)
 }
 
 } // namespace
+
+bool hasLineBreak(std::string_view text)
+{
+    return nextBreak(text, 0).size != 0;
+}
 
 LineBreaker::LineBreaker(const TextMeasurer& measurer, FontFace face, double tracking, Bounds bounds)
     : m_measurer(measurer), m_face(face), m_tracking(tracking), m_bounds(bounds)

@@ -9,6 +9,9 @@
 
 namespace skyvane {
 
+/// Whether the text itself says that a line ends: by a line feed or any other character that means it.
+bool hasLineBreak(std::string_view text);
+
 /// Breaks a text of one face into lines.
 class LineBreaker {
 public:

@@ -93,7 +93,7 @@ TextBlock layoutText(const Text& text, double width, const TextMeasurer& measure
     const double minimum = std::max(smallestScale, text.minimumScale);
     if (!full.isTruncated || !(minimum < 1))
         return std::move(full.block);
-    const bool isOneLine = lineLimit(text) == 1 && text.string.find('\n') == std::string::npos;
+    const bool isOneLine = lineLimit(text) == 1 && !hasLineBreak(text.string);
     return isOneLine ? shrunkLine(text, minimum, width, measurer)
                      : shrunkLines(text, minimum, width, measurer);
 }

@@ -167,6 +167,13 @@ TEST(TextLayout, aParagraphLeftOutIsToldByAnEllipsis)
     EXPECT_THAT(lines(tenPointText("one\ntwo", 1), 100), ElementsAre("one…"));
     EXPECT_THAT(lines(tenPointText("one\ntwo\nthree", 2), 100), ElementsAre("one", "two…"));
     EXPECT_THAT(lines(tenPointText("one\n", 1), 100), ElementsAre("one"));
+    for (const char* const lineBreak : {"\r", "\v", "\f", "\u0085", "\u2028", "\u2029"}) {
+        const std::string text = std::string{"one"} + lineBreak + "two";
+        EXPECT_THAT(lines(tenPointText(text), infinity), ElementsAre("one", "two"));
+        EXPECT_THAT(lines(tenPointText(text, 1), 100), ElementsAre("one…"));
+        EXPECT_THAT(lines(tenPointText(text, 1, 0.5), 100), ElementsAre("one…"));
+    }
+    EXPECT_THAT(lines(tenPointText("é…‧Â"), infinity), ElementsAre("é…‧Â"));
 }
 
 TEST(TextLayout, severalLinesShrinkUntilAllFits)
