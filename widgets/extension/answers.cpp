@@ -27,9 +27,11 @@ Result entryJSON(const SkyEntry& entry, const PlacedWidget& placed)
     };
 }
 
-std::string line(const Result& message)
+/// `id` is JSON already.
+std::string line(const RequestID& id, const char* member, const Result& value)
 {
-    return message.dump(-1, ' ', /*ensure_ascii=*/false, Result::error_handler_t::replace) + '\n';
+    return R"({"jsonrpc":"2.0","id":)" + id + ",\"" + member
+        + "\":" + value.dump(-1, ' ', /*ensure_ascii=*/false, Result::error_handler_t::replace) + "}\n";
 }
 
 } // namespace
@@ -67,9 +69,9 @@ Result timelineResult(const Timeline& timeline, const PlacedWidget& placed)
     };
 }
 
-std::string resultLine(const RequestID& id, Result result)
+std::string resultLine(const RequestID& id, const Result& result)
 {
-    std::string text = line({{"jsonrpc", "2.0"}, {"id", id}, {"result", std::move(result)}});
+    std::string text = line(id, "result", result);
     if (text.size() > longestAnswer)
         return errorLine(id, ErrorCode::internalError, "the answer is longer than 256 KiB");
     return text;
@@ -77,11 +79,7 @@ std::string resultLine(const RequestID& id, Result result)
 
 std::string errorLine(const RequestID& id, ErrorCode code, std::string_view message)
 {
-    return line({
-        {"jsonrpc", "2.0"},
-        {"id", id},
-        {"error", {{"code", static_cast<int>(code)}, {"message", message}}},
-    });
+    return line(id, "error", {{"code", static_cast<int>(code)}, {"message", message}});
 }
 
 } // namespace skyvane::Extension

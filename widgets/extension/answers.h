@@ -19,7 +19,7 @@ Result entryResult(const SkyEntry& entry, const PlacedWidget& placed);
 Result timelineResult(const Timeline& timeline, const PlacedWidget& placed);
 
 /// One line, line break included. A result that makes it longer than a host takes becomes an internal error.
-std::string resultLine(const RequestID& id, Result result);
+std::string resultLine(const RequestID& id, const Result& result);
 std::string errorLine(const RequestID& id, ErrorCode code, std::string_view message);
 
 } // namespace skyvane::Extension

@@ -40,5 +40,6 @@ int main(int argumentCount, char**)
     holdLittleMemory();
     skyvane::useCatalogues(catalogueFolder());
     skyvane::Extension::confine(); // Where the kernel does not, the extension serves all the same.
-    return skyvane::Extension::serve(STDIN_FILENO, STDOUT_FILENO, {.transport = skyvane::UrlSession{}});
+    skyvane::Extension::serve(STDIN_FILENO, STDOUT_FILENO, {.transport = skyvane::UrlSession{}});
+    return 0;
 }

@@ -1,5 +1,6 @@
 #include "widgets/extension/message.h"
 
+#include "platform/json/source.h"
 #include "platform/json/value.h"
 
 #include <algorithm>
@@ -24,23 +25,13 @@ std::optional<Value> member(Value object, std::string_view key)
     return object.at_key(key).get(found) == simdjson::SUCCESS ? std::optional{found} : std::nullopt;
 }
 
-std::optional<RequestID> identity(Value value)
+/// Absent when there is none, or another value than a number, a string or null.
+std::optional<RequestID> identity(std::optional<std::string_view> source)
 {
-    using Type = simdjson::dom::element_type;
-    switch (value.type()) {
-    case Type::INT64:
-        return value.get_int64().value_unsafe();
-    case Type::UINT64:
-        return value.get_uint64().value_unsafe();
-    case Type::DOUBLE:
-        return value.get_double().value_unsafe();
-    case Type::STRING:
-        return value.get_string().value_unsafe();
-    case Type::NULL_VALUE:
-        return RequestID(nullptr);
-    default:
-        return std::nullopt;
-    }
+    const bool isOne = source
+        && (source->front() == '"' || source->front() == '-' || source->front() == 'n'
+            || (source->front() >= '0' && source->front() <= '9'));
+    return isOne ? std::optional{RequestID{*source}} : std::nullopt;
 }
 
 std::string quoted(std::string_view text)
@@ -53,9 +44,9 @@ std::string_view requiredString(Value params, const std::string& key)
     const auto value = member(params, key);
     if (!value)
         throw InvalidParams{key + " is missing"};
-    if (!value->is_string())
+    if (!JSON::isString(*value))
         throw InvalidParams{key + " is not a string"};
-    return value->get_string().value_unsafe();
+    return JSON::string(*value);
 }
 
 const Widget& widgetOf(Value params, const std::vector<Widget>& offered)
@@ -118,12 +109,11 @@ CallReader readerOf(std::string_view method)
     return nullptr;
 }
 
-Message readNotification(std::string_view method, const std::optional<Value>& params)
+Message readNotification(std::string_view method, std::optional<std::string_view> params)
 {
-    if (method != "cancel" || !params)
+    if (method != "cancel" || !params || !params->starts_with('{'))
         return IgnoredNotification{};
-    const auto target = member(*params, "id");
-    auto id = target ? identity(*target) : std::nullopt;
+    auto id = identity(JSON::memberSource(*params, "id"));
     if (!id)
         return IgnoredNotification{};
     return Cancellation{.id = *std::move(id)};
@@ -148,28 +138,27 @@ Message readRequest(RequestID id, std::string_view method, const std::optional<V
 
 Refusal notARequest(std::string message)
 {
-    return {nullptr, ErrorCode::invalidRequest, std::move(message)};
+    return {noID, ErrorCode::invalidRequest, std::move(message)};
 }
 
-Message readDocument(Value root, const std::vector<Widget>& offered)
+Message readDocument(Value root, std::string_view line, const std::vector<Widget>& offered)
 {
     if (!root.is_object())
         return notARequest("not a request object");
     const auto version = member(root, "jsonrpc");
-    if (!version || !version->is_string() || version->get_string().value_unsafe() != "2.0")
+    if (!version || !JSON::isString(*version) || JSON::string(*version) != "2.0")
         return notARequest("jsonrpc is not \"2.0\"");
     const auto method = member(root, "method");
-    if (!method || !method->is_string())
+    if (!method || !JSON::isString(*method))
         return notARequest("method is not a string");
-    const std::string_view name = method->get_string().value_unsafe();
-    const auto params = member(root, "params");
-    const auto given = member(root, "id");
+    const std::string_view name = JSON::string(*method);
+    const auto given = JSON::memberSource(line, "id");
     if (!given)
-        return readNotification(name, params);
-    auto id = identity(*given);
+        return readNotification(name, JSON::memberSource(line, "params"));
+    auto id = identity(given);
     if (!id)
         return notARequest("id is not a string, a number or null");
-    return readRequest(*std::move(id), name, params, offered);
+    return readRequest(*std::move(id), name, member(root, "params"), offered);
 }
 
 } // namespace
@@ -178,9 +167,9 @@ Message readMessage(std::string_view line, const std::vector<Widget>& offered)
 {
     try {
         const JSON::Document document{line};
-        return readDocument(document.root(), offered);
+        return readDocument(document.root(), line, offered);
     } catch (const JSON::DecodingError& error) {
-        return Refusal{nullptr, ErrorCode::parseError, error.what()};
+        return Refusal{noID, ErrorCode::parseError, error.what()};
     }
 }
 

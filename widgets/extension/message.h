@@ -2,8 +2,6 @@
 
 #include "widgets/skyvane_widget_bundle.h"
 
-#include <nlohmann/json.hpp>
-
 #include <string>
 #include <string_view>
 #include <variant>
@@ -11,8 +9,11 @@
 
 namespace skyvane::Extension {
 
-/// What a host tells its requests apart by: any JSON number, string or null, given back as it came.
-using RequestID = nlohmann::ordered_json;
+/// What a host tells its requests apart by: the JSON text of a number, a string or null, given back character
+/// for character.
+using RequestID = std::string;
+
+inline constexpr const char* noID = "null";
 
 enum class ErrorCode : int {
     parseError = -32700,
@@ -58,7 +59,7 @@ struct Cancellation {
 struct IgnoredNotification { };
 
 struct Refusal {
-    RequestID id; ///< Null when there is no telling.
+    RequestID id; ///< `noID` when there is no telling.
     ErrorCode code;
     std::string message;
 };

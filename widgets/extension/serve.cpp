@@ -47,7 +47,7 @@ public:
     void receive(const LineReader::Line& line)
     {
         if (line.isTooLong)
-            refuse({.id = nullptr, .code = ErrorCode::parseError, .message = "a line is longer than 64 KiB"});
+            refuse({.id = noID, .code = ErrorCode::parseError, .message = "a line is longer than 64 KiB"});
         else
             std::visit([this](auto&& message) { receive(message); }, readMessage(line.text, m_offered));
     }
@@ -119,15 +119,15 @@ void Server::start(const Request& request)
         return refuseOneTooMany(request);
     Task& task = m_tasks.emplace_back(request.id);
     const auto work = [this, request, &task](const std::stop_token& stop) {
-        const std::string answer = answerLine(request, stop);
+        std::string answer = answerLine(request, stop);
         task.isFinished = true;
-        m_output.write(answer);
+        m_output.write(std::move(answer));
     };
     try {
         task.thread = std::jthread{work};
-    } catch (const std::system_error&) {
+    } catch (const std::system_error& error) {
         m_tasks.pop_back();
-        refuseOneTooMany(request);
+        refuse({.id = request.id, .code = ErrorCode::internalError, .message = error.what()});
     }
 }
 
@@ -138,22 +138,23 @@ std::string Server::answerLine(const Request& request, const std::stop_token& st
         found = std::visit([&](const auto& call) { return result(call, stop); }, request.call);
     } catch (const CancellationError&) {
         return errorLine(request.id, ErrorCode::cancelled, "cancelled");
+    } catch (const std::exception& error) {
+        return errorLine(request.id, ErrorCode::internalError, error.what());
     }
     if (stop.stop_requested())
         return errorLine(request.id, ErrorCode::cancelled, "cancelled");
-    return resultLine(request.id, std::move(found));
+    return resultLine(request.id, found);
 }
 
 } // namespace
 
-int serve(int input, int output, const Services& services)
+void serve(int input, int output, const Services& services)
 {
     Output answers{output, input};
     LineReader lines{input, answers.lost()};
     Server server{answers, services.transport};
     while (const auto line = lines.next())
         server.receive(*line);
-    return answers.isLost() ? 1 : 0;
 }
 
 } // namespace skyvane::Extension

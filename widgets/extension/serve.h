@@ -9,8 +9,8 @@ struct Services {
     Transport transport;
 };
 
-/// Serves until the end of the input, then cancels what still runs and returns 0; returns 1 when nobody reads
-/// the output any more. The process must ignore SIGPIPE. The descriptors stay open.
-int serve(int input, int output, const Services& services);
+/// Serves until the end of the input, or until nobody reads the output any more; then cancels what still
+/// runs. The process must ignore SIGPIPE. The descriptors stay open.
+void serve(int input, int output, const Services& services);
 
 } // namespace skyvane::Extension

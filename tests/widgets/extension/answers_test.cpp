@@ -100,13 +100,22 @@ TEST(Answers, aTimelineSaysWhenToAskAgain)
 
 TEST(Answers, aLineHoldsNoLineBreakButItsLast)
 {
-    const std::string line = resultLine("a\nb", {{"text", "c\r\nd"}});
+    const std::string line = resultLine(R"("a\nb")", {{"text", "c\r\nd"}});
     EXPECT_EQ(line, "{\"jsonrpc\":\"2.0\",\"id\":\"a\\nb\",\"result\":{\"text\":\"c\\r\\nd\"}}\n");
+}
+
+TEST(Answers, anIdentityIsGivenBackCharacterForCharacter)
+{
+    for (const char* const id : {"1e2", "123456789012345678901234567890", R"("\u0061\/")", "null"}) {
+        EXPECT_EQ(resultLine(id, 7), std::string{R"({"jsonrpc":"2.0","id":)"} + id + ",\"result\":7}\n");
+        EXPECT_THAT(errorLine(id, ErrorCode::cancelled, "cancelled"),
+            testing::StartsWith(std::string{R"({"jsonrpc":"2.0","id":)"} + id + ",\"error\":"));
+    }
 }
 
 TEST(Answers, anErrorNamesItsCode)
 {
-    EXPECT_EQ(errorLine(nullptr, ErrorCode::parseError, "not JSON"),
+    EXPECT_EQ(errorLine(noID, ErrorCode::parseError, "not JSON"),
         "{\"jsonrpc\":\"2.0\",\"id\":null,\"error\":{\"code\":-32700,\"message\":\"not JSON\"}}\n");
 }
 
@@ -132,7 +141,7 @@ TEST(Answers, noRecordOfAFeedMakesOneTooLong)
             for (const WidgetFamily family : shown.supportedFamilies) {
                 const Result result = timelineResult(
                     {.entries = {sky}, .reloadAfter = {}}, {.widget = &shown, .family = family});
-                EXPECT_THAT(resultLine(1, result), testing::Not(testing::HasSubstr("\"error\"")))
+                EXPECT_THAT(resultLine("1", result), testing::Not(testing::HasSubstr("\"error\"")))
                     << shown.kind;
             }
     }
@@ -141,10 +150,10 @@ TEST(Answers, noRecordOfAFeedMakesOneTooLong)
 TEST(Answers, aResultThatIsTooLongBecomesAnError)
 {
     constexpr std::size_t limit = std::size_t{256} << 10;
-    const std::size_t frame = resultLine(1, "").size();
-    EXPECT_EQ(resultLine(1, std::string(limit - frame, 'x')).size(), limit);
-    EXPECT_EQ(resultLine(1, std::string(limit - frame + 1, 'x')),
-        errorLine(1, ErrorCode::internalError, "the answer is longer than 256 KiB"));
+    const std::size_t frame = resultLine("1", "").size();
+    EXPECT_EQ(resultLine("1", std::string(limit - frame, 'x')).size(), limit);
+    EXPECT_EQ(resultLine("1", std::string(limit - frame + 1, 'x')),
+        errorLine("1", ErrorCode::internalError, "the answer is longer than 256 KiB"));
 }
 
 } // namespace skyvane::Extension

@@ -52,7 +52,7 @@ struct RefusalCase {
     std::string line;
     ErrorCode code;
     std::string message;
-    RequestID id = nullptr;
+    RequestID id = noID;
 };
 
 class RefusedLines : public testing::TestWithParam<RefusalCase> { };
@@ -61,7 +61,7 @@ RefusalCase params(const char* situation, const char* method, const char* params
 {
     return {situation,
         R"({"jsonrpc":"2.0","id":"x","method":")" + std::string{method} + R"(","params":)" + params + "}",
-        ErrorCode::invalidParams, message, "x"};
+        ErrorCode::invalidParams, message, "\"x\""};
 }
 
 } // namespace
@@ -90,9 +90,9 @@ INSTANTIATE_TEST_SUITE_P(Message, RefusedLines,
         RefusalCase{"idAsATruth", R"({"jsonrpc":"2.0","id":true,"method":"widgets.list"})",
             ErrorCode::invalidRequest, "id is not a string, a number or null"},
         RefusalCase{"unknownMethod", R"({"jsonrpc":"2.0","id":2,"method":"widgets.List","params":[]})",
-            ErrorCode::unknownMethod, "unknown method \"widgets.List\"", 2},
+            ErrorCode::unknownMethod, "unknown method \"widgets.List\"", "2"},
         RefusalCase{"cancelAsARequest", R"({"jsonrpc":"2.0","id":2,"method":"cancel","params":{"id":1}})",
-            ErrorCode::unknownMethod, "unknown method \"cancel\"", 2},
+            ErrorCode::unknownMethod, "unknown method \"cancel\"", "2"},
         params("paramsAsAList", "widgets.list", "[]", "params is not an object"),
         params("paramsAsNull", "widgets.list", "null", "params is not an object"),
         params("noKind", "widgets.placeholder", R"({"family":"small"})", "kind is missing"),
@@ -119,7 +119,7 @@ TEST(Message, whatIsNotJSONIsAParseErrorOfNoRequest)
         {"", "x", "{", R"({"jsonrpc":"2.0","id":1,"method":"widgets.list"} x)", "\"\xff\""}) {
         const auto refusal = std::get<Refusal>(read(line));
         EXPECT_EQ(refusal.code, ErrorCode::parseError) << line;
-        EXPECT_EQ(refusal.id, nullptr) << line;
+        EXPECT_EQ(refusal.id, noID) << line;
         EXPECT_NE(refusal.message, "") << line;
     }
 }
@@ -154,24 +154,31 @@ TEST(Message, theListTakesNoParams)
 
 TEST(Message, theFirstOfTwoEqualKeysCounts)
 {
-    EXPECT_EQ(std::get<Request>(read(R"({"jsonrpc":"2.0","id":1,"id":2,"method":"widgets.list"})")).id, 1);
+    EXPECT_EQ(std::get<Request>(read(R"({"jsonrpc":"2.0","id":1,"id":2,"method":"widgets.list"})")).id, "1");
 }
 
-TEST(Message, anIdentityKeepsItsType)
+TEST(Message, anIdentityStaysAsItWasSent)
 {
-    for (const char* id :
-        {"1", "-9223372036854775808", "18446744073709551615", "1.0", "0.1", "\"1\"", "\"\"", "null"}) {
+    for (const char* id : {"1", "-9223372036854775808", "18446744073709551615",
+             "123456789012345678901234567890", "1.0", "1.50", "1e2", "-0", "1E+999", "0.1", R"("1")", R"("")",
+             R"("\u0061\/é\ud800")", R"("a }, \"b")", "null"}) {
         const Message message
-            = read(R"({"jsonrpc":"2.0","method":"widgets.list","id":)" + std::string{id} + "}");
-        EXPECT_EQ(std::get<Request>(message).id.dump(), id);
+            = read(R"({"jsonrpc":"2.0","x":[{"id":0},"id"],"method":"widgets.list", "\u0069d" : )"
+                + std::string{id} + " }");
+        ASSERT_TRUE(std::holds_alternative<Request>(message)) << id;
+        EXPECT_EQ(std::get<Request>(message).id, id);
     }
 }
 
 TEST(Message, aCancellationNamesItsRequest)
 {
-    EXPECT_EQ(
-        std::get<Cancellation>(read(R"({"jsonrpc":"2.0","method":"cancel","params":{"id":"a"}})")).id, "a");
-    EXPECT_EQ(std::get<Cancellation>(read(R"({"jsonrpc":"2.0","method":"cancel","params":{"id":7}})")).id, 7);
+    const auto cancelled = [](const std::string& params) {
+        return std::get<Cancellation>(read(R"({"jsonrpc":"2.0","method":"cancel","params":)" + params + "}"))
+            .id;
+    };
+    EXPECT_EQ(cancelled(R"({"id":"a"})"), R"("a")");
+    EXPECT_EQ(cancelled(R"({"x":{"id":8},"id":7})"), "7");
+    EXPECT_EQ(cancelled(R"({ "id" : 123456789012345678901234567890 })"), "123456789012345678901234567890");
 }
 
 TEST(Message, otherNotificationsMeanNothing)

@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <csignal>
 #include <future>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -54,6 +56,12 @@ protected:
         return text;
     }
 
+    static bool waitUntilLost(const Output& output, std::chrono::milliseconds within = 10s)
+    {
+        pollfd event{.fd = output.lost(), .events = POLLIN, .revents = 0};
+        return poll(&event, 1, static_cast<int>(within.count())) > 0;
+    }
+
     std::array<int, 2> outputEnds;
     std::array<int, 2> inputEnds;
 };
@@ -85,7 +93,7 @@ TEST_F(OutputTest, isLostWhenItsReaderIsGone)
     closeOnce(outputEnds[0]);
     EXPECT_FALSE(output.isLost());
     output.write("x");
-    EXPECT_TRUE(output.isLost());
+    EXPECT_TRUE(waitUntilLost(output));
     output.write("x");
     EXPECT_TRUE(output.isLost());
 }
@@ -93,34 +101,69 @@ TEST_F(OutputTest, isLostWhenItsReaderIsGone)
 TEST_F(OutputTest, isLostWhenItsReaderGoesInTheMiddle)
 {
     Output output{outputEnds[1], inputEnds[0]};
-    auto writing = std::async(std::launch::async, [&] { output.write(std::string(1'000'000, 'x')); });
+    output.write(std::string(1'000'000, 'x'));
     EXPECT_EQ(read(10'000).size(), 10'000U);
     closeOnce(outputEnds[0]);
-    writing.get();
-    EXPECT_TRUE(output.isLost());
+    EXPECT_TRUE(waitUntilLost(output));
 }
 
-TEST_F(OutputTest, waitsForASlowReaderWhileThereIsInput)
+TEST_F(OutputTest, waitsForASlowReaderWhileThereIsInputAndHoldsUpNobody)
 {
     Output output{outputEnds[1], inputEnds[0]};
-    auto writing = std::async(std::launch::async, [&] { output.write(std::string(200'000, 'x')); });
-    EXPECT_EQ(writing.wait_for(700ms), std::future_status::timeout);
-    EXPECT_EQ(read(200'000).size(), 200'000U);
-    writing.get();
+    const auto start = steady_clock::now();
+    for (const char letter : {'a', 'b', 'c'})
+        output.write(std::string(200'000, letter));
+    EXPECT_LT(steady_clock::now() - start, 500ms);
+    EXPECT_FALSE(waitUntilLost(output, 700ms));
+    for (const char letter : {'a', 'b', 'c'})
+        EXPECT_EQ(read(200'000), std::string(200'000, letter));
     EXPECT_FALSE(output.isLost());
+}
+
+TEST_F(OutputTest, holdsNoMoreThanSomeMegabytes)
+{
+    Output output{outputEnds[1], inputEnds[0]};
+    constexpr std::size_t mebibyte = std::size_t{1} << 20;
+    auto writing = std::async(std::launch::async, [&] {
+        for (int count = 0; count < 12; ++count)
+            output.write(std::string(mebibyte, 'x'));
+    });
+    EXPECT_EQ(writing.wait_for(300ms), std::future_status::timeout);
+    EXPECT_EQ(read(12 * mebibyte).size(), 12 * mebibyte);
+    writing.get();
 }
 
 TEST_F(OutputTest, waitsHalfASecondFromTheEndOfTheInputOn)
 {
     Output output{outputEnds[1], inputEnds[0]};
-    auto writing = std::async(std::launch::async, [&] { output.write(std::string(200'000, 'x')); });
-    EXPECT_EQ(writing.wait_for(20ms), std::future_status::timeout);
+    output.write(std::string(200'000, 'x'));
+    EXPECT_FALSE(waitUntilLost(output, 20ms));
     const auto start = steady_clock::now();
     closeOnce(inputEnds[1]);
-    writing.get();
-    EXPECT_TRUE(output.isLost());
+    EXPECT_TRUE(waitUntilLost(output));
     EXPECT_GE(steady_clock::now() - start, 490ms);
     EXPECT_LT(steady_clock::now() - start, 800ms);
+}
+
+TEST_F(OutputTest, itsEndWaitsHalfASecondForASlowReader)
+{
+    auto output = std::make_unique<Output>(outputEnds[1], inputEnds[0]);
+    output->write("first");
+    output->write(std::string(200'000, 'x'));
+    const auto start = steady_clock::now();
+    output.reset();
+    EXPECT_GE(steady_clock::now() - start, 490ms);
+    EXPECT_LT(steady_clock::now() - start, 800ms);
+    EXPECT_EQ(read(5), "first");
+}
+
+TEST_F(OutputTest, itsEndHandsOverWhatIsWritten)
+{
+    auto reading = std::async(std::launch::async, [this] { return read(1'000'000); });
+    auto output = std::make_unique<Output>(outputEnds[1], inputEnds[0]);
+    output->write(std::string(1'000'000, 'x'));
+    output.reset();
+    EXPECT_EQ(reading.get(), std::string(1'000'000, 'x'));
 }
 
 } // namespace skyvane::Extension

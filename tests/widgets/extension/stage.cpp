@@ -100,6 +100,12 @@ void Stage::closeOutput()
 
 nlohmann::json Stage::hear(std::chrono::milliseconds patience)
 {
+    const std::string line = hearLine(patience);
+    return line.empty() ? nlohmann::json(nullptr) : nlohmann::json::parse(line);
+}
+
+std::string Stage::hearLine(std::chrono::milliseconds patience)
+{
     std::size_t end = 0;
     while ((end = m_heard.find('\n')) == std::string::npos) {
         pollfd answer{.fd = m_output, .events = POLLIN, .revents = 0};
@@ -108,12 +114,12 @@ nlohmann::json Stage::hear(std::chrono::milliseconds patience)
             ? read(m_output, bytes.data(), bytes.size())
             : 0;
         if (count <= 0)
-            return nullptr;
+            return {};
         m_heard.append(bytes.data(), static_cast<std::size_t>(count));
     }
-    const std::string line = m_heard.substr(0, end);
+    std::string line = m_heard.substr(0, end);
     m_heard.erase(0, end + 1);
-    return nlohmann::json::parse(line);
+    return line;
 }
 
 std::optional<int> Stage::exitStatus(std::chrono::milliseconds within)

@@ -39,6 +39,9 @@ public:
     /// The next answer; null when there is none within that time.
     nlohmann::json hear(std::chrono::milliseconds patience = std::chrono::seconds{12});
 
+    /// The same as it came, without the line break; empty when there is none.
+    std::string hearLine(std::chrono::milliseconds patience = std::chrono::seconds{12});
+
     /// What the extension ended with; absent while it runs on for longer than that.
     std::optional<int> exitStatus(std::chrono::milliseconds within);
 
