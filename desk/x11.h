@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include <xcb/xcb.h>
 
@@ -14,6 +15,12 @@ namespace skyvane::X11 {
 
 /// The application's own. Null where its windows are not the X server's.
 xcb_connection_t* connection();
+
+xcb_window_t root(xcb_connection_t* connection);
+
+/// The 32-bit words of a window's property; empty where it has none of this type.
+std::vector<std::uint32_t> words(
+    xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type);
 
 /// By their names, asked for in one turn; XCB_ATOM_NONE where the server fails.
 template <std::size_t count>

@@ -164,7 +164,7 @@ void Desktop::openWindow(const PlacedWidget& widget)
     Window window{new WidgetWindow{widget.target.family, m_fonts, actionsOf(widget.id)}};
     window->setShaped(!m_isComposited);
     moveOnDesktop(*window, Placing::frame(widget.placement, window->size(), Screens::all()).topLeft());
-    window->show();
+    showOnDesktop(*window);
     m_windows[widget.id] = std::move(window);
     nameWindow(widget);
     m_schedule.add(widget.id, widget.target);

@@ -104,6 +104,7 @@ void WidgetWindow::paintEvent(QPaintEvent*)
 
 void WidgetWindow::mousePressEvent(QMouseEvent* event)
 {
+    stayOnDesktop(*this);
     if (event->button() != Qt::LeftButton)
         return;
     m_pressed = event->globalPosition().toPoint();

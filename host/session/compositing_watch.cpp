@@ -22,8 +22,7 @@ CompositingWatch::CompositingWatch(std::function<void()> changed) : m_changed(st
         return;
     m_event = static_cast<std::uint8_t>(fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY);
     // The toolkit asks for the same events: the server keeps one mask a window, which must not lose any.
-    xcb_xfixes_select_selection_input(connection,
-        xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root, m_compositor,
+    xcb_xfixes_select_selection_input(connection, X11::root(connection), m_compositor,
         XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
             | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY
             | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);

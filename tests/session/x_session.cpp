@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <fstream>
 #include <stdexcept>
 
 namespace skyvane::test {
@@ -22,7 +23,7 @@ void end(QProcess& process)
 
 } // namespace
 
-XSession::XSession()
+XSession::XSession(WindowManager windowManager)
 {
     m_environment = QProcessEnvironment::systemEnvironment();
     m_environment.insert("HOME", QString::fromStdString(m_home.path().string()));
@@ -32,6 +33,13 @@ XSession::XSession()
     m_bus = std::make_unique<MessageBus>(m_environment);
     for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"})
         m_environment.insert(name, m_bus->address());
+    startServer();
+    if (windowManager != WindowManager::none)
+        startWindowManager(windowManager);
+}
+
+void XSession::startServer()
+{
     m_server.setStandardErrorFile(QProcess::nullDevice());
     m_server.start(
         "Xvfb", {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp", "-noreset"});
@@ -42,13 +50,24 @@ XSession::XSession()
         display += m_server.readAllStandardOutput();
     }
     m_environment.insert("DISPLAY", ":" + QString::fromUtf8(display.trimmed()));
+}
 
+void XSession::startWindowManager(WindowManager windowManager)
+{
     m_windowManager.setProcessEnvironment(m_environment);
+    m_windowManager.setStandardOutputFile(QProcess::nullDevice());
     m_windowManager.setStandardErrorFile(QProcess::nullDevice());
     // Long after it has announced itself it still loses windows that are mapped while it starts.
     const QString sign = "xprop -root -format IS_MANAGED 8s -set IS_MANAGED yes";
-    m_windowManager.start(
-        "openbox", {"--sm-disable", "--config-file", "/etc/xdg/openbox/rc.xml", "--startup", sign});
+    if (windowManager == WindowManager::i3) {
+        const auto configuration = m_home.path() / "i3.config";
+        std::ofstream{configuration} << "font pango:monospace 8\nexec --no-startup-id " << sign.toStdString()
+                                     << "\n";
+        m_windowManager.start("i3", {"-c", QString::fromStdString(configuration.string())});
+    } else {
+        m_windowManager.start(
+            "openbox", {"--sm-disable", "--config-file", "/etc/xdg/openbox/rc.xml", "--startup", sign});
+    }
     const bool isManaged = waitFor([&] {
         return run("xprop", {"-root", "IS_MANAGED"}).find("yes") != std::string::npos;
     });

@@ -12,11 +12,17 @@
 
 namespace skyvane::test {
 
+enum class WindowManager {
+    openbox,
+    i3, ///< A tiling one.
+    none,
+};
+
 /// An X server of 1280 by 900 pixels on a display of its own, with a window manager and a message bus, which
 /// is its system's too; all end with it.
 class XSession {
 public:
-    XSession();
+    explicit XSession(WindowManager windowManager = WindowManager::openbox);
     ~XSession();
     XSession(const XSession&) = delete;
     XSession& operator=(const XSession&) = delete;
@@ -41,6 +47,9 @@ public:
     const MessageBus& bus() const { return *m_bus; }
 
 private:
+    void startServer();
+    void startWindowManager(WindowManager windowManager);
+
     ScratchFolder m_home;
     QProcessEnvironment m_environment;
     std::unique_ptr<MessageBus> m_bus;

@@ -15,7 +15,9 @@ namespace skyvane {
 /// The desktop as a process of an X session; a test may end and start it again.
 class DesktopTest : public testing::Test {
 protected:
-    explicit DesktopTest(const std::string& behaviour = "linked") : extension(behaviour)
+    explicit DesktopTest(const std::string& behaviour = "linked",
+        test::WindowManager windowManager = test::WindowManager::openbox)
+        : session(windowManager), extension(behaviour)
     {
         std::ofstream{configuration} << "{}";
     }

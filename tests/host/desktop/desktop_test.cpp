@@ -8,7 +8,7 @@ TEST_F(DesktopTest, theFirstStartPlacesThreeWidgetsAsPartsOfTheDesktop)
     EXPECT_TRUE(isInFile(3));
     for (const std::string& window : windows) {
         for (const char* hint : {"_NET_WM_STATE_BELOW", "_NET_WM_STATE_SKIP_TASKBAR",
-                 "_NET_WM_STATE_SKIP_PAGER", "_NET_WM_WINDOW_TYPE_UTILITY",
+                 "_NET_WM_STATE_SKIP_PAGER", "_NET_WM_WINDOW_TYPE_DOCK",
                  "_NET_WM_DESKTOP(CARDINAL) = 4294967295", "_NET_FRAME_EXTENTS(CARDINAL) = 0, 0, 0, 0"}) {
             std::string hints;
             const bool isGiven = test::waitFor([&] {
@@ -37,27 +37,6 @@ TEST_F(DesktopTest, withoutAConfigurationTheFirstStartAndOnlyThatWelcomes)
     ASSERT_TRUE(start(3));
     EXPECT_TRUE(test::waitFor([&] { return !extension.events("widgets.timeline").empty(); }));
     EXPECT_EQ(host.readAllStandardOutput(), "");
-}
-
-TEST_F(DesktopTest, widgetsStayBelowAnOrdinaryWindow)
-{
-    QProcess ordinary;
-    ordinary.setProcessEnvironment(session.environment());
-    ordinary.setStandardOutputFile(QProcess::nullDevice());
-    ordinary.start("xev", {"-geometry", "600x600+600+100"});
-    ordinary.waitForStarted();
-    std::vector<unsigned long> first;
-    ASSERT_TRUE(test::waitFor([&] {
-        first = session.stacking();
-        return first.size() == 1;
-    }));
-    ASSERT_TRUE(start(3));
-    EXPECT_TRUE(test::waitFor([&] {
-        const auto stacking = session.stacking();
-        return stacking.size() == 4 && stacking.back() == first.front();
-    }));
-    ordinary.terminate();
-    ordinary.waitForFinished();
 }
 
 TEST_F(DesktopTest, aDraggedWidgetIsBackInItsPlaceAfterARestart)
