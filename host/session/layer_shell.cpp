@@ -56,7 +56,8 @@ void adopt(QWidget& window)
     layer->setLayer(LayerShellQt::Window::LayerBottom);
     layer->setAnchors({LayerShellQt::Window::AnchorTop, LayerShellQt::Window::AnchorLeft});
     layer->setKeyboardInteractivity(LayerShellQt::Window::KeyboardInteractivityOnDemand);
-    layer->setScope(QStringLiteral("skyvane-widget"));
+    layer->setScope(QStringLiteral("dock")); // KWin tells by it what stays when the desktop is shown.
+    layer->setExclusiveZone(-1); // Margins count from the screen's edge, not from a panel's.
     layer->setCloseOnDismissed(false);
 }
 
