@@ -65,7 +65,10 @@ Desktop::Desktop(ExtensionProcess& extension, const DesktopSetup& setup)
         if (!std::filesystem::exists(setup.configuration, ignored))
             setup.welcome();
     }
-    learnWidgets();
+    if (m_placed.empty())
+        showGallery(); // Nothing else would lead to it.
+    else
+        learnWidgets();
 }
 
 Desktop::~Desktop()

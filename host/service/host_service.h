@@ -7,8 +7,15 @@ namespace skyvane {
 
 class Desktop;
 
-/// The session's running host as other processes reach it over D-Bus: org.skyvane.Host. Every method answers
-/// one text, to be printed.
+/// The session's running host as other processes reach it over D-Bus: the interface org.skyvane.Host of the
+/// name org.skyvane.Host. Every method answers one text, to be printed; empty for those without a result.
+///
+///     Add(s kind, s family)   a widget more; its number
+///     Remove(i widget)
+///     Refresh()               all of them
+///     ListPlaced()            number, kind and family, one widget a line
+///     ShowGallery()           of widgets to add; as a second start of the program does
+///     Quit()
 class HostService : public QDBusVirtualObject {
 public:
     static QString name();

@@ -14,6 +14,23 @@ TEST_F(DesktopTest, theMenuRemovesAWidgetForGood)
     EXPECT_TRUE(start(2));
 }
 
+TEST_F(DesktopTest, anEmptyDesktopStartsWithTheGallery)
+{
+    HostFile{hostFile}.write({});
+    ASSERT_TRUE(start(1));
+    EXPECT_EQ(gallery(), windows.front());
+    EXPECT_TRUE(test::waitFor([&] { return extension.events("widgets.snapshot").size() >= 3; }));
+}
+
+TEST_F(DesktopTest, theGalleryIsShownWhenTheBusAsks)
+{
+    ASSERT_TRUE(start(3));
+    session.run("dbus-send",
+        {"--session", "--print-reply", "--dest=org.skyvane.Host", "/org/skyvane/Host",
+            "org.skyvane.Host.ShowGallery"});
+    EXPECT_FALSE(gallery().empty());
+}
+
 TEST_F(DesktopTest, theGalleryAddsAWidget)
 {
     ASSERT_TRUE(start(3));
