@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/views/sky_entry.h"
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 
 #include <stop_token>
 #include <vector>

@@ -3,7 +3,7 @@
 #include "companion/app/command_line.h"
 #include "companion/host_switch/autostart.h"
 #include "companion/photo/photo_decoder.h"
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 
 #include <QDBusConnection>
 #include <QString>

@@ -6,7 +6,7 @@
 #include "core/enrichment/flight_route.h"
 #include "core/enrichment/plane_photo.h"
 #include "core/model/aircraft.h"
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 
 #include <QImage>
 

@@ -3,7 +3,7 @@
 #include "companion/feed/errands.h"
 #include "core/config/shared_state.h"
 #include "core/views/sky_entry.h"
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 
 #include <QTimer>
 

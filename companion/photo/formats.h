@@ -1,6 +1,10 @@
 #pragma once
 
-#include "companion/photo/photo_file.h"
+#include "companion/photo/limits.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace skyvane::PhotoFile {
 

@@ -1,9 +1,19 @@
 #pragma once
 
-#include "companion/sky/sky_model.h"
+#include "core/model/aircraft.h"
+
+#include <QString>
+#include <QVariant>
+
+#include <string>
+
+namespace skyvane {
+
+/// The sky list's columns, in their order.
+enum class SkyColumn { name, model, operatorName, distance, altitude, climb };
 
 /// What stands in the cells of the sky list.
-namespace skyvane::SkyCells {
+namespace SkyCells {
 
 QString title(SkyColumn column);
 QString text(const Aircraft& aircraft, SkyColumn column, const std::string& unit);
@@ -20,4 +30,6 @@ QString summary(const Aircraft& aircraft);
 /// Every text by which it may be looked for, one a line.
 QString searched(const Aircraft& aircraft);
 
-} // namespace skyvane::SkyCells
+} // namespace SkyCells
+
+} // namespace skyvane

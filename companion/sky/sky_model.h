@@ -10,8 +10,6 @@
 
 namespace skyvane {
 
-enum class SkyColumn { name, model, operatorName, distance, altitude, climb };
-
 /// The aircraft of the sky, one a row.
 class SkyModel : public QAbstractTableModel {
     Q_OBJECT

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/json/decode.h"
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 
 #include <exception>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/enrichment/plane_photo.h"
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 
 #include <optional>
 #include <stop_token>

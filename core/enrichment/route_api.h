@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/enrichment/flight_route.h"
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 
 #include <optional>
 #include <stop_token>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 
 namespace skyvane {
 

@@ -3,7 +3,7 @@
 #include "core/feed/fetch_error.h"
 #include "core/model/aircraft.h"
 #include "core/model/home_location.h"
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 
 #include <stop_token>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "platform/net/authorities.h"
 
 #include "platform/net/handles.h"
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 #include "platform/pinned.h"
 
 namespace skyvane {

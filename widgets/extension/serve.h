@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/net/url_session.h"
+#include "platform/net/transport.h"
 
 /// The widget extension: answers a host's questions as docs/protocol.md has it.
 namespace skyvane::Extension {
