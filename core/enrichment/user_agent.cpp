@@ -4,8 +4,7 @@ namespace skyvane {
 
 HTTPHeader userAgent()
 {
-    return {.name = "User-Agent",
-        .value = "Skyvane/1.1 (+mailto:" SKYVANE_CONTACT_EMAIL ")"};
+    return {.name = "User-Agent", .value = "Skyvane/1.1 (+mailto:" SKYVANE_CONTACT_EMAIL ")"};
 }
 
 } // namespace skyvane

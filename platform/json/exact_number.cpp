@@ -1,5 +1,7 @@
 #include "platform/json/exact_number.h"
 
+#include "platform/json/decimal.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -57,68 +59,6 @@ std::size_t endOfNumber(std::string_view text, std::size_t start)
     return end;
 }
 
-/// A number token: its digits without zeros in front and at the end, as a whole number times a power of ten.
-struct Decimal {
-    bool isNegative = false;
-    std::string digits{}; ///< Empty for zero.
-    std::int64_t exponent = 0;
-
-    static Decimal of(std::string_view token)
-    {
-        Decimal result{.isNegative = token.starts_with('-')};
-        const std::size_t mark = std::min(token.find_first_of("eE"), token.size());
-        bool isFraction = false;
-        for (const char character : token.substr(0, mark)) {
-            isFraction = isFraction || character == '.';
-            if (isDigit(character))
-                result.append(character, isFraction);
-        }
-        while (result.digits.ends_with('0')) {
-            result.digits.pop_back();
-            ++result.exponent;
-        }
-        if (mark < token.size())
-            result.exponent += exponentIn(token.substr(mark + 1));
-        return result;
-    }
-
-private:
-    void append(char digit, bool isFraction)
-    {
-        if (digit != '0' || !digits.empty())
-            digits += digit;
-        exponent -= isFraction ? 1 : 0;
-    }
-
-    /// Of one that is absurd, another so far beyond all doubles that no text can be long enough to make up
-    /// for it.
-    static std::int64_t exponentIn(std::string_view text)
-    {
-        constexpr std::int64_t absurd = 1'000'000'000;
-        text.remove_prefix(text.starts_with('+') ? 1 : 0);
-        std::int64_t value = 0;
-        if (std::from_chars(text.data(), text.data() + text.size(), value).ec != std::errc{})
-            value = text.starts_with('-') ? -absurd : absurd;
-        return std::clamp(value, -absurd, absurd);
-    }
-};
-
-/// The value when it is whole and fits 64 bits.
-std::optional<std::int64_t> exactly(const Decimal& decimal)
-{
-    constexpr std::int64_t mostDigits = 19;
-    if (decimal.digits.empty())
-        return 0;
-    if (decimal.exponent < 0 || decimal.exponent >= mostDigits)
-        return std::nullopt;
-    std::string text = (decimal.isNegative ? "-" : "") + decimal.digits;
-    text.append(static_cast<std::size_t>(decimal.exponent), '0');
-    std::int64_t value = 0;
-    if (std::from_chars(text.data(), text.data() + text.size(), value).ec != std::errc{})
-        return std::nullopt;
-    return value;
-}
-
 /// What a reader of the double alone would take it for.
 std::optional<std::int64_t> rounded(double value)
 {
@@ -134,7 +74,7 @@ bool isOdd(std::string_view number)
 {
     if (number == "-0")
         return true;
-    const auto exact = exactly(Decimal::of(number));
+    const auto exact = Decimal::of(number).wholeNumber();
     if (number.find_first_of(".eE") == std::string_view::npos)
         return !exact;
     double nearest = 0;
@@ -363,7 +303,7 @@ std::optional<double> number(std::string_view string)
 std::optional<std::int64_t> wholeNumber(std::string_view string)
 {
     const auto text = numberToken(string);
-    return text ? exactly(Decimal::of(*text)) : std::nullopt;
+    return text ? Decimal::of(*text).wholeNumber() : std::nullopt;
 }
 
 } // namespace skyvane::JSON::Exact
