@@ -1,6 +1,7 @@
 #include "companion/app/command_line.h"
 #include "companion/app/run_companion.h"
 #include "desk/activation.h"
+#include "paint/display.h"
 #include "platform/text/localized.h"
 
 #include <QApplication>
@@ -36,7 +37,7 @@ int main(int argc, char* argv[])
     const QString token = skyvane::Activation::tokenOfStart();
     skyvane::useCatalogues(catalogueFolder());
     int programNameOnly = 1;
-    QApplication application{programNameOnly, argv};
+    const auto application = skyvane::Display{"skyvane"}.open<QApplication>(programNameOnly, argv);
     QApplication::setApplicationName(QStringLiteral("skyvane"));
     QApplication::setApplicationDisplayName(QStringLiteral("Skyvane"));
     QApplication::setDesktopFileName(QStringLiteral("org.skyvane.Companion"));

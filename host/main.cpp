@@ -2,6 +2,7 @@
 #include "host/extension/path.h"
 #include "host/service/run_desktop.h"
 #include "host/session/layer_shell.h"
+#include "paint/display.h"
 #include "platform/text/localized.h"
 
 #include <QApplication>
@@ -59,8 +60,9 @@ int main(int argc, char* argv[])
         .program = skyvane::companionPath(programFolder()),
         .environment = QProcessEnvironment::systemEnvironment(),
     };
+    const skyvane::Display display{"skyvane-host"};
     choosePlatform();
     QApplication::setDesktopFileName(QStringLiteral("org.skyvane.Host"));
-    QApplication application{argc, argv};
+    const auto application = display.open<QApplication>(argc, argv);
     return skyvane::runDesktop(extension(), skyvane::standardSetup(companion));
 }

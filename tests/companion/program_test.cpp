@@ -242,6 +242,32 @@ TEST_F(CompanionProgram, theWindowIsBackInItsPlace)
     EXPECT_TRUE(test::waitFor([&] { return session.frameOf(window()).size() == QSize(900, 600); }));
 }
 
+TEST_F(CompanionProgram, withoutADisplayItEndsWithOneLine)
+{
+    for (const QString display : {"", ":59999"}) {
+        session.set("DISPLAY", display);
+        QProcess lost;
+        lost.setProcessEnvironment(session.environment());
+        lost.start(SKYVANE_COMPANION, {"skyvane://open"});
+        lost.waitForFinished();
+        EXPECT_EQ(lost.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(lost.exitCode(), 1);
+        EXPECT_EQ(lost.readAllStandardError().toStdString(),
+            "skyvane: no display: none is found by DISPLAY=" + display.toStdString()
+                + ", QT_QPA_PLATFORM=xcb\n");
+    }
+}
+
+TEST_F(CompanionProgram, whatTheToolkitSaysOnTheWayToADisplayIsSaid)
+{
+    session.set("QT_QPA_PLATFORM", "nonsense;xcb");
+    first.setProcessEnvironment(session.environment());
+    first.start(SKYVANE_COMPANION, QStringList{});
+    QByteArray said;
+    EXPECT_TRUE(test::waitFor([&] { return (said += first.readAllStandardError()).contains("nonsense"); }));
+    EXPECT_TRUE(isCalled("The sky over Home"));
+}
+
 TEST_F(CompanionProgram, mistakesOnTheCommandLineAreSaid)
 {
     QProcess mistaken;

@@ -20,9 +20,11 @@ struct Outcome {
 };
 
 /// The program as a user starts it, with the extension of its own build.
-Outcome runProgram(const QStringList& words, const std::filesystem::path& folder)
+Outcome runProgram(const QStringList& words, const std::filesystem::path& folder,
+    const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
 {
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.setWorkingDirectory(QString::fromStdString(folder.string()));
     process.start(SKYVANE_HOST, words);
     process.waitForFinished();
@@ -31,6 +33,20 @@ Outcome runProgram(const QStringList& words, const std::filesystem::path& folder
         process.readAllStandardOutput().toStdString(),
         process.readAllStandardError().toStdString(),
     };
+}
+
+/// An environment without a display, but for these variables.
+QProcessEnvironment withoutDisplay(const std::filesystem::path& folder, const QStringList& variables = {})
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM"})
+        environment.remove(name);
+    for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
+        environment.insert(name, QString::fromStdString(folder.string()));
+    environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+    for (const QString& variable : variables)
+        environment.insert(variable.section('=', 0, 0), variable.section('=', 1));
+    return environment;
 }
 
 } // namespace
@@ -60,6 +76,36 @@ TEST(Program, theSampleOfEveryListedWidgetAndFamilyIsRendered)
                 QSizeF(size.width, size.height).toSize());
         }
     }
+}
+
+TEST(Program, withoutADisplayItEndsWithOneLine)
+{
+    const test::ScratchFolder folder;
+    const QStringList dead{"DISPLAY=:59999", "WAYLAND_DISPLAY=wayland-none"};
+    for (const QStringList& variables : {QStringList{}, dead.mid(0, 1), dead.mid(1, 1), dead,
+             dead + QStringList{"QT_QPA_PLATFORM=wayland;xcb"}, QStringList{"QT_QPA_PLATFORM=xcb"},
+             QStringList{"QT_QPA_PLATFORM=nonsense"}}) {
+        const Outcome outcome = runProgram({}, folder.path(), withoutDisplay(folder.path(), variables));
+        const std::string why = variables.empty() ? "neither DISPLAY nor WAYLAND_DISPLAY is set"
+                                                  : "none is found by " + variables.join(", ").toStdString();
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.error, "skyvane-host: no display: " + why + "\n");
+        EXPECT_EQ(outcome.out, "");
+    }
+}
+
+TEST(Program, commandsNeedNoDisplay)
+{
+    const test::ScratchFolder folder;
+    const auto environment = withoutDisplay(folder.path(), {"QT_QPA_PLATFORM=xcb"});
+    for (const QStringList& words : {QStringList{"--help"}, QStringList{"--version"}, QStringList{"list"},
+             QStringList{"render", "radar", "small", "--sample"}}) {
+        const Outcome outcome = runProgram(words, folder.path(), environment);
+        EXPECT_EQ(outcome.status, 0) << words.join(' ').toStdString();
+        EXPECT_EQ(outcome.error, "");
+    }
+    EXPECT_EQ(runProgram({"quit"}, folder.path(), environment).error,
+        "skyvane-host: there is no session bus to ask the running host on\n");
 }
 
 TEST(Program, wrongWordsAreOneLineOnStandardError)
