@@ -2,6 +2,7 @@
 #include "host/extension/path.h"
 #include "host/service/run_desktop.h"
 #include "host/session/layer_shell.h"
+#include "host/session/toolkit_look.h"
 #include "paint/display.h"
 #include "platform/text/localized.h"
 
@@ -55,13 +56,14 @@ int main(int argc, char* argv[])
     if (!words.empty())
         return runCommand(words, argv);
     skyvane::useCatalogues(programFolder() / "../share/locale");
-    // Before the toolkit takes out of the environment what lets a window come to the front.
+    // As the user has it: some of it is taken out below, some by the toolkit.
     const skyvane::Companion companion{
         .program = skyvane::companionPath(programFolder()),
         .environment = QProcessEnvironment::systemEnvironment(),
     };
     const skyvane::Display display{"skyvane-host"};
     choosePlatform();
+    skyvane::keepThemesOut();
     QApplication::setDesktopFileName(QStringLiteral("org.skyvane.Host"));
     const auto application = display.open<QApplication>(argc, argv);
     return skyvane::runDesktop(extension(), skyvane::standardSetup(companion));
