@@ -1,7 +1,7 @@
 #include "companion/app/command_line.h"
 #include "companion/app/run_companion.h"
 #include "desk/activation.h"
-#include "paint/display.h"
+#include "desk/display.h"
 #include "platform/text/localized.h"
 
 #include <QApplication>

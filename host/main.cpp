@@ -1,9 +1,9 @@
+#include "desk/display.h"
 #include "host/commands/run_command.h"
 #include "host/extension/path.h"
 #include "host/service/run_desktop.h"
 #include "host/session/layer_shell.h"
 #include "host/session/toolkit_look.h"
-#include "paint/display.h"
 #include "platform/text/localized.h"
 
 #include <QApplication>

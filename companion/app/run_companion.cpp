@@ -9,6 +9,7 @@
 #include "companion/window/main_window.h"
 #include "core/config/shared_state.h"
 #include "desk/activation.h"
+#include "platform/net/url_session.h"
 
 #include <QApplication>
 #include <QDesktopServices>

@@ -3,6 +3,7 @@
 #include "companion/sky/aircraft_delegate.h"
 #include "companion/sky/cell_delegate.h"
 #include "companion/sky/flat_header.h"
+#include "companion/sky/sky_cells.h"
 #include "desk/text.h"
 #include "platform/text/localized.h"
 

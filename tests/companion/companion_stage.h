@@ -6,6 +6,7 @@
 #include "core/config/shared_state.h"
 #include "paint/font_measurer.h"
 #include "platform/files/files.h"
+#include "platform/net/url_session.h"
 #include "platform/pinned.h"
 #include "platform/text/locale.h"
 #include "tests/session/wait_for.h"

@@ -1,4 +1,5 @@
 #include "tests/support/fault_server.h"
+#include "platform/net/url_session.h"
 
 #include <algorithm>
 #include <map>

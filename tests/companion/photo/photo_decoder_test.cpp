@@ -1,5 +1,6 @@
 #include "companion/app/run_companion.h"
 #include "companion/photo/photo_decoder.h"
+#include "platform/net/url_session.h"
 #include "tests/companion/companion_stage.h"
 
 #include <QApplication>

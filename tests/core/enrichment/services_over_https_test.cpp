@@ -1,5 +1,6 @@
 #include "core/enrichment/photo_api.h"
 #include "core/enrichment/route_api.h"
+#include "platform/net/url_session.h"
 #include "platform/pinned.h"
 #include "tests/core/enrichment/fake_service.h"
 #include "tests/support/certificate_authority.h"

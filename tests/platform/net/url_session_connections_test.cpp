@@ -1,3 +1,4 @@
+#include "platform/net/url_session.h"
 #include "tests/platform/net/url_session_fixture.h"
 
 #include <future>

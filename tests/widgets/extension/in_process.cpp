@@ -1,4 +1,5 @@
 #include "platform/files/files.h"
+#include "platform/net/url_session.h"
 #include "platform/pinned.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/widgets/extension/surroundings.h"

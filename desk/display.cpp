@@ -1,4 +1,4 @@
-#include "paint/display.h"
+#include "desk/display.h"
 
 #include <QByteArray>
 
