@@ -12,7 +12,8 @@ namespace skyvane {
 
 namespace {
 
-/// Pixels of its own, on which the line replaces what is there, which is nothing.
+/// Draws the line on an empty layer, where it replaces pixels instead of blending with them, and lays the
+/// layer over what the painter has painted.
 void drawOnLayer(QPainter& painter, double reach, QPointF from, QPointF to)
 {
     const QRectF bounds = QRectF{from, to}.normalized().adjusted(-reach, -reach, reach, reach);

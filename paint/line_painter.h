@@ -7,7 +7,7 @@ class QPointF;
 
 namespace skyvane {
 
-/// A straight line with flat ends.
+/// Paints a straight line with flat ends.
 void paintLine(QPainter& painter, const Stroke& stroke, QPointF from, QPointF to);
 
 } // namespace skyvane

@@ -16,7 +16,7 @@ struct SvgLabels {
     QString description{};
 };
 
-/// The same as a drawing whose view box is in points. Text is drawn as outlines.
+/// The list as an SVG drawing whose view box is in points. Text is drawn as outlines.
 QByteArray renderSvg(
     const DisplayList& list, const Color& background, const SvgLabels& labels, const FontMeasurer& fonts);
 

@@ -7,7 +7,7 @@ class QPointF;
 
 namespace skyvane {
 
-/// A circle's line, as wide outside the circle as inside.
+/// Paints a circle's line, as wide outside the circle as inside.
 void paintRing(QPainter& painter, const Stroke& stroke, QPointF center, double radius);
 
 } // namespace skyvane

@@ -19,10 +19,10 @@ QSize sizeOf(ContainerFamily family);
 
 void paint(const DisplayList& list, const Color& background, QPainter& painter, const FontMeasurer& fonts);
 
-/// A ring just inside the frame.
+/// Paints a ring just inside the frame.
 void paintFocus(const QRectF& frame, double radius, QPainter& painter);
 
-/// The mark of what is no longer up to date.
+/// Paints the mark of a widget that is no longer up to date.
 void paintStale(double width, QPainter& painter);
 
 } // namespace skyvane::WidgetCard

@@ -26,7 +26,7 @@ public:
     State state() const { return m_state; }
     const std::string& hex() const { return m_hex; }
 
-    /// As last seen; absent until it was.
+    /// The aircraft as it was last seen; absent until then.
     const std::optional<Aircraft>& aircraft() const { return m_aircraft; }
     Date seenAt() const { return m_seenAt; }
 

@@ -11,10 +11,10 @@ namespace skyvane::WatchWords {
 
 Heading heading(const AircraftWatch& watch);
 
-/// In place of the details; absent when there are any.
+/// What is said in place of the details; absent when there are any.
 std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyReport& report);
 
-/// Above the details: that they are no longer up to date, and why; empty while they are.
+/// What is said above details that are no longer up to date, and why they are not; empty while they are.
 QString notice(const AircraftWatch& watch, const SkyReport& report);
 
 } // namespace skyvane::WatchWords

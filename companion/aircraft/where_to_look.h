@@ -19,7 +19,7 @@ struct WhereToLook {
 /// The elevation is that seen from sea level on a round Earth. Absent without a direction.
 std::optional<WhereToLook> whereToLook(const Aircraft& aircraft, const std::optional<HomeLocation>& home);
 
-/// In the user's language: "Look north-east, about 12° above the horizon."
+/// A sentence in the user's language: "Look north-east, about 12° above the horizon."
 std::string lookText(const WhereToLook& where);
 
 } // namespace skyvane

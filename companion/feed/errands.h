@@ -9,7 +9,8 @@
 
 namespace skyvane {
 
-/// Work that somebody waits for; forgotten, or replaced by other work, it is called off.
+/// Cancellable task: the handle of work that somebody waits for. Destroyed, or replaced by another, it
+/// cancels the work.
 class Errand {
 public:
     Errand() = default;
@@ -29,13 +30,13 @@ private:
     std::stop_source m_stop{std::nostopstate};
 };
 
-/// Does work beside the event loop's thread, in which it lives.
+/// Runs cancellable tasks on threads beside the event loop's, in which it lives.
 class Errands {
 public:
     Errands() { m_threads.setMaxThreadCount(8); }
 
-    /// `work(std::stop_token)`, which throws nothing, on another thread; what it gives goes to `done` in the
-    /// event loop, unless it was called off by then.
+    /// Runs `work(std::stop_token)`, which throws nothing, on another thread, and hands its result to `done`
+    /// in the event loop, unless it was cancelled by then.
     template <class Work, class Done>
     [[nodiscard]] Errand run(Work work, Done done)
     {
@@ -55,7 +56,7 @@ public:
 
 private:
     QObject m_home;
-    QThreadPool m_threads; ///< Ends, its work with it, before the home that it brings outcomes to.
+    QThreadPool m_threads; ///< Declared last: it waits for its work, whose results go to `m_home`.
 };
 
 } // namespace skyvane

@@ -28,17 +28,18 @@ public:
     using RouteFound = std::function<void(const std::optional<FlightRoute>&)>;
     using PhotographFound = std::function<void(const std::optional<Photograph>&)>;
 
-    /// All of them outlive it.
+    /// Everything handed in outlives this.
     Lookups(Errands& errands, PhotoDecoder& decoder, Transport transport)
         : m_errands(errands), m_decoder(decoder), m_transport(std::move(transport))
     {
     }
 
-    /// Of an airline's flight; nobody is asked about another aircraft, which has none. What is known already
-    /// is found at once, within the call.
+    /// The usual route of an airline's flight; nobody is asked about another aircraft, which has none. What
+    /// is known already is found at once, within the call.
     [[nodiscard]] Errand route(const Aircraft& aircraft, RouteFound found);
 
-    /// By ICAO address; nobody is asked about one that the feed made up. Found at once like a route.
+    /// The photograph of the airframe with that ICAO address; nobody is asked about an address that the feed
+    /// made up.
     [[nodiscard]] Errand photograph(const std::string& hex, PhotographFound found);
 
 private:

@@ -11,17 +11,17 @@
 
 namespace skyvane {
 
-/// Keeps to what the sources ask for: one request at a time to each host, in the order in which they came,
-/// and a rest after every one.
+/// Rate limiter: one request at a time to each host, in the order in which they came, and a rest after every
+/// one, as the sources ask.
 class Pacer {
 public:
     explicit Pacer(Transport transport, std::chrono::milliseconds rest = std::chrono::seconds{1});
 
-    /// What the transport gives for the request once its turn has come. Called from any thread but the event
+    /// Waits for the request's turn, sends it, and returns the answer. Called from any thread but the event
     /// loop's. Throws `CancellationError` at once when `stop` asks for it, and what the transport throws.
     URLResponse data(const URLRequest& request, std::stop_token stop);
 
-    /// `data` of this pacer, which must outlive it.
+    /// A transport that goes through `data` of this pacer, which must outlive it.
     Transport transport();
 
 private:

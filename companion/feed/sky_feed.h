@@ -32,7 +32,7 @@ public:
 
     const SkyReport& report() const { return m_report; }
 
-    /// At once, unless an answer is on its way already.
+    /// Asks at once, unless an answer is on its way already.
     void refresh();
 
     /// Reads the configuration anew. With another home or radius the sky is another one.

@@ -11,10 +11,10 @@ namespace skyvane {
 /// Whose data is shown.
 enum class Source { firstAggregator, secondAggregator, routeDatabase, photoService };
 
-/// As rich text that links to the source's own page.
+/// The source's name as rich text that links to its own page.
 QString linkTo(Source source);
 
-/// A quiet line that names and links them.
+/// A line of quiet text that names these sources and links to them.
 QWidget* makeSourcesLabel(const std::vector<Source>& sources);
 
 } // namespace skyvane

@@ -21,10 +21,10 @@ using Reading = std::variant<Coordinate, Problem>;
 /// URI. Any bytes may be read.
 Reading read(std::string_view text);
 
-/// To 5 decimals, about a metre.
+/// The coordinate rounded to 5 decimals, about a metre.
 Coordinate rounded(const Coordinate& coordinate);
 
-/// As `read` reads it, to 6 decimals at most; the same in every locale.
+/// The coordinate written so that `read` reads it, to 6 decimals at most; the same in every locale.
 std::string text(const Coordinate& coordinate);
 
 } // namespace skyvane::Coordinates

@@ -16,7 +16,7 @@ struct Place {
     Coordinate coordinate;
     bool isPrincipal = false; ///< Gives its time zone the name.
 
-    /// In one line, to tell it from others of its name.
+    /// One line that tells the place from others of its name.
     std::string title() const;
 
     bool operator==(const Place&) const = default;

@@ -18,7 +18,7 @@ namespace SkyCells {
 QString title(SkyColumn column);
 QString text(const Aircraft& aircraft, SkyColumn column, const std::string& unit);
 
-/// To order by: a number or a text; invalid where nothing is known.
+/// What the column is ordered by: a number or a text; invalid where nothing is known.
 QVariant sortKey(const Aircraft& aircraft, SkyColumn column);
 
 /// "Emergency", "Military", or nothing.

@@ -29,7 +29,7 @@ public:
     void showLinkProblem(const QString& text);
 
     void focusFilter();
-    /// To the list, so that the keyboard works at once.
+    /// Gives the list the keyboard.
     void focusList();
 
 signals:

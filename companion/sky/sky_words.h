@@ -11,10 +11,10 @@ namespace skyvane::SkyWords {
 
 Heading heading(const SkyReport& report);
 
-/// In place of the list; absent when there are aircraft to list.
+/// What is said in place of the list; absent when there are aircraft to list.
 std::optional<EmptySky::Words> instead(const SkyReport& report);
 
-/// Above the list: that it is no longer up to date, and why; empty while it is.
+/// What is said above a list that is no longer up to date, and why it is not; empty while it is.
 QString notice(const SkyReport& report);
 
 } // namespace skyvane::SkyWords

@@ -8,11 +8,11 @@
 /// Models in words for the type designators that the feed reports. Any thread may ask.
 namespace skyvane::AircraftTypes {
 
-/// By designator in upper case.
+/// The models, found by type designator in upper case.
 const TextTable& table();
 
-/// Of a designator in any case; blanks around it are not ignored. What it gives is the table's own, for as
-/// long as the process.
+/// The model of a designator in any case; blanks around it are not ignored. The text belongs to the table,
+/// which lives as long as the process.
 std::optional<std::string_view> name(std::optional<std::string_view> designator);
 
 } // namespace skyvane::AircraftTypes

@@ -8,7 +8,7 @@
 /// Airlines in words for the callsigns that flights report. Any thread may ask.
 namespace skyvane::Airlines {
 
-/// By operator designator in upper case.
+/// The airlines' names, found by operator designator in upper case.
 const TextTable& table();
 
 /// Whether three letters and a number begin the callsign, in any case, blanks around it ignored: "UAL123",

@@ -79,7 +79,7 @@ struct Aircraft {
 
     std::optional<double> distanceMiles() const; ///< Statute miles.
 
-    /// By emitter category, else by type designator in any case.
+    /// Whether its emitter category says so, or its type designator (in any case) is one of a helicopter.
     bool isHelicopter() const;
 
     /// Where to look from the query point: "Look NE, 12° up", or "Look NE" without an airborne altitude.

@@ -8,11 +8,11 @@
 /// The addresses inside the companion.
 namespace skyvane::DeepLinkURL {
 
-/// Of one aircraft, its identity appended as it stands; absent when that forms no URL, or one
+/// The page of one aircraft, its identity appended as it stands; absent when that forms no URL, or one
 /// so long that nobody opens it.
 std::optional<URL> aircraft(std::string_view hex);
 
-/// Of the sky list.
+/// The page of the sky.
 URL open();
 
 } // namespace skyvane::DeepLinkURL

@@ -52,7 +52,7 @@ T decodeText(const Bytes& bytes)
     return decode<T>(document.root());
 }
 
-/// As above; the text makes room for what is made of it.
+/// The same, and gives the text's memory back before the record is made, which is the larger of the two.
 template <class T>
 T decodeText(std::string&& bytes)
 {

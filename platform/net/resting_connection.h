@@ -14,7 +14,8 @@ struct Connections {
     Trust trust = Trust::folder;
 };
 
-/// The connection that the last transfer left open. One transfer takes it; those beside it make their own.
+/// Keep-alive: the connection that the last transfer left open. One transfer takes it; those that run beside
+/// that one make their own.
 class RestingConnection {
 public:
     RestingConnection() = default;
@@ -22,10 +23,10 @@ public:
     RestingConnection(const RestingConnection&) = delete;
     RestingConnection& operator=(const RestingConnection&) = delete;
 
-    /// Has the resting one unless another transfer took it.
+    /// Connections for one transfer: the resting one among them unless another transfer has it.
     Connections take();
 
-    /// After a transfer that went well.
+    /// Keeps the connections of a transfer that went well for the next one.
     void keep(Connections connections);
 
 private:

@@ -19,7 +19,7 @@ class Transfer {
 public:
     static constexpr std::chrono::milliseconds longest{8'000};
 
-    /// On connections that no other transfer uses before this one's end.
+    /// `connections` serve no other transfer before this one's end.
     Transfer(const URLRequest& request, CURLM* connections, Trust trust);
     ~Transfer() { curl_multi_remove_handle(m_multi, m_easy.get()); }
     Transfer(const Transfer&) = delete;

@@ -25,7 +25,7 @@ std::string description(TransferProblem problem);
 
 /// The transfer failed before a complete answer was there; what() says why in the user's words.
 struct TransferError : std::runtime_error {
-    /// Of a transport that has words of its own.
+    /// A failure of a transport that is not this library's; `words` are the user's.
     explicit TransferError(const std::string& words) : std::runtime_error(words) { }
     TransferError(TransferProblem why, const std::string& said);
 

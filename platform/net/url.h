@@ -15,7 +15,7 @@ public:
 
     const std::string& text() const { return m_text; }
 
-    /// In lower case, without the colon; empty when the reference has none.
+    /// The scheme in lower case, without the colon; empty when the reference has none.
     std::string scheme() const;
 
     bool operator==(const URL&) const = default;

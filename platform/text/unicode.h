@@ -8,7 +8,7 @@
 /// malformed byte counts as U+FFFD.
 namespace skyvane::Unicode {
 
-/// Without space separators (category Zs) and tabs at both ends. Line breaks stay.
+/// The text without space separators (category Zs) and tabs at both ends. Line breaks stay.
 std::string_view trimmed(std::string_view text);
 
 /// Full upper-casing: "ß" becomes "SS".

@@ -17,10 +17,10 @@ namespace WidgetContainer {
 
 inline constexpr std::array families{ContainerFamily::small, ContainerFamily::medium, ContainerFamily::large};
 
-/// On every side, points.
+/// Between the content and each side of the widget, points.
 inline constexpr double contentMargin = 16;
 
-/// The whole widget, points.
+/// Width and height of the whole widget, points.
 Size size(ContainerFamily family);
 
 /// "small", "medium" or "large".

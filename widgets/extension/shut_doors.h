@@ -2,7 +2,7 @@
 
 #include <span>
 
-/// The system calls that the extension does without, by their names.
+/// The system calls that the sandbox's seccomp filter refuses, by their names.
 namespace skyvane::Extension::ShutDoors {
 
 std::span<const char* const> forbidden();
