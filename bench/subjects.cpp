@@ -9,10 +9,10 @@ namespace skyvane::bench {
 const std::vector<Subject>& subjects()
 {
     static const std::vector<Subject> list{
-        {"nearest", WidgetFamily::small, ContainerFamily::small},
-        {"radar", WidgetFamily::small, ContainerFamily::small},
-        {"radar", WidgetFamily::medium, ContainerFamily::medium},
-        {"skyboard", WidgetFamily::large, ContainerFamily::large},
+        {"nearest", WidgetFamily::small},
+        {"radar", WidgetFamily::small},
+        {"radar", WidgetFamily::medium},
+        {"skyboard", WidgetFamily::large},
     };
     return list;
 }
@@ -26,7 +26,7 @@ WidgetContent contentOf(const Subject& subject, const SkyEntry& entry)
 
 void fillEmptyPicture(const Subject& subject, double scale)
 {
-    const Size size = WidgetContainer::size(subject.container);
+    const Size size = WidgetContainer::size(subject.family);
     QImage image(static_cast<int>(size.width * scale), static_cast<int>(size.height * scale),
         QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::black);

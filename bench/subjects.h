@@ -12,9 +12,8 @@ namespace skyvane::bench {
 struct Subject {
     std::string kind;
     WidgetFamily family;
-    ContainerFamily container;
 
-    std::string name() const { return kind + " " + std::string{WidgetContainer::name(container)}; }
+    std::string name() const { return kind + " " + std::string{WidgetContainer::name(family)}; }
 };
 
 const std::vector<Subject>& subjects();

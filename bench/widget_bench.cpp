@@ -36,7 +36,7 @@ void layout(benchmark::State& state, const Subject& subject)
         state.PauseTiming();
         const FontMeasurer fonts;
         state.ResumeTiming();
-        benchmark::DoNotOptimize(WidgetContainer::layout(view, subject.container, fonts));
+        benchmark::DoNotOptimize(WidgetContainer::layout(view, subject.family, fonts));
     }
 }
 
@@ -44,7 +44,7 @@ void paint(benchmark::State& state, const Subject& subject)
 {
     const WidgetContent content = contentOf(subject, syntheticEntry(40));
     const FontMeasurer fonts;
-    const DisplayList list = WidgetContainer::layout(content.view, subject.container, fonts);
+    const DisplayList list = WidgetContainer::layout(content.view, subject.family, fonts);
     for ([[maybe_unused]] const auto iteration : state) {
         const auto scale = static_cast<double>(state.range(0));
         benchmark::DoNotOptimize(renderImage(list, content.containerBackground, scale, fonts));

@@ -24,8 +24,7 @@ inline void showEverywhere(const SkyEntry& entry)
             const std::string line = Extension::resultLine(
                 "1", Extension::entryResult(entry, {.widget = &widget, .family = family}));
             require(line.size() <= longestAnswer && line.find('\n') == line.size() - 1);
-            const auto container = WidgetContainer::named(Extension::word(family));
-            dump(WidgetContainer::layout(view, container.value(), test::EvenMeasurer{}));
+            dump(WidgetContainer::layout(view, family, test::EvenMeasurer{}));
         }
     }
 }

@@ -8,7 +8,7 @@
 
 namespace skyvane::WidgetCard {
 
-QSize sizeOf(ContainerFamily family)
+QSize sizeOf(WidgetFamily family)
 {
     const Size size = WidgetContainer::size(family);
     return QSizeF{size.width, size.height}.toSize();

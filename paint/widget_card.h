@@ -15,7 +15,7 @@ namespace skyvane::WidgetCard {
 inline constexpr double cornerRadius = 22; ///< Points.
 inline constexpr Color emptyBackground{0.04, 0.05, 0.06}; ///< Of one that has nothing to show yet.
 
-QSize sizeOf(ContainerFamily family);
+QSize sizeOf(WidgetFamily family);
 
 void paint(const DisplayList& list, const Color& background, QPainter& painter, const FontMeasurer& fonts);
 

@@ -37,15 +37,15 @@ double cpuMilliseconds()
 
 struct Shown {
     std::string_view kind;
-    ContainerFamily family;
+    WidgetFamily family;
 };
 
 void refresh(const std::filesystem::path& program, const FontMeasurer& fonts)
 {
     constexpr std::array<Shown, 3> all{{
-        {"org.skyvane.widgets.nearest", ContainerFamily::small},
-        {"org.skyvane.widgets.radar", ContainerFamily::medium},
-        {"org.skyvane.widgets.skyboard", ContainerFamily::large},
+        {"org.skyvane.widgets.nearest", WidgetFamily::small},
+        {"org.skyvane.widgets.radar", WidgetFamily::medium},
+        {"org.skyvane.widgets.skyboard", WidgetFamily::large},
     }};
     ExtensionClient extension{{.path = program}};
     for (const Shown& shown : all) {

@@ -21,7 +21,7 @@ double fromEntryToPixels(
         const WidgetContent content = contentOf(subject, entry);
         const JSON::Document archive{toArchive(content.view).dump()};
         const View view = fromArchive(archive.root());
-        const DisplayList list = WidgetContainer::layout(view, subject.container, fonts);
+        const DisplayList list = WidgetContainer::layout(view, subject.family, fonts);
         use(renderImage(list, content.containerBackground, scale, fonts));
     });
 }

@@ -53,7 +53,7 @@ HomeSection::HomeSection(Settings& settings, PlaceSearch::Load load, const FontM
     , m_scope(new ViewWidget{fonts})
 {
     m_name->setMaxLength(longestName);
-    m_scope->setFixedSize(WidgetCard::sizeOf(ContainerFamily::small));
+    m_scope->setFixedSize(WidgetCard::sizeOf(WidgetFamily::small));
     m_scope->setAccessibleName(toQString(localized("Scope around your home")));
     setFocusProxy(m_place);
     auto* row = new QHBoxLayout{this};

@@ -16,7 +16,7 @@ namespace skyvane {
 
 namespace {
 
-ViewWidget* preview(ContainerFamily family, const std::string& name, const FontMeasurer& fonts)
+ViewWidget* preview(WidgetFamily family, const std::string& name, const FontMeasurer& fonts)
 {
     auto* view = new ViewWidget{fonts};
     view->setFixedSize(WidgetCard::sizeOf(family));
@@ -36,9 +36,9 @@ SkyEntry entryOf(const SettingsDraft& draft)
 
 WidgetPreviews::WidgetPreviews(const FontMeasurer& fonts, QWidget* parent)
     : QWidget(parent)
-    , m_nearest(preview(ContainerFamily::small, localized("Nearest Aircraft"), fonts))
-    , m_radar(preview(ContainerFamily::small, localized("Sky Radar"), fonts))
-    , m_board(preview(ContainerFamily::large, localized("Sky Board"), fonts))
+    , m_nearest(preview(WidgetFamily::small, localized("Nearest Aircraft"), fonts))
+    , m_radar(preview(WidgetFamily::small, localized("Sky Radar"), fonts))
+    , m_board(preview(WidgetFamily::large, localized("Sky Board"), fonts))
 {
     auto* grid = new QGridLayout{this};
     grid->setContentsMargins({});

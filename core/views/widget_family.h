@@ -1,8 +1,4 @@
 #pragma once
 
-namespace skyvane {
-
-/// The sizes that a widget comes in.
-enum class WidgetFamily { small, medium, large };
-
-} // namespace skyvane
+/// The families are those of the box that a view is laid out in.
+#include "ui/tree/widget_family.h"

@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!view)
         return 0;
     fuzz::require(viewIn(toArchive(*view).dump()) == view);
-    for (const ContainerFamily family : WidgetContainer::families)
+    for (const WidgetFamily family : WidgetContainer::families)
         dump(WidgetContainer::layout(*view, family, test::EvenMeasurer{}));
     return 0;
 }

@@ -30,7 +30,7 @@ PictureFormat format(const std::filesystem::path& output)
     throw UsageError{"the output's name must end in .png or .svg: \"" + output.string() + "\""};
 }
 
-ContainerFamily family(const std::string& word)
+WidgetFamily family(const std::string& word)
 {
     if (const auto family = WidgetContainer::named(word))
         return *family;

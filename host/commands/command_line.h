@@ -21,7 +21,7 @@ enum class PictureFormat { png, svg };
 /// "render": one widget into one file.
 struct RenderWords {
     std::string kind; ///< In full, or its last component.
-    ContainerFamily family;
+    WidgetFamily family;
     std::optional<std::filesystem::path> output{};
     PictureFormat format = PictureFormat::png; ///< By the output's ending.
     double scale = 1; ///< Pixels a point, up to 8.
@@ -43,7 +43,7 @@ struct PlacedWords {
 /// "add": one more on the desktop.
 struct AddWords {
     std::string kind; ///< In full, or its last component.
-    ContainerFamily family;
+    WidgetFamily family;
 
     bool operator==(const AddWords&) const = default;
 };

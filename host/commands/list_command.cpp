@@ -9,7 +9,7 @@ std::string listText(const std::vector<WidgetInfo>& widgets)
     std::string text;
     for (const WidgetInfo& widget : widgets) {
         std::string families;
-        for (const ContainerFamily family : widget.families)
+        for (const WidgetFamily family : widget.families)
             families.append(families.empty() ? "" : ", ").append(WidgetContainer::name(family));
         text += oneLine(widget.kind) + "\t" + oneLine(widget.displayName) + "\t" + families + "\n";
     }

@@ -22,12 +22,12 @@ WidgetInfo chosenWidget(const RenderWords& words, const std::vector<WidgetInfo>&
     throw UsageError{"unknown widget \"" + words.kind + "\": known are " + known};
 }
 
-void requireFamily(const WidgetInfo& widget, ContainerFamily family)
+void requireFamily(const WidgetInfo& widget, WidgetFamily family)
 {
     if (std::find(widget.families.begin(), widget.families.end(), family) != widget.families.end())
         return;
     std::string supported;
-    for (const ContainerFamily one : widget.families)
+    for (const WidgetFamily one : widget.families)
         supported.append(supported.empty() ? "" : ", ").append(WidgetContainer::name(one));
     throw UsageError{"\"" + widget.shortName() + "\" has no family \""
         + std::string{WidgetContainer::name(family)} + "\", only " + supported};
@@ -43,7 +43,7 @@ WidgetEntry currentEntry(const RenderWords& words, const WidgetInfo& widget, Ext
     return std::move(timeline.entries.front());
 }
 
-std::filesystem::path defaultOutput(const WidgetInfo& widget, ContainerFamily family)
+std::filesystem::path defaultOutput(const WidgetInfo& widget, WidgetFamily family)
 {
     std::string name = widget.shortName() + "-" + std::string{WidgetContainer::name(family)} + ".png";
     std::replace(name.begin(), name.end(), '/', '-');

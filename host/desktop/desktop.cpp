@@ -19,14 +19,14 @@ namespace {
 const std::array<WidgetTarget, 3>& firstWidgets()
 {
     static const std::array<WidgetTarget, 3> targets{{
-        {.kind = "org.skyvane.widgets.nearest", .family = ContainerFamily::small},
-        {.kind = "org.skyvane.widgets.radar", .family = ContainerFamily::medium},
-        {.kind = "org.skyvane.widgets.skyboard", .family = ContainerFamily::large},
+        {.kind = "org.skyvane.widgets.nearest", .family = WidgetFamily::small},
+        {.kind = "org.skyvane.widgets.radar", .family = WidgetFamily::medium},
+        {.kind = "org.skyvane.widgets.skyboard", .family = WidgetFamily::large},
     }};
     return targets;
 }
 
-bool offers(const WidgetInfo& widget, ContainerFamily family)
+bool offers(const WidgetInfo& widget, WidgetFamily family)
 {
     return std::find(widget.families.begin(), widget.families.end(), family) != widget.families.end();
 }
@@ -122,7 +122,7 @@ int Desktop::place(const WidgetTarget& target, const QRect& frame)
     return m_placed.back().id;
 }
 
-QRect Desktop::freeFrame(ContainerFamily family, const std::optional<ScreenArea>& screen) const
+QRect Desktop::freeFrame(WidgetFamily family, const std::optional<ScreenArea>& screen) const
 {
     const QSize size = WidgetCard::sizeOf(family);
     return screen ? Placing::freeFrame(size, screen->area, framesBut(nextId())) : QRect{{}, size};
@@ -191,7 +191,7 @@ void Desktop::nameWindow(const PlacedWidget& widget)
     }
 }
 
-void Desktop::resize(int widget, ContainerFamily family)
+void Desktop::resize(int widget, WidgetFamily family)
 {
     PlacedWidget* placed = find(widget);
     if (placed == nullptr || placed->target.family == family)
@@ -251,7 +251,7 @@ void Desktop::popUpMenu(int widget, const QPoint& place)
         return;
     const WidgetInfo* info = infoOf(placed->target.kind);
     const WidgetMenuActions actions{
-        .resize = [this, widget](ContainerFamily family) { resize(widget, family); },
+        .resize = [this, widget](WidgetFamily family) { resize(widget, family); },
         .refresh = [this, widget] { m_schedule.refresh(widget); },
         .add = [this] { showGallery(); },
         .remove = [this, widget] { remove(widget); },

@@ -50,13 +50,13 @@ private:
     void learnWidgets();
     int nextId() const;
     int place(const WidgetTarget& target, const QRect& frame);
-    QRect freeFrame(ContainerFamily family, const std::optional<ScreenArea>& screen) const;
+    QRect freeFrame(WidgetFamily family, const std::optional<ScreenArea>& screen) const;
     std::optional<ScreenArea> screenInUse() const;
     std::vector<QRect> framesBut(int widget) const;
     void openWindow(const PlacedWidget& widget);
     WidgetActions actionsOf(int widget);
     void nameWindow(const PlacedWidget& widget);
-    void resize(int widget, ContainerFamily family);
+    void resize(int widget, WidgetFamily family);
     void rememberFrame(int widget);
     void restoreFrames();
     void shapeWindows();

@@ -57,7 +57,7 @@ QWidget* Gallery::row(const WidgetInfo& widget)
     lines->addWidget(description);
     auto* samples = new QHBoxLayout;
     lines->addLayout(samples);
-    for (const ContainerFamily family : widget.families) {
+    for (const WidgetFamily family : widget.families) {
         const WidgetTarget target{.kind = widget.kind, .family = family};
         auto* button
             = new SampleButton{family, m_fonts, [this, target](const QRect& frame) { m_add(target, frame); }};

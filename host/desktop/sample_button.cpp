@@ -35,7 +35,7 @@ std::unique_ptr<QWidget> pictureOf(QWidget& widget)
 
 } // namespace
 
-SampleButton::SampleButton(ContainerFamily family, const FontMeasurer& fonts, Dropped dropped)
+SampleButton::SampleButton(WidgetFamily family, const FontMeasurer& fonts, Dropped dropped)
     : m_family(family)
     , m_fonts(fonts)
     , m_dropped(std::move(dropped))

@@ -17,7 +17,7 @@ public:
     /// Told the picture's frame at the end of a drag, in the coordinates of the screens.
     using Dropped = std::function<void(const QRect& frame)>;
 
-    SampleButton(ContainerFamily family, const FontMeasurer& fonts, Dropped dropped);
+    SampleButton(WidgetFamily family, const FontMeasurer& fonts, Dropped dropped);
 
     void showSample(const WidgetEntry& entry);
 
@@ -28,7 +28,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    ContainerFamily m_family;
+    WidgetFamily m_family;
     const FontMeasurer& m_fonts;
     Dropped m_dropped;
     Color m_background;

@@ -7,26 +7,26 @@
 
 namespace skyvane {
 
-QString familyTitle(ContainerFamily family)
+QString familyTitle(WidgetFamily family)
 {
     switch (family) {
-    case ContainerFamily::small:
+    case WidgetFamily::small:
         return QString::fromStdString(localized("Small"));
-    case ContainerFamily::medium:
+    case WidgetFamily::medium:
         return QString::fromStdString(localized("Medium"));
-    case ContainerFamily::large:
+    case WidgetFamily::large:
         break;
     }
     return QString::fromStdString(localized("Large"));
 }
 
-QMenu* makeWidgetMenu(QWidget& parent, const std::vector<ContainerFamily>& families, ContainerFamily current,
+QMenu* makeWidgetMenu(QWidget& parent, const std::vector<WidgetFamily>& families, WidgetFamily current,
     const WidgetMenuActions& actions)
 {
     auto* menu = new QMenu{&parent};
     menu->setAttribute(Qt::WA_DeleteOnClose);
     auto* sizes = new QActionGroup{menu};
-    for (const ContainerFamily family : families) {
+    for (const WidgetFamily family : families) {
         QAction* size = menu->addAction(familyTitle(family), menu, [=] { actions.resize(family); });
         size->setCheckable(true);
         size->setChecked(family == current);

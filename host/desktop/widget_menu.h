@@ -14,7 +14,7 @@ class QWidget;
 namespace skyvane {
 
 struct WidgetMenuActions {
-    std::function<void(ContainerFamily)> resize;
+    std::function<void(WidgetFamily)> resize;
     std::function<void()> refresh;
     std::function<void()> add;
     std::function<void()> remove;
@@ -23,10 +23,10 @@ struct WidgetMenuActions {
 };
 
 /// Its name as people read it.
-QString familyTitle(ContainerFamily family);
+QString familyTitle(WidgetFamily family);
 
 /// The menu of one widget; it goes when it closes.
-QMenu* makeWidgetMenu(QWidget& parent, const std::vector<ContainerFamily>& families, ContainerFamily current,
+QMenu* makeWidgetMenu(QWidget& parent, const std::vector<WidgetFamily>& families, WidgetFamily current,
     const WidgetMenuActions& actions);
 
 } // namespace skyvane

@@ -36,7 +36,7 @@ QString spoken(const std::vector<SpokenPart>& parts)
 
 } // namespace
 
-WidgetWindow::WidgetWindow(ContainerFamily family, const FontMeasurer& fonts, WidgetActions actions)
+WidgetWindow::WidgetWindow(WidgetFamily family, const FontMeasurer& fonts, WidgetActions actions)
     : m_family(family)
     , m_fonts(fonts)
     , m_actions(std::move(actions))

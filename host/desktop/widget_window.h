@@ -20,7 +20,7 @@ struct WidgetActions {
 /// One widget's window.
 class WidgetWindow : public QWidget {
 public:
-    WidgetWindow(ContainerFamily family, const FontMeasurer& fonts, WidgetActions actions);
+    WidgetWindow(WidgetFamily family, const FontMeasurer& fonts, WidgetActions actions);
 
     /// For a screen reader.
     void setNames(const QString& name, const QString& description);
@@ -50,7 +50,7 @@ private:
     const LinkArea* linkAt(QPointF place) const;
     void open(const LinkArea* link);
 
-    ContainerFamily m_family;
+    WidgetFamily m_family;
     const FontMeasurer& m_fonts;
     WidgetActions m_actions;
     std::optional<WidgetContent> m_content;

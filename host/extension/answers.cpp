@@ -61,9 +61,9 @@ Date date(JSON::Value value)
     return Date{std::chrono::milliseconds{std::llround(seconds * 1000)}};
 }
 
-std::vector<ContainerFamily> families(JSON::Value value)
+std::vector<WidgetFamily> families(JSON::Value value)
 {
-    std::vector<ContainerFamily> known;
+    std::vector<WidgetFamily> known;
     for (const std::string& name : elements(value, text)) {
         if (const auto family = WidgetContainer::named(name))
             known.push_back(*family);

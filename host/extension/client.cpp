@@ -34,14 +34,14 @@ std::vector<WidgetInfo> ExtensionClient::list()
     return ask("widgets.list", nlohmann::ordered_json::object(), ExtensionAnswers::widgets);
 }
 
-WidgetEntry ExtensionClient::snapshot(std::string_view kind, ContainerFamily family, bool isPreview)
+WidgetEntry ExtensionClient::snapshot(std::string_view kind, WidgetFamily family, bool isPreview)
 {
     nlohmann::ordered_json params = ExtensionRequests::target(kind, family);
     params["isPreview"] = isPreview;
     return ask("widgets.snapshot", params, ExtensionAnswers::entry);
 }
 
-WidgetTimeline ExtensionClient::timeline(std::string_view kind, ContainerFamily family)
+WidgetTimeline ExtensionClient::timeline(std::string_view kind, WidgetFamily family)
 {
     return ask("widgets.timeline", ExtensionRequests::target(kind, family), ExtensionAnswers::timeline);
 }

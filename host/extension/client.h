@@ -27,8 +27,8 @@ public:
     ExtensionClient& operator=(const ExtensionClient&) = delete;
 
     std::vector<WidgetInfo> list();
-    WidgetEntry snapshot(std::string_view kind, ContainerFamily family, bool isPreview);
-    WidgetTimeline timeline(std::string_view kind, ContainerFamily family);
+    WidgetEntry snapshot(std::string_view kind, WidgetFamily family, bool isPreview);
+    WidgetTimeline timeline(std::string_view kind, WidgetFamily family);
 
 private:
     template <class Result>

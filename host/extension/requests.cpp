@@ -4,7 +4,7 @@
 
 namespace skyvane::ExtensionRequests {
 
-nlohmann::ordered_json target(std::string_view kind, ContainerFamily family)
+nlohmann::ordered_json target(std::string_view kind, WidgetFamily family)
 {
     return {{"kind", kind}, {"family", WidgetContainer::name(family)}};
 }

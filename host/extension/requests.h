@@ -12,7 +12,7 @@
 namespace skyvane::ExtensionRequests {
 
 /// The parameters that name one widget.
-nlohmann::ordered_json target(std::string_view kind, ContainerFamily family);
+nlohmann::ordered_json target(std::string_view kind, WidgetFamily family);
 
 /// One line, line break included.
 QByteArray line(std::int64_t id, std::string_view method, const nlohmann::ordered_json& params);

@@ -12,7 +12,7 @@ struct WidgetInfo {
     std::string kind; ///< Such as "org.skyvane.widgets.radar".
     std::string displayName;
     std::string description;
-    std::vector<ContainerFamily> families; ///< Those that this host knows.
+    std::vector<WidgetFamily> families; ///< Those that this host knows.
 
     /// The last component of `kind`.
     std::string shortName() const { return kind.substr(kind.rfind('.') + 1); }

@@ -9,7 +9,7 @@ namespace skyvane {
 /// A widget of a size.
 struct WidgetTarget {
     std::string kind;
-    ContainerFamily family;
+    WidgetFamily family;
 
     bool operator==(const WidgetTarget&) const = default;
 };

@@ -24,30 +24,17 @@ struct LaidOut {
     DisplayList list;
 };
 
-ContainerFamily container(WidgetFamily family)
-{
-    switch (family) {
-    case WidgetFamily::small:
-        return ContainerFamily::small;
-    case WidgetFamily::medium:
-        return ContainerFamily::medium;
-    case WidgetFamily::large:
-        break;
-    }
-    return ContainerFamily::large;
-}
-
 /// Every widget in each of its families.
 std::vector<LaidOut> laidOut(const SkyEntry& entry)
 {
     std::vector<LaidOut> all;
     for (const Widget& widget : SkyvaneWidgetBundle{}.body()) {
         for (const WidgetFamily family : widget.supportedFamilies) {
-            const std::string_view name = WidgetContainer::name(container(family));
+            const std::string_view name = WidgetContainer::name(family);
             all.push_back({
                 .title = widget.displayName + ", " + std::string{name},
-                .list = WidgetContainer::layout(
-                    widget.content(entry, family).view, container(family), test::EvenMeasurer{}),
+                .list
+                = WidgetContainer::layout(widget.content(entry, family).view, family, test::EvenMeasurer{}),
             });
         }
     }

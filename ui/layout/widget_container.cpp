@@ -33,33 +33,33 @@ void move(Segment& segment)
 
 } // namespace
 
-Size size(ContainerFamily family)
+Size size(WidgetFamily family)
 {
     switch (family) {
-    case ContainerFamily::small:
+    case WidgetFamily::small:
         return {.width = 170, .height = 170};
-    case ContainerFamily::medium:
+    case WidgetFamily::medium:
         return {.width = 364, .height = 170};
-    case ContainerFamily::large:
+    case WidgetFamily::large:
         return {.width = 364, .height = 382};
     }
     return {};
 }
 
-std::string_view name(ContainerFamily family)
+std::string_view name(WidgetFamily family)
 {
     constexpr std::array<std::string_view, families.size()> names{"small", "medium", "large"};
     return names[static_cast<std::size_t>(family)];
 }
 
-std::optional<ContainerFamily> named(std::string_view name)
+std::optional<WidgetFamily> named(std::string_view name)
 {
     const auto found = std::find_if(families.begin(), families.end(),
-        [&](ContainerFamily family) { return WidgetContainer::name(family) == name; });
+        [&](WidgetFamily family) { return WidgetContainer::name(family) == name; });
     return found == families.end() ? std::nullopt : std::optional{*found};
 }
 
-DisplayList layout(const View& content, ContainerFamily family, const TextMeasurer& measurer)
+DisplayList layout(const View& content, WidgetFamily family, const TextMeasurer& measurer)
 {
     const Size whole = size(family);
     const Size inner{.width = whole.width - 2 * contentMargin, .height = whole.height - 2 * contentMargin};

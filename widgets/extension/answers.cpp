@@ -1,6 +1,7 @@
 #include "widgets/extension/answers.h"
 
 #include "ui/archive/archive.h"
+#include "ui/layout/widget_container.h"
 
 #include <utility>
 
@@ -42,7 +43,7 @@ Result listResult(const std::vector<Widget>& offered)
     for (const Widget& widget : offered) {
         Result families = Result::array();
         for (const WidgetFamily family : widget.supportedFamilies)
-            families.push_back(word(family));
+            families.push_back(WidgetContainer::name(family));
         list.push_back({
             {"kind", widget.kind},
             {"displayName", widget.displayName},

@@ -2,9 +2,9 @@
 
 #include "platform/json/source.h"
 #include "platform/json/value.h"
+#include "ui/layout/widget_container.h"
 
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -60,10 +60,9 @@ const Widget& widgetOf(Value params, const std::vector<Widget>& offered)
 
 WidgetFamily familyOf(Value params)
 {
-    constexpr std::array families{WidgetFamily::small, WidgetFamily::medium, WidgetFamily::large};
     const std::string_view wanted = requiredString(params, "family");
-    const auto family = std::ranges::find(families, wanted, &word);
-    if (family == families.end())
+    const auto family = WidgetContainer::named(wanted);
+    if (!family)
         throw InvalidParams{"unknown family " + quoted(wanted)};
     return *family;
 }
@@ -73,7 +72,8 @@ PlacedWidget placedWidget(Value params, const std::vector<Widget>& offered)
     const Widget& widget = widgetOf(params, offered);
     const WidgetFamily family = familyOf(params);
     if (std::ranges::find(widget.supportedFamilies, family) == widget.supportedFamilies.end())
-        throw InvalidParams{widget.kind + " does not support family " + quoted(word(family))};
+        throw InvalidParams{
+            widget.kind + " does not support family " + quoted(WidgetContainer::name(family))};
     return {.widget = &widget, .family = family};
 }
 
@@ -171,19 +171,6 @@ Message readMessage(std::string_view line, const std::vector<Widget>& offered)
     } catch (const JSON::DecodingError& error) {
         return Refusal{noID, ErrorCode::parseError, error.what()};
     }
-}
-
-std::string_view word(WidgetFamily family)
-{
-    switch (family) {
-    case WidgetFamily::small:
-        return "small";
-    case WidgetFamily::medium:
-        return "medium";
-    case WidgetFamily::large:
-        break;
-    }
-    return "large";
 }
 
 } // namespace skyvane::Extension

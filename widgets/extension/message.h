@@ -69,7 +69,4 @@ using Message = std::variant<Request, Cancellation, IgnoredNotification, Refusal
 /// What one line from the host asks for. A request points into `offered`.
 Message readMessage(std::string_view line, const std::vector<Widget>& offered);
 
-/// The word that stands for the family in messages.
-std::string_view word(WidgetFamily family);
-
 } // namespace skyvane::Extension

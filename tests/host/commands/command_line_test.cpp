@@ -23,14 +23,14 @@ std::string refusal(const Words& words)
 TEST(CommandLine, aWidgetIsRenderedAsAPNGOfScaleOne)
 {
     EXPECT_EQ(parseCommandLine({"render", "radar", "small"}),
-        Command(RenderWords{.kind = "radar", .family = ContainerFamily::small}));
+        Command(RenderWords{.kind = "radar", .family = WidgetFamily::small}));
 }
 
 TEST(CommandLine, optionsStandAnywhere)
 {
     const RenderWords expected{
         .kind = "radar",
-        .family = ContainerFamily::large,
+        .family = WidgetFamily::large,
         .output = "a.SVG",
         .format = PictureFormat::svg,
         .scale = 1.5,
@@ -54,7 +54,7 @@ TEST(CommandLine, listHelpAndVersionStandAlone)
 TEST(CommandLine, theRunningHostIsToldByWords)
 {
     EXPECT_EQ(parseCommandLine({"add", "radar", "medium"}),
-        Command(AddWords{.kind = "radar", .family = ContainerFamily::medium}));
+        Command(AddWords{.kind = "radar", .family = WidgetFamily::medium}));
     EXPECT_EQ(parseCommandLine({"remove", "12"}), Command(RemoveWords{.widget = 12}));
     EXPECT_EQ(parseCommandLine({"list", "--placed"}), Command(PlacedWords{}));
     EXPECT_EQ(parseCommandLine({"refresh"}), Command(RefreshWords{}));

@@ -16,7 +16,7 @@ protected:
     {
         HostFile{hostFile}.write({{
             .id = 1,
-            .target = {.kind = "org.example.clock", .family = ContainerFamily::small},
+            .target = {.kind = "org.example.clock", .family = WidgetFamily::small},
             .placement = {.screen = {}, .corner = ScreenCorner::topLeft, .inset = {96, 48}},
         }});
     }

@@ -42,7 +42,7 @@ TEST_F(DesktopTest, theGalleryAddsAWidget)
         return widgets && widgets->size() > 3;
     }));
     EXPECT_EQ(HostFile{hostFile}.read()->at(3).target,
-        (WidgetTarget{.kind = "org.example.clock", .family = ContainerFamily::small}));
+        (WidgetTarget{.kind = "org.example.clock", .family = WidgetFamily::small}));
 }
 
 TEST_F(DesktopTest, theGalleryStandsAboveTheWidgets)
@@ -78,7 +78,7 @@ TEST_F(DesktopTest, aSampleDraggedOutOfTheGalleryIsAWidgetWhereItWasDropped)
         return widgets && widgets->size() > 3;
     }));
     const PlacedWidget widget = HostFile{hostFile}.read()->at(3);
-    EXPECT_EQ(widget.target.family, ContainerFamily::small);
+    EXPECT_EQ(widget.target.family, WidgetFamily::small);
     EXPECT_EQ(widget.placement.corner, ScreenCorner::bottomLeft);
     EXPECT_LT((widget.placement.inset - QPoint{140, 160}).manhattanLength(), 80);
     EXPECT_EQ(widget.placement.inset.x() % 8, 0);
@@ -114,7 +114,7 @@ TEST_F(DesktopTest, commandsReachTheRunningHost)
     EXPECT_EQ(command({"remove", "1"}), "");
     EXPECT_TRUE(hasWindows(3));
     EXPECT_THAT(HostFile{hostFile}.read()->back().target,
-        (WidgetTarget{.kind = "org.example.moon", .family = ContainerFamily::large}));
+        (WidgetTarget{.kind = "org.example.moon", .family = WidgetFamily::large}));
     const std::size_t asked = extension.events("widgets.timeline").size();
     command({"refresh"});
     EXPECT_TRUE(

@@ -64,7 +64,7 @@ protected:
     Pinned<Date> now{future};
     test::FakeExtension extension{"counting"};
     FontMeasurer fonts;
-    WidgetWindow window{ContainerFamily::small, fonts, {}};
+    WidgetWindow window{WidgetFamily::small, fonts, {}};
     std::optional<WidgetContent> last;
     int shown = 0; ///< Different contents in a row.
     ExtensionProcess process{extension.program(), {.betweenTimelines = 0ms, .idle = 50ms, .grace = 20s}};
@@ -83,7 +83,7 @@ protected:
 TEST_F(Endurance, aThousandRefreshesLeaveNothingBehind)
 {
     constexpr std::size_t tolerance = 64UL * 1024;
-    schedule.add(1, {.kind = "org.example.clock", .family = ContainerFamily::small});
+    schedule.add(1, {.kind = "org.example.clock", .family = WidgetFamily::small});
     for (int batch = 0; batch < 2; ++batch)
         refresh(100);
     const auto descriptors = entries("/proc/self/fd");

@@ -67,7 +67,7 @@ protected:
     FontMeasurer fonts;
     std::vector<std::string> opened;
     int drops = 0;
-    WidgetWindow window{ContainerFamily::small, fonts,
+    WidgetWindow window{WidgetFamily::small, fonts,
         {
             .open = [this](const URL& target) { opened.push_back(target.text()); },
             .snapped = [](const QRect& frame) { return frame.translated(1, 2); },

@@ -102,7 +102,7 @@ TEST(ExtensionAnswers, familiesThatThisHostDoesNotKnowArePassedOver)
         .kind = "a.b",
         .displayName = "B",
         .description = "",
-        .families = {ContainerFamily::large, ContainerFamily::small},
+        .families = {WidgetFamily::large, WidgetFamily::small},
     };
     EXPECT_THAT(ExtensionAnswers::widgets(document.root()), testing::ElementsAre(expected));
     EXPECT_EQ(expected.shortName(), "b");

@@ -13,7 +13,7 @@ std::string failure(const ExtensionProgram& program)
     try {
         ExtensionClient client{program};
         client.list();
-        client.timeline("org.example.clock", ContainerFamily::small);
+        client.timeline("org.example.clock", WidgetFamily::small);
         return "none";
     } catch (const ExtensionError& error) {
         return error.what();
@@ -32,8 +32,8 @@ TEST(ExtensionClient, asksOneQuestionAfterAnother)
     const test::FakeExtension extension{"good"};
     ExtensionClient client{extension.program()};
     EXPECT_EQ(client.list().size(), 2U);
-    EXPECT_EQ(client.timeline("org.example.clock", ContainerFamily::small).entries.size(), 1U);
-    EXPECT_EQ(client.snapshot("org.example.clock", ContainerFamily::small, /*isPreview=*/true).url->text(),
+    EXPECT_EQ(client.timeline("org.example.clock", WidgetFamily::small).entries.size(), 1U);
+    EXPECT_EQ(client.snapshot("org.example.clock", WidgetFamily::small, /*isPreview=*/true).url->text(),
         "skyvane://open");
 }
 

@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
-const WidgetTarget clock{.kind = "org.example.clock", .family = ContainerFamily::small};
+const WidgetTarget clock{.kind = "org.example.clock", .family = WidgetFamily::small};
 
 constexpr ExtensionPace quick{
     .betweenTimelines = 250ms, .idle = 10s, .firstBackOff = 100ms, .longestBackOff = 400ms};

@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const WidgetTarget clock{.kind = "org.example.clock", .family = ContainerFamily::small};
+const WidgetTarget clock{.kind = "org.example.clock", .family = WidgetFamily::small};
 
 constexpr ExtensionPace quick{
     .betweenTimelines = 250ms, .idle = 10s, .firstBackOff = 50ms, .longestBackOff = 50ms};

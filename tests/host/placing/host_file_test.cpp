@@ -17,12 +17,12 @@ using test::replaced;
 const std::vector<PlacedWidget> two{
     {
         .id = 1,
-        .target = {.kind = "org.example.clock", .family = ContainerFamily::small},
+        .target = {.kind = "org.example.clock", .family = WidgetFamily::small},
         .placement = {.screen = "DP-1", .corner = ScreenCorner::topRight, .inset = {24, 32}},
     },
     {
         .id = 7,
-        .target = {.kind = "org.example.moon", .family = ContainerFamily::large},
+        .target = {.kind = "org.example.moon", .family = WidgetFamily::large},
         .placement = {.screen = "Größe \"24\"", .corner = ScreenCorner::bottomLeft, .inset = {0, -8}},
     },
 };

@@ -19,14 +19,14 @@ View filled()
 
 TEST(WidgetContainer, everyFamilyIsItsNumberOfPoints)
 {
-    EXPECT_EQ(WidgetContainer::size(ContainerFamily::small), (Size{170, 170}));
-    EXPECT_EQ(WidgetContainer::size(ContainerFamily::medium), (Size{364, 170}));
-    EXPECT_EQ(WidgetContainer::size(ContainerFamily::large), (Size{364, 382}));
+    EXPECT_EQ(WidgetContainer::size(WidgetFamily::small), (Size{170, 170}));
+    EXPECT_EQ(WidgetContainer::size(WidgetFamily::medium), (Size{364, 170}));
+    EXPECT_EQ(WidgetContainer::size(WidgetFamily::large), (Size{364, 382}));
 }
 
 TEST(WidgetContainer, aFamilyIsFoundByItsName)
 {
-    for (const ContainerFamily family : WidgetContainer::families)
+    for (const WidgetFamily family : WidgetContainer::families)
         EXPECT_EQ(WidgetContainer::named(WidgetContainer::name(family)), family);
     EXPECT_EQ(WidgetContainer::named("Small"), std::nullopt);
     EXPECT_EQ(WidgetContainer::named(""), std::nullopt);
@@ -34,7 +34,7 @@ TEST(WidgetContainer, aFamilyIsFoundByItsName)
 
 TEST(WidgetContainer, theContentStandsInsideTheMargins)
 {
-    const DisplayList list = WidgetContainer::layout(filled(), ContainerFamily::medium, test::EvenMeasurer{});
+    const DisplayList list = WidgetContainer::layout(filled(), WidgetFamily::medium, test::EvenMeasurer{});
     EXPECT_EQ(list.size, (Size{364, 170}));
     EXPECT_EQ(list.links.at(0).frame, (Rect{16, 16, 332, 138}));
     EXPECT_EQ(std::get<Pictogram>(list.items.at(0)).center, (Point{182, 85}));
@@ -49,7 +49,7 @@ TEST(WidgetContainer, everyKindOfItemIsMovedIntoTheMargins)
             CanvasCircle{.center = {0, 1}, .diameter = Points{2}, .paint = black},
         });
     const View view = overlay(drawing, {layer(Alignment::topLeading, text("A"))});
-    const DisplayList list = WidgetContainer::layout(view, ContainerFamily::small, test::EvenMeasurer{});
+    const DisplayList list = WidgetContainer::layout(view, WidgetFamily::small, test::EvenMeasurer{});
     EXPECT_EQ(std::get<Segment>(list.items.at(0)).from, (Point{16, 16}));
     EXPECT_EQ(std::get<Segment>(list.items.at(0)).to, (Point{154, 154}));
     EXPECT_EQ(std::get<Ellipse>(list.items.at(1)).center, (Point{16, 154}));

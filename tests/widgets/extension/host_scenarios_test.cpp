@@ -1,4 +1,5 @@
 #include "tests/widgets/extension/scenario.h"
+#include "ui/layout/widget_container.h"
 #include "widgets/extension/message.h"
 #include "widgets/skyvane_widget_bundle.h"
 
@@ -42,7 +43,7 @@ TEST_F(ExtensionScenario, placeholdersAndPreviewsAreTheSampleAndNeedNoNetwork)
     setHome();
     for (const Widget& widget : SkyvaneWidgetBundle{}.body()) {
         for (const char* method : {"widgets.placeholder", "widgets.snapshot"}) {
-            const std::string_view family = Extension::word(widget.supportedFamilies.front());
+            const std::string_view family = WidgetContainer::name(widget.supportedFamilies.front());
             stage.ask("sample", method, {{"kind", widget.kind}, {"family", family}, {"isPreview", true}});
             const json answer = stage.hear();
             EXPECT_EQ(answer["result"]["entry"]["isSample"], true) << answer;
