@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/json/decode.h"
+#include "platform/json/value.h"
 #include "platform/net/transport.h"
 
 #include <exception>
@@ -8,6 +8,7 @@
 #include <stop_token>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace skyvane {
 
@@ -15,15 +16,18 @@ namespace skyvane {
 /// nobody. Throws what the transport throws.
 std::optional<std::string> bodyAt(std::string_view url, const Transport& transport, std::stop_token stop);
 
-/// The record in that body. Every failure, cancellation included, is absence; the caller never learns which.
-template <class Record>
-std::optional<Record> recordAt(std::string_view url, const Transport& transport, std::stop_token stop)
+/// What `read` makes of that body's JSON, an optional value. Every failure, cancellation included, is
+/// absence; the caller never learns which.
+template <class Read>
+auto answerAt(std::string_view url, const Transport& transport, std::stop_token stop, Read&& read)
+    -> std::invoke_result_t<Read&, JSON::Value>
 {
     try {
         const std::optional<std::string> body = bodyAt(url, transport, stop);
         if (!body)
             return std::nullopt;
-        return JSON::decodeText<Record>(*body);
+        const JSON::Document document{*body};
+        return read(document.root());
     } catch (const std::exception&) {
         return std::nullopt;
     }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/json/decoder.h"
+#include "platform/json/object.h"
 #include "platform/json/record_decoder.h"
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,20 +16,9 @@ template <class T>
 struct Decoder<std::vector<T>> {
     static std::vector<T> decode(Value value)
     {
-        const simdjson::dom::array elements = array(value);
-        if (elements.size() > mostElements)
-            throw DecodingError{"has more than 50,000 elements"};
         std::vector<T> list;
-        list.reserve(elements.size());
-        std::size_t index = 0;
-        for (const Value element : elements) {
-            try {
-                append(list, element);
-            } catch (const DecodingError& error) {
-                throw error.inElement(index);
-            }
-            ++index;
-        }
+        list.reserve(lengthOfList(value));
+        forEach(value, [&](Value element) { append(list, element); });
         return list;
     }
 

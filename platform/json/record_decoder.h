@@ -41,7 +41,7 @@ struct Decoder<T> {
                 readers[index](progress, key, member);
         }
         if (progress.missing != 0)
-            throw DecodingError{"is missing"}.inMember(
+            throw DecodingError::missing().inMember(
                 table.key(static_cast<std::size_t>(std::countr_zero(progress.missing))));
     }
 

@@ -32,17 +32,39 @@ std::string found(Value value)
 
 DecodingError mismatch(const char* expected, Value value)
 {
-    return DecodingError{std::string{"expected "} + expected + ", found " + found(value)};
+    return DecodingError::mismatch(expected, found(value));
 }
 
 } // namespace
 
-DecodingError::DecodingError(const std::string& keyPath, const std::string& problem, Kind kind)
-    : std::runtime_error(keyPath.empty() ? problem : keyPath + ": " + problem)
+DecodingError::DecodingError(const std::string& keyPath, const Problem& problem, Kind kind)
+    : std::runtime_error(keyPath.empty() ? problem.text : keyPath + ": " + problem.text)
     , m_keyPath(keyPath)
     , m_problem(problem)
     , m_kind(kind)
 {
+}
+
+DecodingError DecodingError::missing()
+{
+    return {{}, {.text = "is missing", .after = " is missing"}};
+}
+
+DecodingError DecodingError::mismatch(const std::string& expected, const std::string& found)
+{
+    return {{}, {.text = "expected " + expected + ", found " + found, .after = " is not " + expected}};
+}
+
+DecodingError DecodingError::unknownWord(std::string_view word)
+{
+    const std::string quoted = '"' + std::string{word} + '"';
+    return {{}, {.text = "unknown word " + quoted, .before = "unknown ", .after = ' ' + quoted}};
+}
+
+std::string DecodingError::sentence() const
+{
+    return m_keyPath.empty() || m_problem.after.empty() ? what()
+                                                        : m_problem.before + m_keyPath + m_problem.after;
 }
 
 DecodingError DecodingError::inMember(std::string_view key) const
@@ -113,6 +135,11 @@ std::string_view string(Value value)
     if (value.get(result) != simdjson::SUCCESS || Exact::isToken(result))
         throw mismatch("a string", value);
     return result;
+}
+
+std::string text(Value value)
+{
+    return std::string{string(value)};
 }
 
 double number(Value value)

@@ -19,20 +19,34 @@ public:
     enum class Kind { shape, notJSON, tooLarge };
 
     explicit DecodingError(const std::string& problem, Kind kind = Kind::shape)
-        : DecodingError({}, problem, kind)
+        : DecodingError({}, {.text = problem}, kind)
     {
     }
+
+    static DecodingError missing();
+    static DecodingError mismatch(const std::string& expected, const std::string& found);
+    static DecodingError unknownWord(std::string_view word);
 
     Kind kind() const { return m_kind; }
 
     DecodingError inMember(std::string_view key) const;
     DecodingError inElement(std::size_t index) const;
 
+    /// For whoever wrote the text: "kind is missing", "family is not a string", "unknown family \"huge\"".
+    /// Where there is no such sentence, what().
+    std::string sentence() const;
+
 private:
-    DecodingError(const std::string& keyPath, const std::string& problem, Kind kind);
+    struct Problem {
+        std::string text;
+        std::string before{}; ///< The place, in a sentence.
+        std::string after{};
+    };
+
+    DecodingError(const std::string& keyPath, const Problem& problem, Kind kind = Kind::shape);
 
     std::string m_keyPath;
-    std::string m_problem;
+    Problem m_problem;
     Kind m_kind;
 };
 
@@ -74,6 +88,7 @@ bool isString(Value value);
 
 /// Each throws `DecodingError` when the value is of another type.
 std::string_view string(Value value);
+std::string text(Value value);
 double number(Value value);
 bool boolean(Value value);
 std::int64_t integer(Value value);

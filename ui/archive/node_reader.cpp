@@ -50,18 +50,10 @@ Font decodeFont(JSON::Value value)
 
 } // namespace
 
-NodeReader::NodeReader(JSON::Value value, int depth) : m_object(JSON::object(value)), m_depth(depth)
+NodeReader::NodeReader(JSON::Value value, int depth) : m_object(value), m_depth(depth)
 {
     if (depth > deepest)
         throw JSON::DecodingError{"nested deeper than " + std::to_string(deepest) + " nodes"};
-}
-
-std::optional<JSON::Value> NodeReader::find(std::string_view key) const
-{
-    JSON::Value value;
-    if (m_object.at_key(key).get(value) != simdjson::SUCCESS || value.is_null())
-        return std::nullopt;
-    return value;
 }
 
 Color NodeReader::decodeColor(JSON::Value value)
@@ -72,12 +64,12 @@ Color NodeReader::decodeColor(JSON::Value value)
 
 double NodeReader::number(std::string_view key) const
 {
-    return required(key, JSON::number);
+    return m_object.required(key, JSON::number);
 }
 
 double NodeReader::positiveNumber(std::string_view key) const
 {
-    return required(key, [](JSON::Value value) {
+    return m_object.required(key, [](JSON::Value value) {
         const double number = JSON::number(value);
         if (!(number > 0))
             throw JSON::DecodingError{"expected a number above 0"};
@@ -87,12 +79,12 @@ double NodeReader::positiveNumber(std::string_view key) const
 
 std::optional<double> NodeReader::optionalNumber(std::string_view key) const
 {
-    return optional(key, JSON::number);
+    return m_object.optional(key, JSON::number);
 }
 
 std::optional<int> NodeReader::optionalCount(std::string_view key) const
 {
-    return optional(key, [](JSON::Value value) {
+    return m_object.optional(key, [](JSON::Value value) {
         const std::int64_t count = JSON::integer(value);
         if (count < 1 || count > std::numeric_limits<int>::max())
             throw JSON::DecodingError{"expected a whole number above 0"};
@@ -102,7 +94,7 @@ std::optional<int> NodeReader::optionalCount(std::string_view key) const
 
 std::optional<double> NodeReader::optionalExtent(std::string_view key) const
 {
-    return optional(key, [](JSON::Value value) {
+    return m_object.optional(key, [](JSON::Value value) {
         if (JSON::isString(value) && JSON::string(value) == "infinity")
             return std::numeric_limits<double>::infinity();
         return JSON::number(value);
@@ -111,17 +103,17 @@ std::optional<double> NodeReader::optionalExtent(std::string_view key) const
 
 std::string NodeReader::string(std::string_view key) const
 {
-    return std::string{required(key, JSON::string)};
+    return m_object.required(key, JSON::text);
 }
 
 std::optional<std::string> NodeReader::optionalString(std::string_view key) const
 {
-    return optional(key, [](JSON::Value value) { return std::string{JSON::string(value)}; });
+    return m_object.optional(key, JSON::text);
 }
 
 URL NodeReader::url(std::string_view key) const
 {
-    return required(key, [](JSON::Value value) {
+    return m_object.required(key, [](JSON::Value value) {
         if (auto url = URL::parse(JSON::string(value)))
             return *std::move(url);
         throw JSON::DecodingError{"expected a URL"};
@@ -130,27 +122,27 @@ URL NodeReader::url(std::string_view key) const
 
 Color NodeReader::color(std::string_view key) const
 {
-    return required(key, decodeColor);
+    return m_object.required(key, decodeColor);
 }
 
 Font NodeReader::font(std::string_view key) const
 {
-    return required(key, decodeFont);
+    return m_object.required(key, decodeFont);
 }
 
 Stroke NodeReader::stroke(std::string_view key) const
 {
-    return required(key, decodeStroke);
+    return m_object.required(key, decodeStroke);
 }
 
 std::optional<Stroke> NodeReader::optionalStroke(std::string_view key) const
 {
-    return optional(key, decodeStroke);
+    return m_object.optional(key, decodeStroke);
 }
 
 UnitPoint NodeReader::point(std::string_view key) const
 {
-    return required(key, [](JSON::Value value) {
+    return m_object.required(key, [](JSON::Value value) {
         const auto [x, y] = numbers<2>(value);
         return UnitPoint{.x = x, .y = y};
     });
@@ -158,16 +150,8 @@ UnitPoint NodeReader::point(std::string_view key) const
 
 void NodeReader::forEach(std::string_view key, const std::function<void(const NodeReader&)>& visit) const
 {
-    required(key, [&](JSON::Value value) {
-        std::size_t index = 0;
-        for (const JSON::Value element : JSON::array(value)) {
-            try {
-                visit(NodeReader{element, m_depth + 1});
-            } catch (const JSON::DecodingError& error) {
-                throw error.inElement(index);
-            }
-            ++index;
-        }
+    m_object.required(key, [&](JSON::Value value) {
+        JSON::forEach(value, [&](JSON::Value element) { visit(NodeReader{element, m_depth + 1}); });
     });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/json/value.h"
+#include "platform/json/object.h"
 #include "ui/archive/words.h"
 #include "ui/tree/view.h"
 
@@ -38,11 +38,11 @@ public:
     template <class Value, std::size_t count>
     std::optional<Value> word(std::string_view key, const Words::Table<Value, count>& table) const
     {
-        return optional(key, [&](JSON::Value value) {
+        return m_object.optional(key, [&](JSON::Value value) {
             const std::string_view word = JSON::string(value);
             if (const auto known = Words::valueOf(table, word))
                 return *known;
-            throw JSON::DecodingError{"unknown word \"" + std::string{word} + "\""};
+            throw JSON::DecodingError::unknownWord(word);
         });
     }
 
@@ -50,37 +50,16 @@ public:
     template <class Read>
     auto child(std::string_view key, Read&& read) const
     {
-        return required(key, [&](JSON::Value value) { return read(NodeReader{value, m_depth + 1}); });
+        return m_object.required(key, [&](JSON::Value value) {
+            return read(NodeReader{value, m_depth + 1});
+        });
     }
     void forEach(std::string_view key, const std::function<void(const NodeReader&)>& visit) const;
 
 private:
     NodeReader(JSON::Value value, int depth);
 
-    std::optional<JSON::Value> find(std::string_view key) const;
-
-    template <class Read>
-    auto required(std::string_view key, Read&& read) const
-    {
-        const auto value = find(key);
-        try {
-            if (!value)
-                throw JSON::DecodingError{"is missing"};
-            return read(*value);
-        } catch (const JSON::DecodingError& error) {
-            throw error.inMember(key);
-        }
-    }
-
-    template <class Read>
-    auto optional(std::string_view key, Read&& read) const -> std::optional<decltype(read(JSON::Value{}))>
-    {
-        if (!find(key))
-            return std::nullopt;
-        return required(key, read);
-    }
-
-    simdjson::dom::object m_object;
+    JSON::Object m_object;
     int m_depth;
 };
 

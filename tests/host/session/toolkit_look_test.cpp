@@ -30,7 +30,7 @@ protected:
         putScript(program.parent_path() / "skyvane", "env >" + seen.string() + "\n");
         HostFile{hostFile}.write({{
             .id = 1,
-            .target = {.kind = "org.example.clock", .family = ContainerFamily::small},
+            .target = {.kind = "org.example.clock", .family = WidgetFamily::small},
             .placement = {.screen = "screen", .corner = ScreenCorner::topRight, .inset = {24, 24}},
         }});
         session.set("XDG_CONFIG_HOME", path(folder.path()));
