@@ -1,16 +1,22 @@
 #include "bench/field/rows.h"
 #include "bench/field/run.h"
+#include "protocol/request.h"
 #include "tests/support/scratch_folder.h"
 
 namespace skyvane::bench {
 
 namespace {
 
-constexpr std::string_view listRequest = R"({"jsonrpc":"2.0","id":1,"method":"widgets.list"})"
-                                         "\n";
-constexpr std::string_view timelineRequest
-    = R"({"jsonrpc":"2.0","id":1,"method":"widgets.timeline","params":{"kind":"org.skyvane.widgets.skyboard","family":"large"}})"
-      "\n";
+std::string listRequest()
+{
+    return Protocol::requestLine(1, Protocol::ListCall{});
+}
+
+std::string timelineRequest()
+{
+    const WidgetTarget board{.kind = "org.skyvane.widgets.skyboard", .family = WidgetFamily::large};
+    return Protocol::requestLine(1, Protocol::TimelineCall{.params = board});
+}
 
 /// The same request, the same choice, the same order.
 constexpr const char* download = "curl --silent --fail https://api.adsb.lol/v2/point/51.50000/-0.12000/250";
@@ -29,7 +35,7 @@ Rows timelineRows(const Programs& programs)
     const std::string file = (folder.path() / "answer.json").string();
     const auto runs = runInTurn(programs, 21,
         {
-            {.line = timelineRequest, .words = {programs.extension.string()}},
+            {.line = timelineRequest(), .words = {programs.extension.string()}},
             shell(std::string{download} + " | " + choose),
             // Of a pipe, only the largest process is known.
             shell(std::string{"exec "} + download + " --output " + file),
@@ -52,7 +58,7 @@ Rows startRows(const Programs& programs)
 {
     const auto runs = runInTurn(programs, 61,
         {
-            {.line = listRequest, .words = {programs.extension.string()}},
+            {.line = listRequest(), .words = {programs.extension.string()}},
             {.line = "", .words = {programs.hello.string()}},
             {.line = "", .words = {"true"}},
         });

@@ -35,21 +35,16 @@ double cpuMilliseconds()
     return sum * 1e3;
 }
 
-struct Shown {
-    std::string_view kind;
-    WidgetFamily family;
-};
-
 void refresh(const std::filesystem::path& program, const FontMeasurer& fonts)
 {
-    constexpr std::array<Shown, 3> all{{
+    const std::array<WidgetTarget, 3> all{{
         {"org.skyvane.widgets.nearest", WidgetFamily::small},
         {"org.skyvane.widgets.radar", WidgetFamily::medium},
         {"org.skyvane.widgets.skyboard", WidgetFamily::large},
     }};
     ExtensionClient extension{{.path = program}};
-    for (const Shown& shown : all) {
-        const WidgetEntry entry = extension.timeline(shown.kind, shown.family).entries.at(0);
+    for (const WidgetTarget& shown : all) {
+        const WidgetEntry entry = extension.ask(Protocol::TimelineCall{.params = shown}).entries.at(0);
         const DisplayList list = WidgetContainer::layout(entry.view, shown.family, fonts);
         use(renderImage(list, entry.background, 1, fonts));
     }

@@ -20,7 +20,7 @@ Run run(const Programs& programs, std::string_view line, const std::vector<std::
 
 /// The same measured figure of several programs, run in turn.
 struct Contestant {
-    std::string_view line;
+    std::string line;
     std::vector<std::string> words;
 };
 std::vector<std::vector<Run>> runInTurn(

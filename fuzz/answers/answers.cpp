@@ -1,7 +1,10 @@
-#include "host/extension/answers.h"
 #include "fuzz/fuzzer.h"
 #include "host/extension/answer_lines.h"
 #include "host/extension/error.h"
+#include "protocol/answer.h"
+#include "protocol/request.h"
+
+#include <type_traits>
 
 namespace {
 
@@ -17,14 +20,21 @@ void tryTo(Decode decode)
     }
 }
 
+template <class... Call>
+void readAsResultOf(std::type_identity<std::variant<Call...>>, JSON::Value result)
+{
+    (tryTo([&] { Protocol::read<typename Call::Result>(result); }), ...);
+}
+
 void readAsEverything(const QByteArray& line)
 {
     const JSON::Document document{{line.data(), static_cast<std::size_t>(line.size())}};
-    const std::int64_t id = ExtensionAnswers::id(document.root());
-    const JSON::Value result = ExtensionAnswers::result(document.root(), id);
-    tryTo([&] { ExtensionAnswers::widgets(result); });
-    tryTo([&] { ExtensionAnswers::entry(result); });
-    tryTo([&] { ExtensionAnswers::timeline(result); });
+    const std::int64_t id = Protocol::answeredID(document.root());
+    try {
+        readAsResultOf(std::type_identity<Protocol::AnyCall>{}, Protocol::resultOf(document.root(), id));
+    } catch (const Protocol::Refused&) {
+        // What the extension refuses is told.
+    }
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "fuzz/fuzzer.h"
 #include "host/placing/placed_widget.h"
+#include "ui/layout/widget_container.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include "platform/files/files.h"
 #include "platform/json/value.h"
 #include "platform/pinned.h"
+#include "protocol/limits.h"
 #include "tests/support/scratch_folder.h"
 #include "widgets/extension/serve.h"
 
@@ -63,8 +64,7 @@ URLResponse oneAircraft(const URLRequest&, const std::stop_token& stop)
 /// A whole JSON-RPC answer: what was asked for or an error, never both.
 void requireAnswer(std::string_view line)
 {
-    constexpr std::size_t longestAnswer = std::size_t{256} << 10;
-    fuzz::require(line.size() <= longestAnswer);
+    fuzz::require(line.size() <= Protocol::Limits::longestAnswer);
     const JSON::Document document{line};
     JSON::Value value;
     fuzz::require(JSON::string(document.root()["jsonrpc"]) == "2.0");

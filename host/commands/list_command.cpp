@@ -1,6 +1,7 @@
 #include "host/commands/list_command.h"
 
 #include "desk/one_line.h"
+#include "ui/layout/widget_container.h"
 
 namespace skyvane {
 

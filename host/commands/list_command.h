@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/extension/widget_info.h"
+#include "protocol/widget_info.h"
 
 #include <string>
 #include <vector>

@@ -35,9 +35,10 @@ void requireFamily(const WidgetInfo& widget, WidgetFamily family)
 
 WidgetEntry currentEntry(const RenderWords& words, const WidgetInfo& widget, ExtensionClient& extension)
 {
+    const WidgetTarget target{.kind = widget.kind, .family = words.family};
     if (words.isSample)
-        return extension.snapshot(widget.kind, words.family, /*isPreview=*/true);
-    WidgetTimeline timeline = extension.timeline(widget.kind, words.family);
+        return extension.ask(Protocol::SnapshotCall{.params = {.target = target, .isPreview = true}}).entry;
+    WidgetTimeline timeline = extension.ask(Protocol::TimelineCall{.params = target});
     if (timeline.entries.empty())
         throw ExtensionError{"the widget extension answered a timeline without entries"};
     return std::move(timeline.entries.front());
@@ -84,7 +85,7 @@ void write(const std::filesystem::path& path, const QByteArray& bytes)
 
 std::filesystem::path renderWidget(const RenderWords& words, ExtensionClient& extension)
 {
-    const WidgetInfo widget = chosenWidget(words, extension.list());
+    const WidgetInfo widget = chosenWidget(words, extension.ask(Protocol::ListCall{}).widgets);
     requireFamily(widget, words.family);
     const WidgetEntry entry = currentEntry(words, widget, extension);
     std::filesystem::path output = words.output.value_or(defaultOutput(widget, words.family));

@@ -22,7 +22,10 @@ struct Runner {
         out << renderWidget(words, extension).string() << "\n";
     }
 
-    void operator()(const ListWords&) const { out << listText(ExtensionClient{program}.list()); }
+    void operator()(const ListWords&) const
+    {
+        out << listText(ExtensionClient{program}.ask(Protocol::ListCall{}).widgets);
+    }
     void operator()(const PlacedWords&) const { tell(QStringLiteral("ListPlaced")); }
     void operator()(const AddWords& words) const
     {

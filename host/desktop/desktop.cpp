@@ -45,7 +45,7 @@ Desktop::Desktop(ExtensionProcess& extension, const DesktopSetup& setup)
     , m_extension(extension)
     , m_file(setup.hostFile)
     , m_schedule(m_extension,
-          [this](int widget, const WidgetContent& content) {
+          [this](int widget, const ShownEntry& content) {
               if (const auto window = m_windows.find(widget); window != m_windows.end())
                   window->second->showContent(content);
           })
@@ -80,10 +80,10 @@ Desktop::~Desktop()
 
 void Desktop::learnWidgets()
 {
-    m_extension.list([this](const std::optional<std::vector<WidgetInfo>>& widgets) {
-        if (!widgets)
+    m_extension.ask(Protocol::ListCall{}, [this](const std::optional<Protocol::WidgetList>& list) {
+        if (!list)
             return;
-        m_known = *widgets;
+        m_known = list->widgets;
         for (const PlacedWidget& widget : m_placed)
             nameWindow(widget);
         if (m_gallery)

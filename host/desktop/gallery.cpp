@@ -63,10 +63,10 @@ QWidget* Gallery::row(const WidgetInfo& widget)
             = new SampleButton{family, m_fonts, [this, target](const QRect& frame) { m_add(target, frame); }};
         button->setAccessibleName(name + QStringLiteral(", ") + familyTitle(family));
         connect(button, &QAbstractButton::clicked, this, [this, target] { m_add(target, std::nullopt); });
-        m_extension.sample(
-            target, [button = QPointer<SampleButton>{button}](const std::optional<WidgetEntry>& entry) {
-                if (button && entry)
-                    button->showSample(*entry);
+        m_extension.ask(Protocol::SnapshotCall{.params = {.target = target, .isPreview = true}},
+            [button = QPointer<SampleButton>{button}](const std::optional<Protocol::OneEntry>& sample) {
+                if (button && sample)
+                    button->showSample(sample->entry);
             });
         samples->addWidget(button);
     }

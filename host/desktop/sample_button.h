@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/extension/widget_entry.h"
 #include "paint/font_measurer.h"
+#include "protocol/widget_timeline.h"
 #include "ui/layout/widget_container.h"
 
 #include <QAbstractButton>

@@ -57,7 +57,7 @@ void WidgetWindow::setNames(const QString& name, const QString& description)
         setAccessibleDescription(description);
 }
 
-void WidgetWindow::showContent(const WidgetContent& content)
+void WidgetWindow::showContent(const ShownEntry& content)
 {
     if (m_content == content)
         return;

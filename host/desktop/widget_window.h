@@ -25,7 +25,7 @@ public:
     /// For a screen reader.
     void setNames(const QString& name, const QString& description);
 
-    void showContent(const WidgetContent& content);
+    void showContent(const ShownEntry& content);
 
     /// Where nothing blends its round corners with what is below, they are cut off.
     void setShaped(bool isShaped);
@@ -53,7 +53,7 @@ private:
     WidgetFamily m_family;
     const FontMeasurer& m_fonts;
     WidgetActions m_actions;
-    std::optional<WidgetContent> m_content;
+    std::optional<ShownEntry> m_content;
     DisplayList m_list;
     std::vector<SpokenPart> m_parts;
     std::optional<std::size_t> m_focusedLink;

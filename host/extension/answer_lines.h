@@ -11,7 +11,8 @@ class AnswerLines {
 public:
     void add(const QByteArray& bytes) { m_unread += bytes; }
 
-    /// The next whole line, without its break. Throws `ExtensionError` on one of more than 256 KiB.
+    /// The next whole line, without its break. Throws `ExtensionError` on one that is longer than an answer
+    /// may be.
     std::optional<QByteArray> next();
 
 private:

@@ -1,13 +1,8 @@
 #include "host/extension/client.h"
 
-#include "host/extension/answers.h"
 #include "host/extension/failures.h"
-#include "host/extension/requests.h"
 
 #include <QDeadlineTimer>
-
-#include <nlohmann/json.hpp>
-#include <string>
 
 namespace skyvane {
 
@@ -21,42 +16,26 @@ ExtensionClient::ExtensionClient(const ExtensionProgram& program) : m_timeout(pr
 
 ExtensionClient::~ExtensionClient()
 {
-    constexpr int grace = 1000; // Milliseconds.
+    constexpr std::chrono::milliseconds grace = Protocol::Limits::timeToEnd;
     m_process.closeWriteChannel();
-    if (m_process.state() == QProcess::NotRunning || m_process.waitForFinished(grace))
+    if (m_process.state() == QProcess::NotRunning
+        || m_process.waitForFinished(static_cast<int>(grace.count())))
         return;
     m_process.kill();
     m_process.waitForFinished();
 }
 
-std::vector<WidgetInfo> ExtensionClient::list()
+void ExtensionClient::ask(
+    std::int64_t id, const std::string& line, const std::function<void(JSON::Value)>& take)
 {
-    return ask("widgets.list", nlohmann::ordered_json::object(), ExtensionAnswers::widgets);
-}
+    m_process.write(QByteArray::fromStdString(line));
 
-WidgetEntry ExtensionClient::snapshot(std::string_view kind, WidgetFamily family, bool isPreview)
-{
-    nlohmann::ordered_json params = ExtensionRequests::target(kind, family);
-    params["isPreview"] = isPreview;
-    return ask("widgets.snapshot", params, ExtensionAnswers::entry);
-}
-
-WidgetTimeline ExtensionClient::timeline(std::string_view kind, WidgetFamily family)
-{
-    return ask("widgets.timeline", ExtensionRequests::target(kind, family), ExtensionAnswers::timeline);
-}
-
-template <class Result>
-Result ExtensionClient::ask(
-    std::string_view method, const nlohmann::ordered_json& params, Result (*decode)(JSON::Value))
-{
-    const std::int64_t id = ++m_lastId;
-    m_process.write(ExtensionRequests::line(id, method, params));
-
-    const QByteArray line = nextLine();
+    const QByteArray answered = nextLine();
     try {
-        const JSON::Document answer{{line.data(), static_cast<std::size_t>(line.size())}};
-        return decode(ExtensionAnswers::result(answer.root(), id));
+        const JSON::Document answer{{answered.data(), static_cast<std::size_t>(answered.size())}};
+        take(Protocol::resultOf(answer.root(), id));
+    } catch (const Protocol::Refused& error) {
+        throw ExtensionError{ExtensionFailures::refused(error)};
     } catch (const JSON::DecodingError& error) {
         throw ExtensionError{ExtensionFailures::nonsense(error)};
     }

@@ -3,22 +3,22 @@
 #include "host/extension/answer_lines.h"
 #include "host/extension/error.h"
 #include "host/extension/program.h"
-#include "host/extension/widget_entry.h"
-#include "host/extension/widget_info.h"
 #include "platform/json/value.h"
+#include "protocol/request.h"
 
 #include <QProcess>
 
 #include <chrono>
 #include <cstdint>
-#include <nlohmann/json_fwd.hpp>
-#include <string_view>
-#include <vector>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
 
 namespace skyvane {
 
-/// The widget extension as a process, asked one question at a time; it ends with this. Every function waits
-/// for its answer and throws `ExtensionError` when there is none.
+/// The widget extension as a process, asked one question at a time; it ends with this. A question waits for
+/// its answer and throws `ExtensionError` when there is none.
 class ExtensionClient {
 public:
     explicit ExtensionClient(const ExtensionProgram& program);
@@ -26,13 +26,18 @@ public:
     ExtensionClient(const ExtensionClient&) = delete;
     ExtensionClient& operator=(const ExtensionClient&) = delete;
 
-    std::vector<WidgetInfo> list();
-    WidgetEntry snapshot(std::string_view kind, WidgetFamily family, bool isPreview);
-    WidgetTimeline timeline(std::string_view kind, WidgetFamily family);
+    template <class Call>
+    typename Call::Result ask(const Call& call)
+    {
+        std::optional<typename Call::Result> result;
+        const std::int64_t id = ++m_lastId;
+        ask(id, Protocol::requestLine(id, call),
+            [&](JSON::Value value) { result = Protocol::read<typename Call::Result>(value); });
+        return *std::move(result);
+    }
 
 private:
-    template <class Result>
-    Result ask(std::string_view method, const nlohmann::ordered_json& params, Result (*decode)(JSON::Value));
+    void ask(std::int64_t id, const std::string& line, const std::function<void(JSON::Value)>& take);
     QByteArray nextLine();
     [[noreturn]] void failWithoutAnswer();
 

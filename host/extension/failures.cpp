@@ -24,4 +24,9 @@ std::string nonsense(const JSON::DecodingError& error)
     return std::string{"the widget extension answered nonsense: "} + error.what();
 }
 
+std::string refused(const Protocol::Refused& error)
+{
+    return std::string{"the widget extension refused: "} + error.what();
+}
+
 } // namespace skyvane::ExtensionFailures

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/json/value.h"
+#include "protocol/answer.h"
 
 #include <QProcess>
 
@@ -15,5 +16,6 @@ std::string notStarted(const std::filesystem::path& program);
 std::string ended(QProcess::ExitStatus status);
 std::string noAnswer(std::chrono::milliseconds timeout);
 std::string nonsense(const JSON::DecodingError& error);
+std::string refused(const Protocol::Refused& error);
 
 } // namespace skyvane::ExtensionFailures

@@ -1,14 +1,11 @@
 #include "host/extension/process.h"
 
 #include "desk/one_line.h"
-#include "host/extension/answers.h"
 #include "host/extension/error.h"
 #include "host/extension/failures.h"
-#include "host/extension/requests.h"
 
 #include <QLoggingCategory>
 
-#include <nlohmann/json.hpp>
 #include <utility>
 
 namespace skyvane {
@@ -52,46 +49,6 @@ ExtensionProcess::~ExtensionProcess()
         return;
     m_process.kill();
     m_process.waitForFinished();
-}
-
-template <class Result>
-ExtensionProcess::Question ExtensionProcess::question(const char* method,
-    const nlohmann::ordered_json& params, Result (*decode)(JSON::Value), Answer<Result> answer)
-{
-    const std::int64_t id = ++m_lastId;
-    return {
-        .id = id,
-        .line = ExtensionRequests::line(id, method, params),
-        .decode = [=](JSON::Value value) { return [answer, result = decode(value)] { answer(result); }; },
-        .fail = [=] { answer(std::nullopt); },
-    };
-}
-
-void ExtensionProcess::list(Answer<std::vector<WidgetInfo>> answer)
-{
-    ask(question(
-        "widgets.list", nlohmann::ordered_json::object(), ExtensionAnswers::widgets, std::move(answer)));
-}
-
-void ExtensionProcess::placeholder(const WidgetTarget& target, Answer<WidgetEntry> answer)
-{
-    ask(question("widgets.placeholder", ExtensionRequests::target(target.kind, target.family),
-        ExtensionAnswers::entry, std::move(answer)));
-}
-
-void ExtensionProcess::sample(const WidgetTarget& target, Answer<WidgetEntry> answer)
-{
-    nlohmann::ordered_json params = ExtensionRequests::target(target.kind, target.family);
-    params["isPreview"] = true;
-    ask(question("widgets.snapshot", params, ExtensionAnswers::entry, std::move(answer)));
-}
-
-void ExtensionProcess::timeline(const WidgetTarget& target, Answer<WidgetTimeline> answer)
-{
-    Question asked = question("widgets.timeline", ExtensionRequests::target(target.kind, target.family),
-        ExtensionAnswers::timeline, std::move(answer));
-    asked.isTimeline = true;
-    ask(std::move(asked));
 }
 
 void ExtensionProcess::ask(Question question)
@@ -161,19 +118,19 @@ void ExtensionProcess::read()
 void ExtensionProcess::handle(const QByteArray& line)
 {
     const JSON::Document answer{{line.data(), static_cast<std::size_t>(line.size())}};
-    const std::int64_t id = ExtensionAnswers::id(answer.root());
+    const std::int64_t id = Protocol::answeredID(answer.root());
     const auto place = m_asked.find(id);
     if (place == m_asked.end())
         throw JSON::DecodingError{"is that of no request"}.inMember("id");
     std::function<void()> deliver = place->second.fail;
     try {
-        deliver = place->second.decode(ExtensionAnswers::result(answer.root(), id));
+        deliver = place->second.decode(Protocol::resultOf(answer.root(), id));
         if (place->second.isTimeline) {
             m_backOff = {};
             m_toldFailure.clear();
         }
-    } catch (const ExtensionError& refusal) {
-        tell(refusal.what());
+    } catch (const Protocol::Refused& error) {
+        tell(ExtensionFailures::refused(error));
     }
     m_asked.erase(place);
     settle();

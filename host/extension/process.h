@@ -2,10 +2,8 @@
 
 #include "host/extension/answer_lines.h"
 #include "host/extension/program.h"
-#include "host/extension/widget_entry.h"
-#include "host/extension/widget_info.h"
-#include "host/extension/widget_target.h"
 #include "platform/json/value.h"
+#include "protocol/request.h"
 
 #include <QDeadlineTimer>
 #include <QProcess>
@@ -15,15 +13,16 @@
 #include <deque>
 #include <functional>
 #include <map>
-#include <nlohmann/json_fwd.hpp>
+#include <type_traits>
+#include <utility>
 
 namespace skyvane {
 
 /// How the host spaces what it asks and how often it tries.
 struct ExtensionPace {
-    std::chrono::milliseconds betweenTimelines{std::chrono::seconds{1}}; ///< Over all widgets.
+    std::chrono::milliseconds betweenTimelines{Protocol::Limits::betweenTimelines}; ///< Over all widgets.
     std::chrono::milliseconds idle{std::chrono::seconds{10}}; ///< Without a question, then it is ended.
-    std::chrono::milliseconds grace{std::chrono::seconds{1}}; ///< To end by itself.
+    std::chrono::milliseconds grace{Protocol::Limits::timeToEnd}; ///< To end by itself.
     std::chrono::milliseconds firstBackOff{std::chrono::seconds{5}}; ///< Before a restart; doubles.
     std::chrono::milliseconds longestBackOff{std::chrono::minutes{5}};
 };
@@ -44,10 +43,22 @@ public:
     /// Ahead of the first question, which then finds it ready.
     void start() { startWhenAllowed(); }
 
-    void list(Answer<std::vector<WidgetInfo>> answer);
-    void placeholder(const WidgetTarget& target, Answer<WidgetEntry> answer);
-    void sample(const WidgetTarget& target, Answer<WidgetEntry> answer);
-    void timeline(const WidgetTarget& target, Answer<WidgetTimeline> answer);
+    template <class Call>
+    void ask(const Call& call, Answer<typename Call::Result> answer)
+    {
+        const std::int64_t id = ++m_lastId;
+        ask({
+            .id = id,
+            .line = QByteArray::fromStdString(Protocol::requestLine(id, call)),
+            .decode =
+                [answer](JSON::Value value) {
+                    auto result = Protocol::read<typename Call::Result>(value);
+                    return [answer, result = std::move(result)] { answer(result); };
+                },
+            .fail = [answer] { answer(std::nullopt); },
+            .isTimeline = std::is_same_v<Call, Protocol::TimelineCall>,
+        });
+    }
 
 private:
     struct Question {
@@ -60,9 +71,6 @@ private:
         bool isTimeline = false;
     };
 
-    template <class Result>
-    Question question(const char* method, const nlohmann::ordered_json& params, Result (*decode)(JSON::Value),
-        Answer<Result> answer);
     void ask(Question question);
     void pump();
     void startWhenAllowed();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "protocol/limits.h"
+
 #include <chrono>
 #include <filesystem>
 
@@ -10,7 +12,7 @@ namespace skyvane {
 /// Which program the widgets come from, and how long it may think.
 struct ExtensionProgram {
     std::filesystem::path path;
-    std::chrono::milliseconds timeout{std::chrono::seconds{30}}; ///< For one answer.
+    std::chrono::milliseconds timeout{Protocol::Limits::timeToAnswer}; ///< For one answer.
 
     /// Makes the process ready to start: the program in a clean environment, its standard error dropped.
     void prepare(QProcess& process) const;

@@ -32,12 +32,13 @@ void Schedule::add(int widget, const WidgetTarget& target)
 {
     const int serial = ++m_lastSerial;
     m_plans.insert_or_assign(widget, Plan{.target = target, .serial = serial, .due = Clock::now()});
-    m_extension.placeholder(target, [=, this](const std::optional<WidgetEntry>& entry) {
+    const Protocol::PlaceholderCall call{.params = target};
+    m_extension.ask(call, [=, this](const std::optional<Protocol::OneEntry>& placeholder) {
         Plan* plan = find(widget, serial);
-        if (plan == nullptr || !entry || plan->timeline)
+        if (plan == nullptr || !placeholder || plan->timeline)
             return;
-        plan->shown = entry;
-        m_show(widget, {.entry = *entry, .isStale = plan->missed >= 2});
+        plan->shown = placeholder->entry;
+        m_show(widget, {.entry = placeholder->entry, .isStale = plan->missed >= 2});
     });
     lookAtClock();
 }
@@ -88,8 +89,8 @@ void Schedule::ask(int widget, Plan& plan)
 {
     plan.isAsking = true;
     plan.isOutdated = false;
-    m_extension.timeline(
-        plan.target, [this, widget, serial = plan.serial](const std::optional<WidgetTimeline>& timeline) {
+    m_extension.ask(Protocol::TimelineCall{.params = plan.target},
+        [this, widget, serial = plan.serial](const std::optional<WidgetTimeline>& timeline) {
             if (Plan* asked = find(widget, serial))
                 take(widget, *asked, timeline);
         });
@@ -102,7 +103,7 @@ void Schedule::take(int widget, Plan& plan, const std::optional<WidgetTimeline>&
     if (timeline && !timeline->entries.empty()) {
         plan.timeline = timeline;
         plan.missed = 0;
-        plan.due = std::max(timeline->reloadDate, now + leastWait);
+        plan.due = std::max(timeline->reload.date, now + leastWait);
     } else {
         plan.due = now + retryAfter(++plan.missed);
     }

@@ -8,18 +8,18 @@
 
 namespace skyvane {
 
-/// What a widget shows.
-struct WidgetContent {
+/// The entry that a widget shows.
+struct ShownEntry {
     WidgetEntry entry;
     bool isStale = false; ///< Two refreshes or more were missed.
 
-    bool operator==(const WidgetContent&) const = default;
+    bool operator==(const ShownEntry&) const = default;
 };
 
 /// Keeps the placed widgets fresh: the placeholder at once, then the timeline, and that again at its date.
 class Schedule {
 public:
-    using Show = std::function<void(int widget, const WidgetContent& content)>;
+    using Show = std::function<void(int widget, const ShownEntry& content)>;
 
     /// A reload date is kept at least this far away.
     static constexpr std::chrono::seconds leastWait{5};

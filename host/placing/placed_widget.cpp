@@ -1,6 +1,7 @@
 #include "host/placing/placed_widget.h"
 
-#include "platform/json/value.h"
+#include "platform/json/object.h"
+#include "protocol/codec.h"
 
 #include <algorithm>
 #include <array>
@@ -26,54 +27,44 @@ nlohmann::ordered_json json(const PlacedWidget& widget)
 {
     const auto corner = std::find_if(corners.begin(), corners.end(),
         [&](const auto& known) { return known.first == widget.placement.corner; });
-    return {
-        {"id", widget.id},
-        {"kind", widget.target.kind},
-        {"family", WidgetContainer::name(widget.target.family)},
-        {"screen", widget.placement.screen},
-        {"corner", corner->second},
-        {"x", widget.placement.inset.x()},
-        {"y", widget.placement.inset.y()},
-    };
+    nlohmann::ordered_json json{{"id", widget.id}};
+    json.update(Protocol::write(widget.target));
+    json["screen"] = widget.placement.screen;
+    json["corner"] = corner->second;
+    json["x"] = widget.placement.inset.x();
+    json["y"] = widget.placement.inset.y();
+    return json;
 }
 
-JSON::Value member(JSON::Value object, std::string_view key)
-{
-    JSON::Value value;
-    if (JSON::object(object).at_key(key).get(value) != simdjson::SUCCESS)
-        throw JSON::DecodingError{"is missing"}.inMember(key);
-    return value;
-}
-
-std::string text(JSON::Value object, std::string_view key)
-{
-    return std::string{JSON::string(member(object, key))};
-}
-
-int number(JSON::Value object, std::string_view key)
+int number(JSON::Value value)
 {
     constexpr std::int64_t farthest = 1'000'000;
-    const std::int64_t value = JSON::integer(member(object, key));
-    if (std::abs(value) > farthest)
-        throw JSON::DecodingError{"is out of range"}.inMember(key);
-    return static_cast<int>(value);
+    const std::int64_t number = JSON::integer(value);
+    if (std::abs(number) > farthest)
+        throw JSON::DecodingError{"is out of range"};
+    return static_cast<int>(number);
+}
+
+ScreenCorner corner(JSON::Value value)
+{
+    const std::string_view name = JSON::string(value);
+    const auto corner = std::find_if(
+        corners.begin(), corners.end(), [&](const auto& known) { return known.second == name; });
+    if (corner == corners.end())
+        throw JSON::DecodingError::unknownWord(name);
+    return corner->first;
 }
 
 PlacedWidget widget(JSON::Value value)
 {
-    const auto family = WidgetContainer::named(text(value, "family"));
-    const std::string cornerName = text(value, "corner");
-    const auto corner = std::find_if(
-        corners.begin(), corners.end(), [&](const auto& known) { return known.second == cornerName; });
-    if (!family || corner == corners.end())
-        throw JSON::DecodingError{"is of an unknown family or corner"};
+    const JSON::Object members{value};
     return {
-        .id = number(value, "id"),
-        .target = {.kind = text(value, "kind"), .family = *family},
+        .id = members.required("id", number),
+        .target = Protocol::read<WidgetTarget>(value),
         .placement = {
-            .screen = text(value, "screen"),
-            .corner = corner->first,
-            .inset = {number(value, "x"), number(value, "y")},
+            .screen = members.required("screen", JSON::text),
+            .corner = members.required("corner", corner),
+            .inset = {members.required("x", number), members.required("y", number)},
         },
     };
 }
@@ -94,13 +85,13 @@ std::optional<std::vector<PlacedWidget>> decoded(std::string_view bytes)
 {
     try {
         const JSON::Document document{bytes};
-        if (JSON::integer(member(document.root(), "version")) != version)
+        const JSON::Object members{document.root()};
+        if (members.required("version", JSON::integer) != version)
             return std::nullopt;
-        std::vector<PlacedWidget> widgets;
+        auto widgets = members.required("widgets", JSON::listOf(widget));
         std::set<int> ids;
-        for (const JSON::Value value : JSON::array(member(document.root(), "widgets"))) {
-            widgets.push_back(widget(value));
-            if (widgets.back().id < 1 || !ids.insert(widgets.back().id).second)
+        for (const PlacedWidget& placed : widgets) {
+            if (placed.id < 1 || !ids.insert(placed.id).second)
                 return std::nullopt;
         }
         return widgets;

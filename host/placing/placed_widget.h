@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/extension/widget_target.h"
 #include "host/placing/placing.h"
+#include "protocol/widget_target.h"
 
 #include <optional>
 #include <string>

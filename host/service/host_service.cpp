@@ -1,6 +1,7 @@
 #include "host/service/host_service.h"
 
 #include "host/desktop/desktop.h"
+#include "ui/layout/widget_container.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>

@@ -1,7 +1,6 @@
 #include "widgets/extension/answers.h"
 
-#include "ui/archive/archive.h"
-#include "ui/layout/widget_container.h"
+#include "protocol/json_rpc.h"
 
 #include <utility>
 
@@ -9,78 +8,70 @@ namespace skyvane::Extension {
 
 namespace {
 
-constexpr std::size_t longestAnswer = std::size_t{256} << 10;
+namespace JsonRPC = Protocol::JsonRPC;
+namespace Limits = Protocol::Limits;
 
-double seconds(Date date)
+std::string member(std::string_view name, std::string_view json)
 {
-    return static_cast<double>(date.time_since_epoch().count()) / 1000;
-}
-
-Result entryJSON(const SkyEntry& entry, const PlacedWidget& placed)
-{
-    const WidgetContent content = placed.widget->content(entry, placed.family);
-    return {
-        {"date", seconds(entry.date)},
-        {"isSample", entry.isSample},
-        {"view", toArchive(content.view)},
-        {"background", toArchive(content.containerBackground)},
-        {"url", content.widgetURL ? Result(content.widgetURL->text()) : Result(nullptr)},
-    };
+    return '"' + std::string{name} + "\":" + std::string{json};
 }
 
 /// `id` is JSON already.
-std::string line(const RequestID& id, const char* member, const Result& value)
+std::string line(const RequestID& id, std::string_view name, const Result& value)
 {
-    return R"({"jsonrpc":"2.0","id":)" + id + ",\"" + member
-        + "\":" + value.dump(-1, ' ', /*ensure_ascii=*/false, Result::error_handler_t::replace) + "}\n";
+    return '{' + member(JsonRPC::jsonrpc, Result(JsonRPC::version).dump()) + ',' + member(JsonRPC::id, id)
+        + ',' + member(name, value.dump(-1, ' ', /*ensure_ascii=*/false, Result::error_handler_t::replace))
+        + "}\n";
 }
 
 } // namespace
 
-Result listResult(const std::vector<Widget>& offered)
+Protocol::WidgetList widgetList(const std::vector<Widget>& offered)
 {
-    Result list = Result::array();
+    Protocol::WidgetList list;
     for (const Widget& widget : offered) {
-        Result families = Result::array();
-        for (const WidgetFamily family : widget.supportedFamilies)
-            families.push_back(WidgetContainer::name(family));
-        list.push_back({
-            {"kind", widget.kind},
-            {"displayName", widget.displayName},
-            {"description", widget.description},
-            {"families", std::move(families)},
+        list.widgets.push_back({
+            .kind = widget.kind,
+            .displayName = widget.displayName,
+            .description = widget.description,
+            .families = widget.supportedFamilies,
         });
     }
-    return {{"protocol", 1}, {"widgets", std::move(list)}};
+    return list;
 }
 
-Result entryResult(const SkyEntry& entry, const PlacedWidget& placed)
+WidgetEntry widgetEntry(const SkyEntry& entry, const OfferedWidget& widget)
 {
-    return {{"entry", entryJSON(entry, placed)}};
-}
-
-Result timelineResult(const Timeline& timeline, const PlacedWidget& placed)
-{
-    Result entries = Result::array();
-    for (const SkyEntry& entry : timeline.entries)
-        entries.push_back(entryJSON(entry, placed));
+    WidgetContent content = widget.widget->content(entry, widget.family);
     return {
-        {"entries", std::move(entries)},
-        {"reload", {{"policy", "after"}, {"date", seconds(timeline.reloadAfter)}}},
+        .date = entry.date,
+        .isSample = entry.isSample,
+        .view = std::move(content.view),
+        .background = content.containerBackground,
+        .url = std::move(content.widgetURL),
     };
+}
+
+WidgetTimeline widgetTimeline(const Timeline& timeline, const OfferedWidget& widget)
+{
+    WidgetTimeline shown{.entries = {}, .reload = {.date = timeline.reloadAfter}};
+    for (const SkyEntry& entry : timeline.entries)
+        shown.entries.push_back(widgetEntry(entry, widget));
+    return shown;
 }
 
 std::string resultLine(const RequestID& id, const Result& result)
 {
-    std::string text = line(id, "result", result);
-    if (text.size() > longestAnswer)
-        return errorLine(id, ErrorCode::internalError, "the answer is longer than 256 KiB");
+    std::string text = line(id, JsonRPC::result, result);
+    if (text.size() > Limits::longestAnswer)
+        return errorLine(id, ErrorCode::internalError,
+            "the answer is longer than " + Limits::inKiB(Limits::longestAnswer));
     return text;
 }
 
 std::string errorLine(const RequestID& id, ErrorCode code, std::string_view message)
 {
-    return line(id, "error", {{"code", static_cast<int>(code)}, {"message", message}});
+    return line(id, JsonRPC::error, {{JsonRPC::code, static_cast<int>(code)}, {JsonRPC::message, message}});
 }
 
 } // namespace skyvane::Extension

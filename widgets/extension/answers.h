@@ -1,6 +1,8 @@
 #pragma once
 
+#include "protocol/calls.h"
 #include "widgets/extension/message.h"
+#include "widgets/extension/offered_widget.h"
 #include "widgets/sky_provider.h"
 
 #include <nlohmann/json.hpp>
@@ -9,14 +11,14 @@
 #include <string_view>
 #include <vector>
 
-/// Records to the protocol's JSON.
+/// What the extension answers.
 namespace skyvane::Extension {
 
 using Result = nlohmann::ordered_json;
 
-Result listResult(const std::vector<Widget>& offered);
-Result entryResult(const SkyEntry& entry, const PlacedWidget& placed);
-Result timelineResult(const Timeline& timeline, const PlacedWidget& placed);
+Protocol::WidgetList widgetList(const std::vector<Widget>& offered);
+WidgetEntry widgetEntry(const SkyEntry& entry, const OfferedWidget& widget);
+WidgetTimeline widgetTimeline(const Timeline& timeline, const OfferedWidget& widget);
 
 /// One line, line break included. A result that makes it longer than a host takes becomes an internal error.
 std::string resultLine(const RequestID& id, const Result& result);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "protocol/limits.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -9,7 +11,8 @@ namespace skyvane::Extension {
 /// The lines of an input that nobody vouches for: holds no more of them than the longest that is allowed.
 class LineReader {
 public:
-    static constexpr std::size_t longestLine = std::size_t{64} << 10; ///< Bytes, without the line break.
+    static constexpr std::size_t longestLine
+        = Protocol::Limits::longestRequest; ///< Bytes, without the line break.
 
     struct Line {
         std::string text; ///< Without the line break; empty when it is too long.

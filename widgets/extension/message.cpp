@@ -1,11 +1,13 @@
 #include "widgets/extension/message.h"
 
+#include "platform/json/object.h"
 #include "platform/json/source.h"
 #include "platform/json/value.h"
+#include "protocol/json_rpc.h"
+#include "protocol/request.h"
 #include "ui/layout/widget_container.h"
+#include "widgets/extension/offered_widget.h"
 
-#include <algorithm>
-#include <functional>
 #include <optional>
 #include <utility>
 
@@ -14,15 +16,13 @@ namespace skyvane::Extension {
 namespace {
 
 using JSON::Value;
+using Protocol::NoParams;
+namespace JsonRPC = Protocol::JsonRPC;
 
-struct InvalidParams {
-    std::string message;
-};
-
-std::optional<Value> member(Value object, std::string_view key)
+/// Null is a value: it may be an id.
+JSON::Object membersOf(Value value)
 {
-    Value found;
-    return object.at_key(key).get(found) == simdjson::SUCCESS ? std::optional{found} : std::nullopt;
+    return JSON::Object{value, JSON::Null::value};
 }
 
 /// Absent when there is none, or another value than a number, a string or null.
@@ -34,86 +34,21 @@ std::optional<RequestID> identity(std::optional<std::string_view> source)
     return isOne ? std::optional{RequestID{*source}} : std::nullopt;
 }
 
-std::string quoted(std::string_view text)
+void requireOffered(const NoParams&, const std::vector<Widget>&) { }
+void requireOffered(const WidgetTarget& target, const std::vector<Widget>& offered)
 {
-    return '"' + std::string{text} + '"';
+    OfferedWidget::find(target, offered);
 }
-
-std::string_view requiredString(Value params, const std::string& key)
+void requireOffered(const Protocol::SnapshotParams& params, const std::vector<Widget>& offered)
 {
-    const auto value = member(params, key);
-    if (!value)
-        throw InvalidParams{key + " is missing"};
-    if (!JSON::isString(*value))
-        throw InvalidParams{key + " is not a string"};
-    return JSON::string(*value);
-}
-
-const Widget& widgetOf(Value params, const std::vector<Widget>& offered)
-{
-    const std::string_view kind = requiredString(params, "kind");
-    const auto widget = std::ranges::find(offered, kind, &Widget::kind);
-    if (widget == offered.end())
-        throw InvalidParams{"unknown kind " + quoted(kind)};
-    return *widget;
-}
-
-WidgetFamily familyOf(Value params)
-{
-    const std::string_view wanted = requiredString(params, "family");
-    const auto family = WidgetContainer::named(wanted);
-    if (!family)
-        throw InvalidParams{"unknown family " + quoted(wanted)};
-    return *family;
-}
-
-PlacedWidget placedWidget(Value params, const std::vector<Widget>& offered)
-{
-    const Widget& widget = widgetOf(params, offered);
-    const WidgetFamily family = familyOf(params);
-    if (std::ranges::find(widget.supportedFamilies, family) == widget.supportedFamilies.end())
-        throw InvalidParams{
-            widget.kind + " does not support family " + quoted(WidgetContainer::name(family))};
-    return {.widget = &widget, .family = family};
-}
-
-bool previewFlag(Value params)
-{
-    const auto flag = member(params, "isPreview");
-    if (!flag)
-        return false;
-    if (!flag->is_bool())
-        throw InvalidParams{"isPreview is not true or false"};
-    return flag->get_bool().value_unsafe();
-}
-
-using Call = decltype(Request::call);
-using CallReader = Call (*)(Value params, const std::vector<Widget>& offered);
-
-CallReader readerOf(std::string_view method)
-{
-    if (method == "widgets.list")
-        return [](Value, const std::vector<Widget>&) -> Call { return ListRequest{}; };
-    if (method == "widgets.placeholder")
-        return [](Value params, const std::vector<Widget>& offered) -> Call {
-            return PlaceholderRequest{.placed = placedWidget(params, offered)};
-        };
-    if (method == "widgets.snapshot")
-        return [](Value params, const std::vector<Widget>& offered) -> Call {
-            return SnapshotRequest{.placed = placedWidget(params, offered), .isPreview = previewFlag(params)};
-        };
-    if (method == "widgets.timeline")
-        return [](Value params, const std::vector<Widget>& offered) -> Call {
-            return TimelineRequest{.placed = placedWidget(params, offered)};
-        };
-    return nullptr;
+    requireOffered(params.target, offered);
 }
 
 Message readNotification(std::string_view method, std::optional<std::string_view> params)
 {
-    if (method != "cancel" || !params || !params->starts_with('{'))
+    if (method != Protocol::cancelNotification || !params || !params->starts_with('{'))
         return IgnoredNotification{};
-    auto id = identity(JSON::memberSource(*params, "id"));
+    auto id = identity(JSON::memberSource(*params, JsonRPC::id));
     if (!id)
         return IgnoredNotification{};
     return Cancellation{.id = *std::move(id)};
@@ -122,17 +57,16 @@ Message readNotification(std::string_view method, std::optional<std::string_view
 Message readRequest(RequestID id, std::string_view method, const std::optional<Value>& params,
     const std::vector<Widget>& offered)
 {
-    const CallReader read = readerOf(method);
-    if (read == nullptr)
-        return Refusal{std::move(id), ErrorCode::unknownMethod, "unknown method " + quoted(method)};
-    if (params && !params->is_object())
-        return Refusal{std::move(id), ErrorCode::invalidParams, "params is not an object"};
     const JSON::Document none{"{}"};
     try {
-        Call call = read(params.value_or(none.root()), offered);
-        return Request{.id = std::move(id), .call = call};
-    } catch (const InvalidParams& problem) {
-        return Refusal{std::move(id), ErrorCode::invalidParams, problem.message};
+        auto call = Protocol::readCall(method, params.value_or(none.root()));
+        if (!call)
+            return Refusal{
+                std::move(id), ErrorCode::unknownMethod, "unknown method \"" + std::string{method} + '"'};
+        std::visit([&](const auto& known) { requireOffered(known.params, offered); }, *call);
+        return Request{.id = std::move(id), .call = *std::move(call)};
+    } catch (const JSON::DecodingError& problem) {
+        return Refusal{std::move(id), ErrorCode::invalidParams, problem.sentence()};
     }
 }
 
@@ -145,20 +79,21 @@ Message readDocument(Value root, std::string_view line, const std::vector<Widget
 {
     if (!root.is_object())
         return notARequest("not a request object");
-    const auto version = member(root, "jsonrpc");
-    if (!version || !JSON::isString(*version) || JSON::string(*version) != "2.0")
+    const JSON::Object envelope = membersOf(root);
+    const auto version = envelope.find(JsonRPC::jsonrpc);
+    if (!version || !JSON::isString(*version) || JSON::string(*version) != JsonRPC::version)
         return notARequest("jsonrpc is not \"2.0\"");
-    const auto method = member(root, "method");
+    const auto method = envelope.find(JsonRPC::method);
     if (!method || !JSON::isString(*method))
         return notARequest("method is not a string");
     const std::string_view name = JSON::string(*method);
-    const auto given = JSON::memberSource(line, "id");
+    const auto given = JSON::memberSource(line, JsonRPC::id);
     if (!given)
-        return readNotification(name, JSON::memberSource(line, "params"));
+        return readNotification(name, JSON::memberSource(line, JsonRPC::params));
     auto id = identity(given);
     if (!id)
         return notARequest("id is not a string, a number or null");
-    return readRequest(*std::move(id), name, member(root, "params"), offered);
+    return readRequest(*std::move(id), name, envelope.find(JsonRPC::params), offered);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "protocol/calls.h"
+#include "protocol/error_code.h"
 #include "widgets/skyvane_widget_bundle.h"
 
 #include <string>
@@ -15,40 +17,13 @@ using RequestID = std::string;
 
 inline constexpr const char* noID = "null";
 
-enum class ErrorCode : int {
-    parseError = -32700,
-    invalidRequest = -32600,
-    unknownMethod = -32601,
-    invalidParams = -32602,
-    internalError = -32603,
-    cancelled = -32800,
-    tooManyRequests = -32000,
-};
+using Protocol::AnyCall;
+using Protocol::ErrorCode;
 
-/// One of the widgets on offer, in a family that it supports.
-struct PlacedWidget {
-    const Widget* widget;
-    WidgetFamily family;
-};
-
-struct ListRequest { };
-
-struct PlaceholderRequest {
-    PlacedWidget placed;
-};
-
-struct SnapshotRequest {
-    PlacedWidget placed;
-    bool isPreview;
-};
-
-struct TimelineRequest {
-    PlacedWidget placed;
-};
-
+/// A call whose widget is on offer in the family that is asked for.
 struct Request {
     RequestID id;
-    std::variant<ListRequest, PlaceholderRequest, SnapshotRequest, TimelineRequest> call;
+    AnyCall call;
 };
 
 struct Cancellation {
@@ -66,7 +41,7 @@ struct Refusal {
 
 using Message = std::variant<Request, Cancellation, IgnoredNotification, Refusal>;
 
-/// What one line from the host asks for. A request points into `offered`.
+/// What one line from the host asks for.
 Message readMessage(std::string_view line, const std::vector<Widget>& offered);
 
 } // namespace skyvane::Extension

@@ -1,5 +1,6 @@
 #include "widgets/extension/serve.h"
 
+#include "protocol/codec.h"
 #include "widgets/extension/answers.h"
 #include "widgets/extension/line_reader.h"
 #include "widgets/extension/message.h"
@@ -18,7 +19,11 @@ namespace skyvane::Extension {
 
 namespace {
 
-constexpr std::size_t mostTasks = 64;
+namespace Limits = Protocol::Limits;
+using Protocol::ListCall;
+using Protocol::PlaceholderCall;
+using Protocol::SnapshotCall;
+using Protocol::TimelineCall;
 
 /// A request that the network is asked for, on a thread of its own.
 struct Task {
@@ -47,7 +52,11 @@ public:
     void receive(const LineReader::Line& line)
     {
         if (line.isTooLong)
-            refuse({.id = noID, .code = ErrorCode::parseError, .message = "a line is longer than 64 KiB"});
+            refuse({
+                .id = noID,
+                .code = ErrorCode::parseError,
+                .message = "a line is longer than " + Limits::inKiB(Limits::longestRequest),
+            });
         else
             std::visit([this](auto&& message) { receive(message); }, readMessage(line.text, m_offered));
     }
@@ -69,19 +78,23 @@ private:
     void start(const Request& request);
     std::string answerLine(const Request& request, const std::stop_token& stop) const;
 
-    Result result(const ListRequest&, const std::stop_token&) const { return listResult(m_offered); }
-    Result result(const PlaceholderRequest& call, const std::stop_token&) const
+    ListCall::Result result(const ListCall&, const std::stop_token&) const { return widgetList(m_offered); }
+    PlaceholderCall::Result result(const PlaceholderCall& call, const std::stop_token&) const
     {
-        return entryResult(m_provider.placeholder(), call.placed);
+        return {.entry = widgetEntry(m_provider.placeholder(), offered(call.params))};
     }
-    Result result(const SnapshotRequest& call, const std::stop_token& stop) const
+    SnapshotCall::Result result(const SnapshotCall& call, const std::stop_token& stop) const
     {
-        return entryResult(m_provider.snapshot(call.isPreview, stop), call.placed);
+        const bool isPreview = call.params.isPreview.value_or(false);
+        return {.entry = widgetEntry(m_provider.snapshot(isPreview, stop), offered(call.params.target))};
     }
-    Result result(const TimelineRequest& call, const std::stop_token& stop) const
+    TimelineCall::Result result(const TimelineCall& call, const std::stop_token& stop) const
     {
-        return timelineResult(m_provider.timeline(stop), call.placed);
+        return widgetTimeline(m_provider.timeline(stop), offered(call.params));
     }
+
+    /// The one that `readMessage` has found there.
+    OfferedWidget offered(const WidgetTarget& target) const { return OfferedWidget::find(target, m_offered); }
 
     Output& m_output;
     SkyProvider m_provider;
@@ -91,9 +104,9 @@ private:
 
 bool mayWait(const Request& request)
 {
-    const auto* snapshot = std::get_if<SnapshotRequest>(&request.call);
-    return std::holds_alternative<TimelineRequest>(request.call)
-        || (snapshot != nullptr && !snapshot->isPreview);
+    const auto* snapshot = std::get_if<SnapshotCall>(&request.call);
+    return std::holds_alternative<TimelineCall>(request.call)
+        || (snapshot != nullptr && !snapshot->params.isPreview.value_or(false));
 }
 
 void Server::receive(const Request& request)
@@ -115,7 +128,7 @@ void Server::receive(const Cancellation& cancellation)
 void Server::start(const Request& request)
 {
     std::erase_if(m_tasks, [](const Task& task) { return task.isFinished.load(); });
-    if (m_tasks.size() >= mostTasks)
+    if (m_tasks.size() >= Limits::mostRequests)
         return refuseOneTooMany(request);
     Task& task = m_tasks.emplace_back(request.id);
     const auto work = [this, request, &task](const std::stop_token& stop) {
@@ -135,7 +148,8 @@ std::string Server::answerLine(const Request& request, const std::stop_token& st
 {
     Result found;
     try {
-        found = std::visit([&](const auto& call) { return result(call, stop); }, request.call);
+        found
+            = std::visit([&](const auto& call) { return Protocol::write(result(call, stop)); }, request.call);
     } catch (const CancellationError&) {
         return errorLine(request.id, ErrorCode::cancelled, "cancelled");
     } catch (const std::exception& error) {

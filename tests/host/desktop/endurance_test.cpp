@@ -65,10 +65,10 @@ protected:
     test::FakeExtension extension{"counting"};
     FontMeasurer fonts;
     WidgetWindow window{WidgetFamily::small, fonts, {}};
-    std::optional<WidgetContent> last;
+    std::optional<ShownEntry> last;
     int shown = 0; ///< Different contents in a row.
     ExtensionProcess process{extension.program(), {.betweenTimelines = 0ms, .idle = 50ms, .grace = 20s}};
-    Schedule schedule{process, [this](int, const WidgetContent& content) {
+    Schedule schedule{process, [this](int, const ShownEntry& content) {
                           if (content == last)
                               return;
                           last = content;

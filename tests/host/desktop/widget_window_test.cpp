@@ -31,7 +31,7 @@ View half(const std::string& link)
     return View{Link{.url = url(link), .child = {filled}}};
 }
 
-WidgetContent content(std::vector<View> rows, const char* tap = "skyvane://open")
+ShownEntry content(std::vector<View> rows, const char* tap = "skyvane://open")
 {
     return {.entry = {
                 .date = {},
@@ -164,7 +164,7 @@ TEST_F(WidgetWindowTest, tabAndEnterReachEveryLinkVisibly)
 
 TEST_F(WidgetWindowTest, whatIsStaleIsMarkedAndSaidSo)
 {
-    WidgetContent shown = content({spacer()});
+    ShownEntry shown = content({spacer()});
     window.showContent(shown);
     window.setNames("Clock", "The time.");
     const QImage fresh = picture();

@@ -8,12 +8,14 @@ namespace skyvane {
 
 namespace {
 
+const WidgetTarget clock{.kind = "org.example.clock", .family = WidgetFamily::small};
+
 std::string failure(const ExtensionProgram& program)
 {
     try {
         ExtensionClient client{program};
-        client.list();
-        client.timeline("org.example.clock", WidgetFamily::small);
+        client.ask(Protocol::ListCall{});
+        client.ask(Protocol::TimelineCall{.params = clock});
         return "none";
     } catch (const ExtensionError& error) {
         return error.what();
@@ -31,9 +33,10 @@ TEST(ExtensionClient, asksOneQuestionAfterAnother)
 {
     const test::FakeExtension extension{"good"};
     ExtensionClient client{extension.program()};
-    EXPECT_EQ(client.list().size(), 2U);
-    EXPECT_EQ(client.timeline("org.example.clock", WidgetFamily::small).entries.size(), 1U);
-    EXPECT_EQ(client.snapshot("org.example.clock", WidgetFamily::small, /*isPreview=*/true).url->text(),
+    EXPECT_EQ(client.ask(Protocol::ListCall{}).widgets.size(), 2U);
+    EXPECT_EQ(client.ask(Protocol::TimelineCall{.params = clock}).entries.size(), 1U);
+    EXPECT_EQ(
+        client.ask(Protocol::SnapshotCall{.params = {.target = clock, .isPreview = true}}).entry.url->text(),
         "skyvane://open");
 }
 

@@ -27,7 +27,7 @@ struct Tally {
 
     void askTimeline(ExtensionProcess& process)
     {
-        process.timeline(clock,
+        process.ask(Protocol::TimelineCall{.params = clock},
             [this](const std::optional<WidgetTimeline>& timeline) { ++(timeline ? answers : failures); });
     }
 };
@@ -57,7 +57,7 @@ TEST(ExtensionProcess, startsOnlyWhenAsked)
     QCoreApplication::processEvents();
     EXPECT_TRUE(extension.events("start").empty());
     std::optional<std::size_t> count;
-    process.list([&](const auto& widgets) { count = widgets.value().size(); });
+    process.ask(Protocol::ListCall{}, [&](const auto& list) { count = list.value().widgets.size(); });
     EXPECT_TRUE(test::waitFor([&] { return count.has_value(); }));
     EXPECT_EQ(count, 2U);
     EXPECT_EQ(extension.events("start").size(), 1U);
@@ -68,10 +68,10 @@ TEST(ExtensionProcess, answersAreMatchedByTheirIds)
     const test::FakeExtension extension{"reversing"};
     ExtensionProcess process{extension.program()};
     std::vector<std::string> order;
-    process.placeholder(
-        clock, [&](const auto& entry) { order.push_back(entry->isSample ? "first strange" : "first"); });
-    process.sample(
-        clock, [&](const auto& entry) { order.push_back(entry->isSample ? "second strange" : "second"); });
+    process.ask(Protocol::PlaceholderCall{.params = clock},
+        [&](const auto& found) { order.push_back(found->entry.isSample ? "first strange" : "first"); });
+    process.ask(Protocol::SnapshotCall{.params = {.target = clock, .isPreview = true}},
+        [&](const auto& found) { order.push_back(found->entry.isSample ? "second strange" : "second"); });
     EXPECT_TRUE(test::waitFor([&] { return order.size() == 2; }));
     EXPECT_THAT(order, ElementsAre("second strange", "first"));
 }
@@ -81,13 +81,14 @@ TEST(ExtensionProcess, timelinesKeepTheirDistanceAndHoldNothingElseUp)
     const test::FakeExtension extension{"good"};
     ExtensionProcess process{extension.program(), quick};
     bool isRunning = false;
-    process.list([&](const auto&) { isRunning = true; });
+    process.ask(Protocol::ListCall{}, [&](const auto&) { isRunning = true; });
     EXPECT_TRUE(test::waitFor([&] { return isRunning; }));
     Tally tally;
     int placeholders = 0;
     for (int widget = 0; widget < 3; ++widget)
         tally.askTimeline(process);
-    process.placeholder(clock, [&](const auto&) { placeholders += tally.answers < 3 ? 1 : 0; });
+    process.ask(Protocol::PlaceholderCall{.params = clock},
+        [&](const auto&) { placeholders += tally.answers < 3 ? 1 : 0; });
     EXPECT_TRUE(test::waitFor([&] { return tally.answers == 3; }));
     EXPECT_EQ(placeholders, 1);
     const auto asked = extension.events("widgets.timeline");

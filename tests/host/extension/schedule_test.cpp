@@ -41,7 +41,7 @@ protected:
     {
         if (!test::waitFor([&] { return extension.events("widgets.timeline").size() == count; }))
             return false;
-        process.list([this, wanted = ++asked](const auto&) { answered = wanted; });
+        process.ask(Protocol::ListCall{}, [this, wanted = ++asked](const auto&) { answered = wanted; });
         return test::waitFor([&] { return answered == asked; });
     }
 
@@ -51,8 +51,8 @@ protected:
     ExtensionProcess process{extension.program(), quick};
     int asked = 0;
     int answered = 0;
-    std::map<int, std::vector<WidgetContent>> shown;
-    Schedule schedule{process, [this](int widget, const WidgetContent& content) {
+    std::map<int, std::vector<ShownEntry>> shown;
+    Schedule schedule{process, [this](int widget, const ShownEntry& content) {
                           auto& list = shown[widget];
                           if (list.empty() || list.back() != content)
                               list.push_back(content);
@@ -156,11 +156,11 @@ TEST(RetryAfter, doublesFromFiveSecondsToFiveMinutes)
 TEST(EntryAt, isTheLastThatHasBegunElseTheFirst)
 {
     const WidgetTimeline timeline{
-        .entries = {entryOf(future), entryOf(future + 1h)}, .reloadDate = future + 2h};
+        .entries = {entryOf(future), entryOf(future + 1h)}, .reload = {future + 2h}};
     EXPECT_EQ(entryAt(timeline, future - 1h), &timeline.entries[0]);
     EXPECT_EQ(entryAt(timeline, future + 59min), &timeline.entries[0]);
     EXPECT_EQ(entryAt(timeline, future + 1h), &timeline.entries[1]);
-    EXPECT_EQ(entryAt({.entries = {}, .reloadDate = future}, future), nullptr);
+    EXPECT_EQ(entryAt({.entries = {}, .reload = {future}}, future), nullptr);
 }
 
 } // namespace skyvane

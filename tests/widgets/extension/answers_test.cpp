@@ -1,5 +1,6 @@
 #include "widgets/extension/answers.h"
 
+#include "protocol/codec.h"
 #include "ui/tree/build.h"
 
 #include <gmock/gmock.h>
@@ -46,23 +47,28 @@ Widget widget(std::optional<URL> url)
     };
 }
 
+Result entryResult(const SkyEntry& entry, const Widget& shown)
+{
+    return Protocol::write(
+        Protocol::OneEntry{widgetEntry(entry, {.widget = &shown, .family = WidgetFamily::small})});
+}
+
 constexpr const char* view = R"({"type":"text","text":"mi","font":{"size":9},"color":[1,0,0,1]})";
 
 } // namespace
 
 TEST(Answers, aListNamesEveryWidgetInOrder)
 {
-    EXPECT_EQ(listResult({widget({})}).dump(),
+    EXPECT_EQ(Protocol::write(widgetList({widget({})})).dump(),
         R"({"protocol":1,"widgets":[{"kind":"test.unit","displayName":"Unit","description":"Says \"mi\".",)"
         R"("families":["small","large"]}]})");
-    EXPECT_EQ(listResult({}).dump(), R"({"protocol":1,"widgets":[]})");
+    EXPECT_EQ(Protocol::write(widgetList({})).dump(), R"({"protocol":1,"widgets":[]})");
 }
 
 TEST(Answers, anEntryIsItsDateItsViewAndItsContainer)
 {
     const Widget shown = widget(URL::parse("skyvane://open"));
-    const Result result
-        = entryResult(entry(milliseconds{1700000000123}), {.widget = &shown, .family = WidgetFamily::small});
+    const Result result = entryResult(entry(milliseconds{1700000000123}), shown);
     EXPECT_EQ(result.dump(),
         R"({"entry":{"date":1700000000.123,"isSample":false,"view":)" + std::string{view}
             + R"(,"background":[0,0.5,1,0.25],"url":"skyvane://open"}})");
@@ -71,17 +77,15 @@ TEST(Answers, anEntryIsItsDateItsViewAndItsContainer)
 TEST(Answers, anEntryWithoutALinkSaysSo)
 {
     const Widget shown = widget({});
-    const Result result = entryResult(entry({}), {.widget = &shown, .family = WidgetFamily::small});
+    const Result result = entryResult(entry({}), shown);
     EXPECT_TRUE(result.at("entry").at("url").is_null());
 }
 
 TEST(Answers, datesAreSecondsToTheMillisecond)
 {
     const Widget shown = widget({});
-    const auto date = [&](milliseconds since) {
-        return entryResult(entry(since), {.widget = &shown, .family = WidgetFamily::small})["entry"]["date"]
-            .dump();
-    };
+    const auto date
+        = [&](milliseconds since) { return entryResult(entry(since), shown)["entry"]["date"].dump(); };
     EXPECT_EQ(date(milliseconds{1700000000001}), "1700000000.001");
     EXPECT_EQ(date(milliseconds{1700000000999}), "1700000000.999");
     EXPECT_EQ(date(milliseconds{-1}), "-0.001");
@@ -92,7 +96,8 @@ TEST(Answers, aTimelineSaysWhenToAskAgain)
     const Widget shown = widget({});
     const Timeline timeline{.entries = {entry(milliseconds{1000}), entry(milliseconds{2000})},
         .reloadAfter = Date{milliseconds{300500}}};
-    const Result result = timelineResult(timeline, {.widget = &shown, .family = WidgetFamily::small});
+    const Result result
+        = Protocol::write(widgetTimeline(timeline, {.widget = &shown, .family = WidgetFamily::small}));
     EXPECT_EQ(result["entries"].size(), 2U);
     EXPECT_EQ(result["entries"][1]["date"], 2);
     EXPECT_EQ(result["reload"].dump(), R"({"policy":"after","date":300.5})");
@@ -139,8 +144,8 @@ TEST(Answers, noRecordOfAFeedMakesOneTooLong)
                 .directionDeg = 10.125});
         for (const Widget& shown : SkyvaneWidgetBundle{}.body())
             for (const WidgetFamily family : shown.supportedFamilies) {
-                const Result result = timelineResult(
-                    {.entries = {sky}, .reloadAfter = {}}, {.widget = &shown, .family = family});
+                const Result result = Protocol::write(widgetTimeline(
+                    {.entries = {sky}, .reloadAfter = {}}, {.widget = &shown, .family = family}));
                 EXPECT_THAT(resultLine("1", result), testing::Not(testing::HasSubstr("\"error\"")))
                     << shown.kind;
             }

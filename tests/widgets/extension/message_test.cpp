@@ -1,5 +1,7 @@
 #include "widgets/extension/message.h"
 
+#include "widgets/extension/offered_widget.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -126,20 +128,23 @@ TEST(Message, whatIsNotJSONIsAParseErrorOfNoRequest)
 
 TEST(Message, requestsNameAWidgetInAFamily)
 {
-    const auto placeholder = call<PlaceholderRequest>(
+    const auto placeholder = call<Protocol::PlaceholderCall>(
         read(R"("widgets.placeholder")", R"({"kind":"test.one","family":"large"})"));
-    EXPECT_EQ(placeholder.placed.widget, &offered()[1]);
-    EXPECT_EQ(placeholder.placed.family, WidgetFamily::large);
-    const auto timeline
-        = call<TimelineRequest>(read(R"("widgets.timeline")", R"({"family":"medium","kind":"test.two"})"));
-    EXPECT_EQ(timeline.placed.widget, &offered()[0]);
-    EXPECT_EQ(timeline.placed.family, WidgetFamily::medium);
+    const OfferedWidget one = OfferedWidget::find(placeholder.params, offered());
+    EXPECT_EQ(one.widget, &offered()[1]);
+    EXPECT_EQ(one.family, WidgetFamily::large);
+    const auto timeline = call<Protocol::TimelineCall>(
+        read(R"("widgets.timeline")", R"({"family":"medium","kind":"test.two"})"));
+    const OfferedWidget two = OfferedWidget::find(timeline.params, offered());
+    EXPECT_EQ(two.widget, &offered()[0]);
+    EXPECT_EQ(two.family, WidgetFamily::medium);
 }
 
 TEST(Message, aSnapshotIsLiveUnlessAPreviewIsAskedFor)
 {
     const auto isPreview = [](const char* params) {
-        return call<SnapshotRequest>(read(R"("widgets.snapshot")", params)).isPreview;
+        return call<Protocol::SnapshotCall>(read(R"("widgets.snapshot")", params))
+            .params.isPreview.value_or(false);
     };
     EXPECT_FALSE(isPreview(R"({"kind":"test.two","family":"small"})"));
     EXPECT_FALSE(isPreview(R"({"kind":"test.two","family":"small","isPreview":false})"));
@@ -148,8 +153,8 @@ TEST(Message, aSnapshotIsLiveUnlessAPreviewIsAskedFor)
 
 TEST(Message, theListTakesNoParams)
 {
-    EXPECT_NO_THROW(call<ListRequest>(read(R"({"jsonrpc":"2.0","id":1,"method":"widgets.list"})")));
-    EXPECT_NO_THROW(call<ListRequest>(read(R"("widgets.list")", R"({"anything":1})")));
+    EXPECT_NO_THROW(call<Protocol::ListCall>(read(R"({"jsonrpc":"2.0","id":1,"method":"widgets.list"})")));
+    EXPECT_NO_THROW(call<Protocol::ListCall>(read(R"("widgets.list")", R"({"anything":1})")));
 }
 
 TEST(Message, theFirstOfTwoEqualKeysCounts)

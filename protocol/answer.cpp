@@ -1,0 +1,36 @@
+#include "protocol/answer.h"
+
+#include "platform/json/object.h"
+#include "protocol/json_rpc.h"
+
+#include <string>
+
+namespace skyvane::Protocol {
+
+namespace {
+
+std::string messageOf(JSON::Value error)
+{
+    return JSON::Object{error}.required(JsonRPC::message, JSON::text);
+}
+
+} // namespace
+
+std::int64_t answeredID(JSON::Value answer)
+{
+    return JSON::Object{answer}.required(JsonRPC::id, JSON::integer);
+}
+
+JSON::Value resultOf(JSON::Value answer, std::int64_t id)
+{
+    const JSON::Object members{answer};
+    if (members.required(JsonRPC::jsonrpc, JSON::string) != JsonRPC::version)
+        throw JSON::DecodingError{"expected \"2.0\""}.inMember(JsonRPC::jsonrpc);
+    if (const auto message = members.optional(JsonRPC::error, messageOf))
+        throw Refused{*message};
+    if (members.required(JsonRPC::id, JSON::integer) != id)
+        throw JSON::DecodingError{"is that of another request"}.inMember(JsonRPC::id);
+    return members.required(JsonRPC::result, [](JSON::Value value) { return value; });
+}
+
+} // namespace skyvane::Protocol

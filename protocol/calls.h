@@ -1,0 +1,98 @@
+#pragma once
+
+#include "protocol/limits.h"
+#include "protocol/members.h"
+#include "protocol/widget_entry.h"
+#include "protocol/widget_info.h"
+#include "protocol/widget_target.h"
+#include "protocol/widget_timeline.h"
+
+#include <optional>
+#include <string_view>
+#include <tuple>
+#include <variant>
+#include <vector>
+
+/// What a host asks of the extension (docs/protocol.md).
+namespace skyvane::Protocol {
+
+struct NoParams {
+    bool operator==(const NoParams&) const = default;
+};
+
+template <>
+struct Members<NoParams> {
+    static constexpr std::tuple<> list{};
+};
+
+struct WidgetList {
+    std::vector<WidgetInfo> widgets;
+};
+
+template <>
+struct Members<WidgetList> {
+    static constexpr Constant constant{"protocol", Limits::version};
+    static constexpr auto list = std::tuple{member("widgets", &WidgetList::widgets)};
+};
+
+struct OneEntry {
+    WidgetEntry entry;
+};
+
+template <>
+struct Members<OneEntry> {
+    static constexpr auto list = std::tuple{member("entry", &OneEntry::entry)};
+};
+
+struct SnapshotParams {
+    WidgetTarget target;
+    std::optional<bool> isPreview{}; ///< Whether the sample will do; absent is false.
+
+    bool operator==(const SnapshotParams&) const = default;
+};
+
+template <>
+struct Members<SnapshotParams> {
+    static constexpr auto list
+        = std::tuple{embedded(&SnapshotParams::target), member("isPreview", &SnapshotParams::isPreview)};
+};
+
+/// Everything on offer.
+struct ListCall {
+    static constexpr std::string_view name = "widgets.list";
+    using Params = NoParams;
+    using Result = WidgetList;
+    Params params{};
+};
+
+/// What to show until there is something to show.
+struct PlaceholderCall {
+    static constexpr std::string_view name = "widgets.placeholder";
+    using Params = WidgetTarget;
+    using Result = OneEntry;
+    Params params;
+};
+
+/// This moment, or the sample.
+struct SnapshotCall {
+    static constexpr std::string_view name = "widgets.snapshot";
+    using Params = SnapshotParams;
+    using Result = OneEntry;
+    Params params;
+};
+
+/// This moment, and when to ask again.
+struct TimelineCall {
+    static constexpr std::string_view name = "widgets.timeline";
+    using Params = WidgetTarget;
+    using Result = WidgetTimeline;
+    Params params;
+};
+
+/// The table of calls: a new one is one entry more.
+using AnyCall = std::variant<ListCall, PlaceholderCall, SnapshotCall, TimelineCall>;
+
+/// The one notification. Names a request, which is then answered with `ErrorCode::cancelled`.
+inline constexpr std::string_view cancelNotification = "cancel";
+
+} // namespace skyvane::Protocol

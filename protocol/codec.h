@@ -1,0 +1,182 @@
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/json/object.h"
+#include "platform/net/url.h"
+#include "protocol/members.h"
+#include "protocol/widget_timeline.h"
+#include "ui/tree/view.h"
+#include "ui/tree/widget_family.h"
+
+#include <nlohmann/json.hpp>
+
+#include <optional>
+#include <string>
+#include <tuple>
+#include <vector>
+
+/// Records from and to the protocol's JSON.
+namespace skyvane::Protocol {
+
+using Json = nlohmann::ordered_json;
+
+/// Specialise for a type that is no record: `static T read(JSON::Value)` and `static Json write(const T&)`.
+template <class T>
+struct Codec;
+
+/// Throws `JSON::DecodingError` on another shape.
+template <class T>
+T read(JSON::Value value)
+{
+    return Codec<T>::read(value);
+}
+
+template <class T>
+Json write(const T& value)
+{
+    return Codec<T>::write(value);
+}
+
+template <>
+struct Codec<std::string> {
+    static std::string read(JSON::Value value) { return JSON::text(value); }
+    static Json write(const std::string& text) { return text; }
+};
+
+template <>
+struct Codec<bool> {
+    static bool read(JSON::Value value) { return JSON::boolean(value); }
+    static Json write(bool flag) { return flag; }
+};
+
+/// Seconds since 1970, to the millisecond.
+template <>
+struct Codec<Date> {
+    static Date read(JSON::Value value);
+    static Json write(Date date);
+};
+
+template <>
+struct Codec<WidgetFamily> {
+    static WidgetFamily read(JSON::Value value);
+    static Json write(WidgetFamily family);
+};
+
+/// Families that this side does not know are passed over.
+template <>
+struct Codec<std::vector<WidgetFamily>> {
+    static std::vector<WidgetFamily> read(JSON::Value value);
+    static Json write(const std::vector<WidgetFamily>& families);
+};
+
+template <>
+struct Codec<View> {
+    static View read(JSON::Value value);
+    static Json write(const View& view);
+};
+
+template <>
+struct Codec<Color> {
+    static Color read(JSON::Value value);
+    static Json write(const Color& color);
+};
+
+/// Null, and a text that is no URL, are absence.
+template <>
+struct Codec<std::optional<URL>> {
+    static std::optional<URL> read(JSON::Value value);
+    static Json write(const std::optional<URL>& url);
+};
+
+template <>
+struct Codec<ReloadAfter> {
+    static ReloadAfter read(JSON::Value value);
+    static Json write(const ReloadAfter& reload);
+};
+
+template <class T>
+struct Codec<std::vector<T>> {
+    static std::vector<T> read(JSON::Value value) { return JSON::listOf(&Protocol::read<T>)(value); }
+    static Json write(const std::vector<T>& list)
+    {
+        Json json = Json::array();
+        for (const T& element : list)
+            json.push_back(Protocol::write(element));
+        return json;
+    }
+};
+
+template <class T>
+concept Record = requires
+{
+    Members<T>::list;
+};
+
+/// Members are read in the order of their list; others are passed over, and null is a value.
+template <Record T>
+struct Codec<T> {
+    static T read(JSON::Value value)
+    {
+        const auto made = [&](const auto&... member) { return T{take(member, value)...}; };
+        JSON::object(value);
+        return std::apply(made, Members<T>::list);
+    }
+
+    static Json write(const T& record)
+    {
+        Json json = Json::object();
+        if constexpr (requires { Members<T>::constant; })
+            json[Members<T>::constant.name] = Members<T>::constant.value;
+        std::apply([&](const auto&... member) { (put(json, member, record), ...); }, Members<T>::list);
+        return json;
+    }
+
+private:
+    static JSON::Object membersOf(JSON::Value value) { return JSON::Object{value, JSON::Null::value}; }
+
+    template <class Field>
+    static Field take(const Member<T, Field>& member, JSON::Value value)
+    {
+        return membersOf(value).required(member.name, &Protocol::read<Field>);
+    }
+    template <class Field>
+    static std::optional<Field> take(const Member<T, std::optional<Field>>& member, JSON::Value value)
+    {
+        return membersOf(value).optional(member.name, &Protocol::read<Field>);
+    }
+    template <class Field>
+    static std::optional<Field> take(const NullableMember<T, Field>& member, JSON::Value value)
+    {
+        const auto found = membersOf(value).optional(member.name, &Protocol::read<std::optional<Field>>);
+        return found.value_or(std::nullopt);
+    }
+    template <class Field>
+    static Field take(const EmbeddedMember<T, Field>&, JSON::Value value)
+    {
+        return Protocol::read<Field>(value);
+    }
+
+    template <class Field>
+    static void put(Json& json, const Member<T, Field>& member, const T& record)
+    {
+        json[member.name] = Protocol::write(record.*member.field);
+    }
+    template <class Field>
+    static void put(Json& json, const Member<T, std::optional<Field>>& member, const T& record)
+    {
+        if (const auto& field = record.*member.field)
+            json[member.name] = Protocol::write(*field);
+    }
+    template <class Field>
+    static void put(Json& json, const NullableMember<T, Field>& member, const T& record)
+    {
+        json[member.name] = Protocol::write(record.*member.field);
+    }
+    template <class Field>
+    static void put(Json& json, const EmbeddedMember<T, Field>& member, const T& record)
+    {
+        json.update(Protocol::write(record.*member.field));
+    }
+};
+
+} // namespace skyvane::Protocol

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+/// The bounds that docs/protocol.md sets.
+namespace skyvane::Protocol::Limits {
+
+inline constexpr std::int64_t version = 1; ///< Of the protocol.
+
+inline constexpr std::size_t longestRequest = std::size_t{64} << 10; ///< Bytes of a line, without its break.
+inline constexpr std::size_t longestAnswer = std::size_t{256} << 10; ///< Bytes of a line.
+inline constexpr std::size_t mostRequests = 64; ///< That run at once.
+
+inline constexpr std::chrono::seconds timeToAnswer{30}; ///< Later, the host takes the extension for stalled.
+inline constexpr std::chrono::seconds timeToEnd{1}; ///< After the end of the extension's input.
+inline constexpr std::chrono::seconds betweenTimelines{1}; ///< Over all widgets of a host.
+
+/// A bound of bytes in words: "64 KiB".
+inline std::string inKiB(std::size_t bytes)
+{
+    return std::to_string(bytes >> 10) + " KiB";
+}
+
+} // namespace skyvane::Protocol::Limits
