@@ -57,12 +57,17 @@ struct Members<SnapshotParams> {
         = std::tuple{embedded(&SnapshotParams::target), member("isPreview", &SnapshotParams::isPreview)};
 };
 
+// Each call has its name and the types of its parameters and its result. One that asks the feed may take its
+// time, and a host spaces such calls.
+
 /// Everything on offer.
 struct ListCall {
     static constexpr std::string_view name = "widgets.list";
     using Params = NoParams;
     using Result = WidgetList;
     Params params{};
+
+    bool asksFeed() const { return false; }
 };
 
 /// What to show until there is something to show.
@@ -71,6 +76,8 @@ struct PlaceholderCall {
     using Params = WidgetTarget;
     using Result = OneEntry;
     Params params;
+
+    bool asksFeed() const { return false; }
 };
 
 /// This moment, or the sample.
@@ -79,6 +86,8 @@ struct SnapshotCall {
     using Params = SnapshotParams;
     using Result = OneEntry;
     Params params;
+
+    bool asksFeed() const { return !params.isPreview.value_or(false); }
 };
 
 /// This moment, and when to ask again.
@@ -87,6 +96,8 @@ struct TimelineCall {
     using Params = WidgetTarget;
     using Result = WidgetTimeline;
     Params params;
+
+    bool asksFeed() const { return true; }
 };
 
 /// The table of calls: a new one is one entry more.

@@ -13,7 +13,6 @@
 #include <deque>
 #include <functional>
 #include <map>
-#include <type_traits>
 #include <utility>
 
 namespace skyvane {
@@ -56,7 +55,7 @@ public:
                     return [answer, result = std::move(result)] { answer(result); };
                 },
             .fail = [answer] { answer(std::nullopt); },
-            .isTimeline = std::is_same_v<Call, Protocol::TimelineCall>,
+            .isTimeline = call.asksFeed(),
         });
     }
 

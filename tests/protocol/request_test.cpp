@@ -53,6 +53,16 @@ TEST(Request, isReadAsItWasWritten)
     }
 }
 
+TEST(Request, asksTheFeedOnlyForWhatIsLive)
+{
+    EXPECT_FALSE(ListCall{}.asksFeed());
+    EXPECT_FALSE(PlaceholderCall{.params = radar}.asksFeed());
+    EXPECT_FALSE((SnapshotCall{.params = {.target = radar, .isPreview = true}}.asksFeed()));
+    EXPECT_TRUE((SnapshotCall{.params = {.target = radar, .isPreview = false}}.asksFeed()));
+    EXPECT_TRUE((SnapshotCall{.params = {.target = radar}}.asksFeed()));
+    EXPECT_TRUE(TimelineCall{.params = radar}.asksFeed());
+}
+
 TEST(Request, ofAnUnknownNameIsNoCall)
 {
     const JSON::Document none{std::string_view{"[]"}};

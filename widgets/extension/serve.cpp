@@ -102,16 +102,9 @@ private:
     std::list<Task> m_tasks;
 };
 
-bool mayWait(const Request& request)
-{
-    const auto* snapshot = std::get_if<SnapshotCall>(&request.call);
-    return std::holds_alternative<TimelineCall>(request.call)
-        || (snapshot != nullptr && !snapshot->params.isPreview.value_or(false));
-}
-
 void Server::receive(const Request& request)
 {
-    if (mayWait(request))
+    if (std::visit([](const auto& call) { return call.asksFeed(); }, request.call))
         start(request);
     else
         m_output.write(answerLine(request, {}));
