@@ -1,44 +1,41 @@
 #include "platform/text/localized.h"
 
-#include <libintl.h>
+#include "platform/files/files.h"
+#include "platform/text/catalogue.h"
 
 #include <clocale>
-#include <cstdlib>
 #include <string_view>
 
 namespace skyvane {
 
 namespace {
 
-constexpr const char* domain = "skyvane";
-
-/// The C library translates only into languages whose locale is generated on this machine. In the neutral
-/// UTF-8 locale it goes by the LANGUAGE variable alone.
-void translateWithoutGeneratedLocale()
+/// Written once, before any other thread runs.
+Catalogue& translations()
 {
-    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const char* value = std::getenv(name);
-        if (value == nullptr || *value == '\0')
-            continue;
-        if (std::setlocale(LC_MESSAGES, "C.UTF-8") != nullptr)
-            setenv("LANGUAGE", value, /*overwrite=*/0);
-        return;
-    }
+    static Catalogue catalogue;
+    return catalogue;
 }
 
 } // namespace
 
 void useCatalogues(const std::filesystem::path& folder)
 {
-    if (std::setlocale(LC_MESSAGES, "") == nullptr)
-        translateWithoutGeneratedLocale();
-    bindtextdomain(domain, folder.c_str());
-    bind_textdomain_codeset(domain, "UTF-8");
+    constexpr std::size_t longest = 4 << 20; // Bytes.
+    std::setlocale(LC_MESSAGES, ""); // For the texts of libraries.
+    translations().clear();
+    // The C library's own reader would translate only into languages whose locale is generated on this
+    // machine.
+    for (const std::string& name : Catalogues::wanted()) {
+        if (const auto bytes = Files::read(folder / name / "LC_MESSAGES/skyvane.mo", longest))
+            translations().merge(Catalogues::read(*bytes));
+    }
 }
 
 std::string localized(const char* key)
 {
-    return dgettext(domain, key);
+    const auto found = translations().find(key);
+    return found != translations().end() ? found->second : key;
 }
 
 std::string localized(const char* key, std::initializer_list<std::int64_t> numbers)

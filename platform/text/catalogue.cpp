@@ -1,0 +1,145 @@
+#include "platform/text/catalogue.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
+
+namespace skyvane::Catalogues {
+
+namespace {
+
+/// A table of a compiled catalogue: pairs of a length and a place.
+class Reader {
+public:
+    explicit Reader(std::string_view bytes) : m_bytes{bytes} { }
+
+    bool isCatalogue()
+    {
+        constexpr std::uint32_t magic = 0x950412de;
+        m_isBigEndian = number(0) != magic;
+        return number(0) == magic;
+    }
+
+    /// Absent where the bytes end before.
+    std::optional<std::uint32_t> number(std::size_t place) const
+    {
+        if (place > m_bytes.size() || m_bytes.size() - place < 4)
+            return std::nullopt;
+        std::uint32_t value = 0;
+        for (std::size_t i = 0; i < 4; ++i) {
+            const std::size_t shift = 8 * (m_isBigEndian ? 3 - i : i);
+            value |= std::uint32_t{static_cast<unsigned char>(m_bytes[place + i])} << shift;
+        }
+        return value;
+    }
+
+    /// The text that this entry of a table leads to, up to the zero that ends it.
+    std::optional<std::string_view> text(std::size_t entry) const
+    {
+        const auto length = number(entry);
+        const auto place = number(entry + 4);
+        if (!length || !place || *place >= m_bytes.size() || *length >= m_bytes.size() - *place)
+            return std::nullopt;
+        const std::string_view whole = m_bytes.substr(*place, *length);
+        return whole.substr(0, whole.find('\0'));
+    }
+
+private:
+    std::string_view m_bytes;
+    bool m_isBigEndian = false;
+};
+
+std::string_view variable(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+std::string_view localeOfTexts()
+{
+    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (const std::string_view value = variable(name); !value.empty())
+            return value;
+    }
+    return {};
+}
+
+std::string_view withoutEncoding(std::string_view locale)
+{
+    return locale.substr(0, locale.find_first_of(".@"));
+}
+
+bool isNeutral(std::string_view locale)
+{
+    const std::string_view name = withoutEncoding(locale);
+    return name.empty() || name == "C" || name == "POSIX";
+}
+
+bool isEnglish(std::string_view locale)
+{
+    const std::string_view name = withoutEncoding(locale);
+    return name.substr(0, name.find('_')) == "en";
+}
+
+/// Of "sr_RS.UTF-8@latin" the names "sr_RS@latin", "sr@latin", "sr_RS" and "sr".
+void addNames(std::string_view locale, std::vector<std::string>& names)
+{
+    const std::string territorial{withoutEncoding(locale)};
+    const std::string language = territorial.substr(0, territorial.find('_'));
+    const std::size_t at = locale.find('@');
+    const std::string variant{at != std::string_view::npos ? locale.substr(at) : ""};
+    for (const std::string& name : {territorial + variant, language + variant, territorial, language}) {
+        const bool isOnePartOfAPath = name.find('/') == std::string::npos;
+        if (isOnePartOfAPath && std::ranges::find(names, name) == names.end())
+            names.push_back(name);
+    }
+}
+
+} // namespace
+
+Catalogue read(std::string_view bytes)
+{
+    Reader reader{bytes};
+    if (!reader.isCatalogue())
+        return {};
+    const auto count = reader.number(8);
+    const auto keys = reader.number(12);
+    const auto texts = reader.number(16);
+    if (!count || !keys || !texts)
+        return {};
+    Catalogue catalogue;
+    for (std::size_t i = 0; i < *count; ++i) {
+        const auto key = reader.text(*keys + 8 * i);
+        const auto text = reader.text(*texts + 8 * i);
+        if (!key || !text)
+            return {};
+        if (!key->empty()) // It would stand for the catalogue's own head.
+            catalogue.emplace(*key, *text);
+    }
+    return catalogue;
+}
+
+std::vector<std::string> wanted()
+{
+    const std::string_view locale = localeOfTexts();
+    if (isNeutral(locale))
+        return {};
+    std::string_view rest = variable("LANGUAGE");
+    if (rest.empty())
+        rest = locale;
+    std::vector<std::string> names;
+    while (!rest.empty()) {
+        const std::size_t end = rest.find(':');
+        const std::string_view language = rest.substr(0, end);
+        rest = end != std::string_view::npos ? rest.substr(end + 1) : "";
+        if (language.empty())
+            continue;
+        if (isNeutral(language) || isEnglish(language))
+            break;
+        addNames(language, names);
+    }
+    return names;
+}
+
+} // namespace skyvane::Catalogues

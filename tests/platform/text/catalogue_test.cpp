@@ -1,0 +1,156 @@
+#include "platform/text/catalogue.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace skyvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+using testing::UnorderedElementsAre;
+
+using Entries = std::vector<std::pair<std::string, std::string>>;
+
+enum class ByteOrder { little, big };
+
+std::string number(std::size_t value, ByteOrder order)
+{
+    std::string bytes;
+    for (int shift = 0; shift < 32; shift += 8)
+        bytes += static_cast<char>(value >> shift);
+    if (order == ByteOrder::big)
+        std::ranges::reverse(bytes);
+    return bytes;
+}
+
+/// As msgfmt(1) lays it out, without its table of hashes.
+std::string compiled(const Entries& entries, ByteOrder order)
+{
+    const std::size_t head = 28;
+    const std::size_t table = 8 * entries.size();
+    std::string keys;
+    std::string texts;
+    std::string strings;
+    const auto add = [&](std::string& entry, const std::string& text) {
+        entry += number(text.size(), order) + number(head + 2 * table + strings.size(), order);
+        strings += text + '\0';
+    };
+    for (const auto& [key, text] : entries) {
+        add(keys, key);
+        add(texts, text);
+    }
+    std::string bytes;
+    for (const std::size_t value : {std::size_t{0x950412de}, std::size_t{0}, entries.size(), head,
+             head + table, std::size_t{0}, head + 2 * table})
+        bytes += number(value, order);
+    return bytes + keys + texts + strings;
+}
+
+const Entries german{
+    {"", "Content-Type: text/plain; charset=UTF-8\n"}, {"NEAREST", "NÄCHSTES"}, {"Level", ""}};
+
+/// The languages that are wanted while these variables alone say so.
+std::vector<std::string> wantedBy(const std::map<std::string, std::string>& variables)
+{
+    std::map<std::string, std::string> before;
+    for (const char* name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (const char* value = std::getenv(name))
+            before[name] = value;
+        unsetenv(name);
+    }
+    for (const auto& [name, value] : variables)
+        setenv(name.c_str(), value.c_str(), 1);
+    std::vector<std::string> wanted = Catalogues::wanted();
+    for (const auto& [name, value] : variables)
+        unsetenv(name.c_str());
+    for (const auto& [name, value] : before)
+        setenv(name.c_str(), value.c_str(), 1);
+    return wanted;
+}
+
+TEST(Catalogue, isReadInEitherByteOrder)
+{
+    for (const ByteOrder order : {ByteOrder::little, ByteOrder::big})
+        EXPECT_THAT(Catalogues::read(compiled(german, order)),
+            UnorderedElementsAre(Pair("NEAREST", "NÄCHSTES"), Pair("Level", "")));
+}
+
+TEST(Catalogue, ofPluralFormsTheFirstIsRead)
+{
+    const Entries plural{{std::string("%d hour\0%d hours", 16), std::string("%d Stunde\0%d Stunden", 20)}};
+    EXPECT_THAT(
+        Catalogues::read(compiled(plural, ByteOrder::little)), ElementsAre(Pair("%d hour", "%d Stunde")));
+}
+
+TEST(Catalogue, thatIsCutShortIsNone)
+{
+    const std::string whole = compiled(german, ByteOrder::little);
+    for (std::size_t length = 0; length < whole.size(); ++length)
+        EXPECT_THAT(Catalogues::read(std::string{whole, 0, length}), IsEmpty()) << length;
+}
+
+TEST(Catalogue, whoseTablesLeadOutOfItIsNone)
+{
+    const std::string whole = compiled(german, ByteOrder::little);
+    for (std::size_t place = 8; place < 28 + 2 * 8 * german.size(); place += 4) {
+        if (place == 20 || place == 24) // Of the hashes, which nobody reads.
+            continue;
+        std::string broken = whole;
+        broken.replace(place, 4, "\xff\xff\xff\xff");
+        EXPECT_THAT(Catalogues::read(broken), IsEmpty()) << place;
+    }
+}
+
+TEST(WantedCatalogues, areThoseOfTheLocaleOfTexts)
+{
+    EXPECT_THAT(wantedBy({{"LANG", "de_AT.UTF-8"}}), ElementsAre("de_AT", "de"));
+    EXPECT_THAT(wantedBy({{"LANG", "fr"}, {"LC_MESSAGES", "de_DE.UTF-8"}}), ElementsAre("de_DE", "de"));
+    EXPECT_THAT(wantedBy({{"LC_MESSAGES", "de_DE"}, {"LC_ALL", "es_MX.UTF-8"}}), ElementsAre("es_MX", "es"));
+    EXPECT_THAT(wantedBy({{"LC_ALL", ""}, {"LANG", "es_ES"}}), ElementsAre("es_ES", "es"));
+}
+
+TEST(WantedCatalogues, ofAVariantAreThoseOfTheLanguage)
+{
+    EXPECT_THAT(
+        wantedBy({{"LANG", "sr_RS.UTF-8@latin"}}), ElementsAre("sr_RS@latin", "sr@latin", "sr_RS", "sr"));
+}
+
+TEST(WantedCatalogues, areTheUsersLanguagesInTheirOrder)
+{
+    EXPECT_THAT(
+        wantedBy({{"LANG", "en_US.UTF-8"}, {"LANGUAGE", "de::fr_CA"}}), ElementsAre("de", "fr_CA", "fr"));
+    EXPECT_THAT(wantedBy({{"LANG", "de_DE.UTF-8"}, {"LANGUAGE", ""}}), ElementsAre("de_DE", "de"));
+}
+
+TEST(WantedCatalogues, endAtEnglish)
+{
+    EXPECT_THAT(wantedBy({{"LANG", "en_GB.UTF-8"}}), IsEmpty());
+    EXPECT_THAT(wantedBy({{"LANG", "de_DE.UTF-8"}, {"LANGUAGE", "fr:en_US:de"}}), ElementsAre("fr"));
+    EXPECT_THAT(wantedBy({{"LANG", "de_DE.UTF-8"}, {"LANGUAGE", "C:de"}}), IsEmpty());
+}
+
+TEST(WantedCatalogues, areNoneInTheNeutralLocale)
+{
+    EXPECT_THAT(wantedBy({}), IsEmpty());
+    for (const char* neutral : {"C", "POSIX", "C.UTF-8"})
+        EXPECT_THAT(wantedBy({{"LC_ALL", neutral}, {"LANG", "de_DE"}, {"LANGUAGE", "de"}}), IsEmpty())
+            << neutral;
+}
+
+TEST(WantedCatalogues, neverLeadOutOfTheFolder)
+{
+    EXPECT_THAT(wantedBy({{"LANG", "../../tmp"}}), IsEmpty());
+    EXPECT_THAT(wantedBy({{"LANG", "de@/tmp"}}), ElementsAre("de"));
+}
+
+} // namespace
+} // namespace skyvane
