@@ -83,6 +83,8 @@ void Transfer::setTrust(Trust trust)
     set(m_easy.get(), CURLOPT_CAINFO, readsBundle ? orNone(known.bundle) : nullptr);
     set(m_easy.get(), CURLOPT_SSL_VERIFYPEER, 1L);
     set(m_easy.get(), CURLOPT_SSL_VERIFYHOST, 2L);
+    // A resumed TLS session brings no certificate: what was verified once would be trusted for days.
+    set(m_easy.get(), CURLOPT_SSL_SESSIONID_CACHE, 0L);
     m_hasUnreadBundle = !readsBundle && !known.bundle.empty();
 }
 
@@ -165,7 +167,29 @@ std::optional<CURLcode> Transfer::outcome() const
 {
     int left = 0;
     const CURLMsg* message = curl_multi_info_read(m_multi, &left);
-    return message != nullptr ? message->data.result : CURLE_FAILED_INIT;
+    if (message == nullptr)
+        return CURLE_FAILED_INIT;
+    return endsWithItsConnection(message->data.result) ? CURLE_OK : message->data.result;
+}
+
+/// Whether this is an answer of no announced length, whose connection ended without TLS's goodbye. Newer
+/// versions of the library call that a failure; whether such an answer is whole is for its reader to say.
+bool Transfer::endsWithItsConnection(CURLcode outcome) const
+{
+    if (outcome != CURLE_RECV_ERROR || m_refusal != nullptr || m_body.empty())
+        return false;
+    long systemError = 0;
+    long version = CURL_HTTP_VERSION_NONE;
+    curl_off_t length = 0;
+    curl_header* encoding = nullptr;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_OS_ERRNO, &systemError);
+    curl_easy_getinfo(m_easy.get(), CURLINFO_HTTP_VERSION, &version);
+    curl_easy_getinfo(m_easy.get(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
+    const bool isInPieces
+        = curl_easy_header(m_easy.get(), "Transfer-Encoding", 0, CURLH_HEADER, -1, &encoding) == CURLHE_OK;
+    const bool isFramed
+        = length >= 0 || isInPieces || (version != CURL_HTTP_VERSION_1_0 && version != CURL_HTTP_VERSION_1_1);
+    return systemError == 0 && !isFramed;
 }
 
 bool Transfer::deservesMoreTrust(CURLcode outcome) const

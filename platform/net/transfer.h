@@ -40,6 +40,7 @@ private:
     void reserveBody();
     void confineTo(const Network& network);
     std::optional<CURLcode> outcome() const;
+    bool endsWithItsConnection(CURLcode outcome) const;
 
     std::array<char, CURL_ERROR_SIZE> m_words{};
     bool m_hasUnreadBundle = false;

@@ -45,6 +45,11 @@ void Connection::startTLS(SSL_CTX* context)
     }
 }
 
+bool Connection::resumesSession() const
+{
+    return SSL_session_reused(m_tls.get()) == 1;
+}
+
 std::string Connection::receive()
 {
     if (!isOpen())

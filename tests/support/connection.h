@@ -38,6 +38,7 @@ public:
     Connection& operator=(const Connection&) = delete;
 
     void startTLS(SSL_CTX* context);
+    bool resumesSession() const; ///< Of TLS, and thus without showing a certificate.
 
     /// What the client sends next, at least one byte.
     std::string receive();

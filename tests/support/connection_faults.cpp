@@ -1,6 +1,7 @@
 #include "tests/support/fault.h"
 
 #include <chrono>
+#include <sstream>
 
 namespace skyvane::test {
 
@@ -21,6 +22,16 @@ HttpsServer::Handler sendingThen(std::string bytes, void (Connection::*end)())
 std::string half()
 {
     return head({.headers = {{.name = "Content-Length", .value = "1000"}}}) + R"({"ac":[{"hex":)";
+}
+
+/// The last chunk, which is empty, is missing.
+std::string inOneChunk(const std::string& body)
+{
+    std::ostringstream text;
+    text << "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
+         << std::hex << body.size() << "\r\n"
+         << body << "\r\n";
+    return text.str();
 }
 
 void answerWell(const RecordedRequest&, Connection& connection)
@@ -54,6 +65,11 @@ std::vector<Fault> lostConnections()
         {.name = "cutAfterTheWholeAnswer",
             .handler = sendingThen(std::string{"HTTP/1.1 200 OK\r\n\r\n"} + goodAnswer, &Connection::cut),
             .outcome = Fault::Outcome::delivered},
+        {.name = "resetAfterTheWholeAnswer",
+            .handler = sendingThen(std::string{"HTTP/1.1 200 OK\r\n\r\n"} + goodAnswer, &Connection::reset)},
+        {.name = "cutInHeaders", .handler = sendingThen("HTTP/1.1 200 OK\r\nContent-Le", &Connection::cut)},
+        {.name = "cutBeforeTheLastChunk", .handler = sendingThen(inOneChunk(goodAnswer), &Connection::cut)},
+        {.name = "cutBeforeTheAnnouncedLength", .handler = sendingThen(half(), &Connection::cut)},
         {.name = "notHTTP", .handler = sendingThen("220 ready\r\n", &Connection::close)},
     };
 }

@@ -102,7 +102,10 @@ TEST_F(UrlSessionTest, boundsInformationalAnswers)
         while (true)
             connection.send("HTTP/1.1 103 Early Hints\r\nLink: </a>\r\n\r\n");
     });
-    EXPECT_THAT(failure(), HasSubstr("headers are longer than 256 KiB"));
+    // Newer versions of the library have a limit of their own, which speaks first.
+    EXPECT_THAT(failure(),
+        testing::AnyOf(HasSubstr("headers are longer than 256 KiB"), HasSubstr("Too many response headers")));
+    EXPECT_EQ(problem(), TransferProblem::tooLarge);
 }
 
 TEST_F(UrlSessionTest, boundsTheHeadersOfAllRedirectsTogether)

@@ -80,6 +80,30 @@ TEST_F(UrlSessionTest, refusesACertificateForAnotherName)
     EXPECT_EQ(server.requests().size(), 0U);
 }
 
+TEST_F(UrlSessionTest, refusesACertificateForAnotherNameOfAServerThatItKnows)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.answer({.headers = {{.name = "Connection", .value = "close"}}, .body = "here"});
+        connection.close();
+    });
+    EXPECT_EQ(get().body, "here");
+    server.present("example.test", authority.issue({"other.test"}));
+    EXPECT_THAT(failure(), HasSubstr("example.test"));
+    EXPECT_EQ(server.requests().size(), 1U);
+}
+
+TEST_F(UrlSessionTest, everyConnectionIsShownACertificate)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.answer({.headers = {{.name = "Connection", .value = "close"}},
+            .body = connection.resumesSession() ? "resumed" : "shown"});
+        connection.close();
+    });
+    EXPECT_EQ(get().body, "shown");
+    EXPECT_EQ(get().body, "shown");
+    EXPECT_EQ(server.connectionCount(), 2U);
+}
+
 TEST_F(UrlSessionTest, aHostOutsideThePinnedNetworkIsNeverReached)
 {
     EXPECT_NE(failure(request("https://stranger.test/")), "");
