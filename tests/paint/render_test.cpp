@@ -99,6 +99,8 @@ TEST(Render, anSvgNamesItselfAndHoldsNoText)
     const QByteArray svg = renderSvg(
         sampleList(fonts), test::black, {.title = "Sky Radar", .description = "Aircraft & more"}, fonts);
     EXPECT_TRUE(svg.contains("<title>Sky Radar</title>"));
+    EXPECT_EQ(svg.count("<title"), 1);
+    EXPECT_EQ(svg.count("<desc"), 1);
     EXPECT_TRUE(svg.contains("<desc>Aircraft &amp; more</desc>")) << svg.left(600).toStdString();
     EXPECT_FALSE(svg.contains("<text"));
 }
