@@ -13,7 +13,7 @@
 #include "companion/sky/empty_sky.h"
 #include "core/radar/radar_view.h"
 #include "desk/text.h"
-#include "desk/view_widget.h"
+#include "desk/display_list_view.h"
 #include "platform/text/localized.h"
 
 #include <QBoxLayout>
@@ -75,7 +75,7 @@ AircraftPage::AircraftPage(AircraftSources sources, const FontMeasurer& fonts, Q
     , m_empty(new EmptySky)
     , m_columns(new QBoxLayout{QBoxLayout::LeftToRight})
     , m_photo(new PhotoPanel{m_sources.open})
-    , m_scope(new ViewWidget{fonts})
+    , m_scope(new DisplayListView{fonts})
     , m_name(plainLabel(TypeScale::display(font())))
     , m_identity(plainLabel(font()))
     , m_alarm(plainLabel(TypeScale::strong(font())))

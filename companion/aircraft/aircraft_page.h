@@ -22,7 +22,7 @@ class FactGrid;
 class NoticeBar;
 class PhotoPanel;
 class RoutePanel;
-class ViewWidget;
+class DisplayListView;
 
 /// What the page looks things up with.
 struct AircraftSources {
@@ -70,7 +70,7 @@ private:
     EmptySky* m_empty;
     QBoxLayout* m_columns;
     PhotoPanel* m_photo;
-    ViewWidget* m_scope;
+    DisplayListView* m_scope;
     QLabel* m_name;
     QLabel* m_identity;
     QLabel* m_alarm;

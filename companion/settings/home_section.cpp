@@ -50,7 +50,7 @@ HomeSection::HomeSection(Settings& settings, PlaceSearch::Load load, const FontM
     , m_place(new PlaceField{std::move(load), *m_placeNote})
     , m_position(new PositionField{systemBus, *m_positionNote})
     , m_name(new MarkedLineEdit{*m_nameNote})
-    , m_scope(new ViewWidget{fonts})
+    , m_scope(new DisplayListView{fonts})
 {
     m_name->setMaxLength(longestName);
     m_scope->setFixedSize(WidgetCard::sizeOf(WidgetFamily::small));

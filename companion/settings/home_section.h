@@ -2,7 +2,7 @@
 
 #include "companion/position/place_search.h"
 #include "companion/settings/settings.h"
-#include "desk/view_widget.h"
+#include "desk/display_list_view.h"
 
 #include <QDBusConnection>
 
@@ -35,7 +35,7 @@ private:
     PlaceField* m_place;
     PositionField* m_position;
     MarkedLineEdit* m_name;
-    ViewWidget* m_scope;
+    DisplayListView* m_scope;
     std::optional<std::string> m_label; ///< As last shown.
 };
 

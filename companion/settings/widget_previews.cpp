@@ -16,9 +16,9 @@ namespace skyvane {
 
 namespace {
 
-ViewWidget* preview(WidgetFamily family, const std::string& name, const FontMeasurer& fonts)
+DisplayListView* preview(WidgetFamily family, const std::string& name, const FontMeasurer& fonts)
 {
-    auto* view = new ViewWidget{fonts};
+    auto* view = new DisplayListView{fonts};
     view->setFixedSize(WidgetCard::sizeOf(family));
     view->setAccessibleName(toQString(name));
     return view;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "companion/settings/settings_draft.h"
-#include "desk/view_widget.h"
+#include "desk/display_list_view.h"
 
 #include <QWidget>
 
@@ -16,9 +16,9 @@ public:
     void showDraft(const SettingsDraft& draft);
 
 private:
-    ViewWidget* m_nearest;
-    ViewWidget* m_radar;
-    ViewWidget* m_board;
+    DisplayListView* m_nearest;
+    DisplayListView* m_radar;
+    DisplayListView* m_board;
 };
 
 } // namespace skyvane

@@ -10,7 +10,7 @@
 #include "companion/sky/sky_words.h"
 #include "core/radar/radar_view.h"
 #include "desk/text.h"
-#include "desk/view_widget.h"
+#include "desk/display_list_view.h"
 #include "platform/text/localized.h"
 
 #include <QHBoxLayout>
@@ -37,7 +37,7 @@ SkyPage::SkyPage(SkyFeed& feed, const FontMeasurer& fonts, QWidget* parent)
     , m_stack(new QStackedWidget)
     , m_table(new SkyTable)
     , m_empty(new EmptySky)
-    , m_scope(new ViewWidget{fonts})
+    , m_scope(new DisplayListView{fonts})
     , m_range(new QLabel)
 {
     m_filter->setPlaceholderText(toQString(localized("Filter by name, model, operator, squawk…")));

@@ -15,7 +15,7 @@ namespace skyvane {
 class EmptySky;
 class NoticeBar;
 class SkyTable;
-class ViewWidget;
+class DisplayListView;
 
 /// The aircraft around home as a list, the scope beside it where there is room.
 class SkyPage : public QWidget {
@@ -52,7 +52,7 @@ private:
     QStackedWidget* m_stack;
     SkyTable* m_table;
     EmptySky* m_empty;
-    ViewWidget* m_scope;
+    DisplayListView* m_scope;
     QLabel* m_range;
 };
 

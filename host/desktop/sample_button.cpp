@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QPainter>
 
 #include <utility>
 
@@ -26,7 +25,7 @@ std::unique_ptr<QWidget> pictureOf(QWidget& widget)
     QPixmap pixmap{widget.size() * widget.devicePixelRatio()};
     pixmap.setDevicePixelRatio(widget.devicePixelRatio());
     pixmap.fill(Qt::transparent);
-    widget.render(&pixmap, {}, {}, {});
+    widget.render(&pixmap, {}, {}, QWidget::DrawChildren);
     picture->setPixmap(pixmap);
     picture->resize(widget.size());
     picture->setMask(roundShape(widget.size()));
@@ -36,29 +35,30 @@ std::unique_ptr<QWidget> pictureOf(QWidget& widget)
 } // namespace
 
 SampleButton::SampleButton(WidgetFamily family, const FontMeasurer& fonts, Dropped dropped)
-    : m_family(family)
-    , m_fonts(fonts)
-    , m_dropped(std::move(dropped))
-    , m_background(WidgetCard::emptyBackground)
-    , m_list{.size = WidgetContainer::size(family)}
+    : m_dropped(std::move(dropped)), m_picture(new DisplayListView{fonts})
 {
     setFixedSize(WidgetCard::sizeOf(family));
     setCursor(Qt::PointingHandCursor);
+    m_picture->setParent(this);
+    m_picture->resize(size());
+    m_picture->showEmptyCard();
 }
 
 void SampleButton::showSample(const WidgetEntry& entry)
 {
-    m_background = entry.background;
-    m_list = WidgetContainer::layout(entry.view, m_family, m_fonts);
-    update();
+    m_picture->showCard(entry.view, entry.background);
 }
 
-void SampleButton::paintEvent(QPaintEvent*)
+void SampleButton::focusInEvent(QFocusEvent* event)
 {
-    QPainter painter{this};
-    WidgetCard::paint(m_list, m_background, painter, m_fonts);
-    if (hasFocus())
-        WidgetCard::paintFocus(rect(), WidgetCard::cornerRadius, painter);
+    m_picture->setFocusShown(/*isShown=*/true);
+    QAbstractButton::focusInEvent(event);
+}
+
+void SampleButton::focusOutEvent(QFocusEvent* event)
+{
+    m_picture->setFocusShown(/*isShown=*/false);
+    QAbstractButton::focusOutEvent(event);
 }
 
 void SampleButton::mousePressEvent(QMouseEvent* event)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "paint/font_measurer.h"
+#include "desk/display_list_view.h"
 #include "protocol/widget_timeline.h"
 #include "ui/layout/widget_container.h"
 
@@ -22,17 +22,16 @@ public:
     void showSample(const WidgetEntry& entry);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void paintEvent(QPaintEvent*) override { } ///< The picture is all there is to see.
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    WidgetFamily m_family;
-    const FontMeasurer& m_fonts;
     Dropped m_dropped;
-    Color m_background;
-    DisplayList m_list;
+    DisplayListView* m_picture;
     QPoint m_pressed;
     std::unique_ptr<QWidget> m_dragged; ///< The picture under the pointer.
 };

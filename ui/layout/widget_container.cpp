@@ -61,8 +61,15 @@ std::optional<WidgetFamily> named(std::string_view name)
 
 DisplayList layout(const View& content, WidgetFamily family, const TextMeasurer& measurer)
 {
-    const Size whole = size(family);
-    const Size inner{.width = whole.width - 2 * contentMargin, .height = whole.height - 2 * contentMargin};
+    return WidgetContainer::layout(content, size(family), measurer);
+}
+
+DisplayList layout(const View& content, const Size& whole, const TextMeasurer& measurer)
+{
+    const Size inner{
+        .width = std::max(whole.width - 2 * contentMargin, 0.0),
+        .height = std::max(whole.height - 2 * contentMargin, 0.0),
+    };
     DisplayList list = skyvane::layout(content, inner, measurer);
     list.size = whole;
     for (DisplayItem& item : list.items)

@@ -25,7 +25,8 @@ Size size(WidgetFamily family);
 std::string_view name(WidgetFamily family);
 std::optional<WidgetFamily> named(std::string_view name);
 
-/// The content laid out inside the margins, as a list that covers the whole widget.
+/// The content laid out inside the margins, as a list that covers the whole widget of this size.
+DisplayList layout(const View& content, const Size& whole, const TextMeasurer& measurer);
 DisplayList layout(const View& content, WidgetFamily family, const TextMeasurer& measurer);
 
 } // namespace WidgetContainer

@@ -4,7 +4,7 @@
 #include "companion/position/position_field.h"
 #include "companion/settings/radius_field.h"
 #include "companion/settings/settings_page.h"
-#include "desk/view_widget.h"
+#include "desk/display_list_view.h"
 #include "platform/files/files.h"
 #include "platform/pinned.h"
 #include "platform/text/locale.h"

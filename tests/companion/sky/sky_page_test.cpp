@@ -2,7 +2,7 @@
 #include "companion/sky/empty_sky.h"
 #include "companion/sky/sky_page.h"
 #include "companion/sky/sky_table.h"
-#include "desk/view_widget.h"
+#include "desk/display_list_view.h"
 #include "tests/companion/companion_stage.h"
 
 #include <QLineEdit>
@@ -189,9 +189,9 @@ TEST_F(SkyPageTest, aStalledFeedNeverBlocksTheWindow)
 
 TEST_F(SkyPageTest, theScopeGoesWhereThereIsNoRoomForIt)
 {
-    EXPECT_TRUE(page.findChild<ViewWidget*>()->isVisible());
+    EXPECT_TRUE(page.findChild<DisplayListView*>()->isVisible());
     page.resize(700, 600);
-    EXPECT_TRUE(test::waitFor([&] { return !page.findChild<ViewWidget*>()->isVisible(); }));
+    EXPECT_TRUE(test::waitFor([&] { return !page.findChild<DisplayListView*>()->isVisible(); }));
 }
 
 } // namespace skyvane

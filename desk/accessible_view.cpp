@@ -1,7 +1,6 @@
-#include "host/desktop/accessible_widget.h"
+#include "desk/accessible_view.h"
 
-#include "host/desktop/accessible_part.h"
-#include "host/desktop/widget_window.h"
+#include "desk/accessible_part.h"
 
 #include <algorithm>
 
@@ -17,46 +16,46 @@ void tell(QAccessibleInterface* about, QAccessible::Event what)
 
 QAccessibleInterface* makeAccessible(const QString&, QObject* object)
 {
-    auto* window = dynamic_cast<WidgetWindow*>(object);
-    return window != nullptr ? new AccessibleWidget{*window} : nullptr;
+    auto* view = dynamic_cast<SpokenView*>(object);
+    auto* widget = qobject_cast<QWidget*>(object);
+    return view != nullptr && widget != nullptr ? new AccessibleView{*widget, *view} : nullptr;
 }
 
 } // namespace
 
-AccessibleWidget::AccessibleWidget(WidgetWindow& window)
-    : QAccessibleWidget(&window, QAccessible::Window), m_window(window)
+AccessibleView::AccessibleView(QWidget& widget, SpokenView& view) : QAccessibleWidget(&widget), m_view(view)
 {
 }
 
-AccessibleWidget::~AccessibleWidget()
+AccessibleView::~AccessibleView()
 {
     for (const QAccessible::Id child : m_children)
         QAccessible::deleteAccessibleInterface(child);
 }
 
-int AccessibleWidget::childCount() const
+int AccessibleView::childCount() const
 {
-    return static_cast<int>(m_window.parts().size());
+    return static_cast<int>(m_view.parts().size());
 }
 
-QAccessibleInterface* AccessibleWidget::child(int index) const
+QAccessibleInterface* AccessibleView::child(int index) const
 {
     if (index < 0 || index >= childCount())
         return nullptr;
-    while (m_children.size() < m_window.parts().size())
-        m_children.push_back(
-            QAccessible::registerAccessibleInterface(new AccessiblePart{m_window, m_children.size()}));
+    while (m_children.size() < m_view.parts().size())
+        m_children.push_back(QAccessible::registerAccessibleInterface(
+            new AccessiblePart{*widget(), m_view, m_children.size()}));
     return QAccessible::accessibleInterface(m_children[static_cast<std::size_t>(index)]);
 }
 
-int AccessibleWidget::indexOfChild(const QAccessibleInterface* child) const
+int AccessibleView::indexOfChild(const QAccessibleInterface* child) const
 {
-    const auto place = std::find_if(m_children.begin(), m_children.end(),
+    const auto found = std::find_if(m_children.begin(), m_children.end(),
         [&](QAccessible::Id id) { return QAccessible::accessibleInterface(id) == child; });
-    return place == m_children.end() ? -1 : static_cast<int>(place - m_children.begin());
+    return found == m_children.end() ? -1 : static_cast<int>(found - m_children.begin());
 }
 
-QAccessibleInterface* AccessibleWidget::childAt(int x, int y) const
+QAccessibleInterface* AccessibleView::childAt(int x, int y) const
 {
     for (int index = 0; index < childCount(); ++index) {
         if (child(index)->rect().contains(x, y))
@@ -65,7 +64,7 @@ QAccessibleInterface* AccessibleWidget::childAt(int x, int y) const
     return nullptr;
 }
 
-QAccessibleInterface* AccessibleWidget::focusChild() const
+QAccessibleInterface* AccessibleView::focusChild() const
 {
     for (int index = 0; index < childCount(); ++index) {
         if (child(index)->state().focused)
@@ -74,22 +73,28 @@ QAccessibleInterface* AccessibleWidget::focusChild() const
     return nullptr;
 }
 
-QStringList AccessibleWidget::actionNames() const
+QAccessible::Role AccessibleView::role() const
 {
-    return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+    return widget()->isWindow() ? QAccessible::Window : QAccessible::Client;
 }
 
-void AccessibleWidget::doAction(const QString& name)
+QStringList AccessibleView::actionNames() const
+{
+    const QStringList actions = QAccessibleWidget::actionNames();
+    return m_view.isPressable() ? QStringList{pressAction()} + actions : actions;
+}
+
+void AccessibleView::doAction(const QString& name)
 {
     if (name == pressAction())
-        m_window.press(std::nullopt);
+        m_view.press(std::nullopt);
     else
         QAccessibleWidget::doAction(name);
 }
 
-void AccessibleWidget::renew()
+void AccessibleView::renew()
 {
-    if (m_children.size() == m_window.parts().size()) {
+    if (m_children.size() == m_view.parts().size()) {
         for (const QAccessible::Id child : m_children)
             tell(QAccessible::accessibleInterface(child), QAccessible::NameChanged);
         return;
@@ -99,7 +104,7 @@ void AccessibleWidget::renew()
         tell(child(index), QAccessible::ObjectCreated);
 }
 
-void AccessibleWidget::forgetChildren()
+void AccessibleView::forgetChildren()
 {
     for (const QAccessible::Id child : m_children) {
         tell(QAccessible::accessibleInterface(child), QAccessible::ObjectDestroyed);
@@ -108,21 +113,21 @@ void AccessibleWidget::forgetChildren()
     m_children.clear();
 }
 
-void AccessibleWidget::tellFocus()
+void AccessibleView::tellFocus()
 {
     QAccessibleInterface* link = focusChild();
     tell(link != nullptr ? link : this, QAccessible::Focus);
 }
 
-void makeWidgetsAccessible()
+void makeViewsAccessible()
 {
     QAccessible::installFactory(makeAccessible);
 }
 
-AccessibleWidget* accessibleOf(WidgetWindow& window)
+AccessibleView* accessibleOf(QWidget& widget)
 {
     return QAccessible::isActive()
-        ? dynamic_cast<AccessibleWidget*>(QAccessible::queryAccessibleInterface(&window))
+        ? dynamic_cast<AccessibleView*>(QAccessible::queryAccessibleInterface(&widget))
         : nullptr;
 }
 

@@ -1,32 +1,32 @@
-#include "host/desktop/accessible_part.h"
+#include "desk/accessible_part.h"
 
-#include "host/desktop/widget_window.h"
+#include <QWidget>
 
 namespace skyvane {
 
 bool AccessiblePart::isValid() const
 {
-    return m_index < m_window.parts().size();
+    return m_index < m_view.parts().size();
 }
 
 bool AccessiblePart::isLink() const
 {
-    return isValid() && m_window.parts()[m_index].link;
+    return isValid() && m_view.parts()[m_index].link;
 }
 
 QWindow* AccessiblePart::window() const
 {
-    return m_window.windowHandle();
+    return m_widget.window()->windowHandle();
 }
 
 QAccessibleInterface* AccessiblePart::parent() const
 {
-    return QAccessible::queryAccessibleInterface(&m_window);
+    return QAccessible::queryAccessibleInterface(&m_widget);
 }
 
 QString AccessiblePart::text(QAccessible::Text kind) const
 {
-    return kind == QAccessible::Name && isValid() ? QString::fromStdString(m_window.parts()[m_index].text)
+    return kind == QAccessible::Name && isValid() ? QString::fromStdString(m_view.parts()[m_index].text)
                                                   : QString{};
 }
 
@@ -34,9 +34,9 @@ QRect AccessiblePart::rect() const
 {
     if (!isValid())
         return {};
-    const Rect& frame = m_window.parts()[m_index].frame;
-    const QRect inWindow = QRectF{frame.x, frame.y, frame.width, frame.height}.toAlignedRect();
-    return {m_window.mapToGlobal(inWindow.topLeft()), inWindow.size()};
+    const Rect& frame = m_view.parts()[m_index].frame;
+    const QRect inWidget = QRectF{frame.x, frame.y, frame.width, frame.height}.toAlignedRect();
+    return {m_widget.mapToGlobal(inWidget.topLeft()), inWidget.size()};
 }
 
 QAccessible::Role AccessiblePart::role() const
@@ -48,12 +48,12 @@ QAccessible::State AccessiblePart::state() const
 {
     QAccessible::State state;
     state.invalid = !isValid();
-    state.invisible = !m_window.isVisible();
+    state.invisible = !m_widget.isVisible();
     state.readOnly = true;
     if (isLink()) {
         state.focusable = true;
         state.linked = true;
-        state.focused = m_window.hasFocus() && m_window.focusedLink() == m_window.parts()[m_index].link;
+        state.focused = m_widget.hasFocus() && m_view.focusedLink() == m_view.parts()[m_index].link;
     }
     return state;
 }
@@ -72,7 +72,7 @@ QStringList AccessiblePart::actionNames() const
 void AccessiblePart::doAction(const QString& name)
 {
     if (name == pressAction() && isLink())
-        m_window.press(m_window.parts()[m_index].link);
+        m_view.press(m_view.parts()[m_index].link);
 }
 
 } // namespace skyvane

@@ -1,17 +1,23 @@
 #pragma once
 
+#include "desk/spoken_view.h"
+
 #include <QAccessibleInterface>
 
 #include <cstddef>
 
+class QWidget;
+
 namespace skyvane {
 
-class WidgetWindow;
-
-/// One link or row of a widget's window for a screen reader.
+/// One link or row of text of a view for a screen reader.
 class AccessiblePart : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
-    AccessiblePart(WidgetWindow& window, std::size_t index) : m_window(window), m_index(index) { }
+    /// `widget` and `view` are the same.
+    AccessiblePart(QWidget& widget, SpokenView& view, std::size_t index)
+        : m_widget(widget), m_view(view), m_index(index)
+    {
+    }
 
     bool isValid() const override;
     QObject* object() const override { return nullptr; }
@@ -35,7 +41,8 @@ public:
 private:
     bool isLink() const;
 
-    WidgetWindow& m_window;
+    QWidget& m_widget;
+    SpokenView& m_view;
     std::size_t m_index;
 };
 
