@@ -1,10 +1,9 @@
 #pragma once
 
 #include "core/config/shared_state.h"
+#include "desk/file_watch.h"
 
-#include <QFileSystemWatcher>
 #include <QObject>
-#include <QTimer>
 
 #include <chrono>
 #include <optional>
@@ -17,8 +16,8 @@ class SettingsFile : public QObject {
 public:
     using Content = std::optional<SharedState::Config>;
 
-    /// `calm`: how long the folder has to be quiet before the file is read again.
-    explicit SettingsFile(std::chrono::milliseconds calm, QObject* parent = nullptr);
+    /// `quiet`: how long nothing has to happen around the file before it is read again.
+    explicit SettingsFile(std::chrono::milliseconds quiet, QObject* parent = nullptr);
 
     /// When it was last read or written.
     const Content& content() const { return m_content; }
@@ -34,11 +33,8 @@ signals:
     void changedByOthers();
 
 private:
-    void watch();
-
+    FileWatch m_watch;
     Content m_content;
-    QFileSystemWatcher m_watcher;
-    QTimer m_calm;
 };
 
 } // namespace skyvane

@@ -1,7 +1,7 @@
 #include "core/config/shared_state.h"
 
 #include "core/model/fields.h"
-#include "platform/files/files.h"
+#include "platform/files/configuration_file.h"
 #include "platform/json/decode.h"
 
 #include <nlohmann/json.hpp>
@@ -25,11 +25,6 @@ namespace SharedState {
 namespace {
 
 constexpr std::size_t largestFile = 1024UL * 1024; ///< Bytes; a configuration has a few hundred.
-
-std::filesystem::path file()
-{
-    return directory() / "widget-config.json";
-}
 
 /// Absent for what JSON cannot say: a number that is not finite, a text that is not UTF-8.
 std::optional<std::string> encoded(const Config& config)
@@ -62,12 +57,12 @@ std::optional<std::string> encoded(const Config& config)
 
 std::filesystem::path directory()
 {
-    return Files::homeFolder() / "Library/Application Support/Skyvane";
+    return Files::configurationFile().parent_path();
 }
 
 std::optional<Config> read()
 {
-    const auto bytes = Files::read(file(), largestFile);
+    const auto bytes = Files::read(Files::configurationFile(), largestFile);
     if (!bytes)
         return std::nullopt;
     try {
@@ -82,13 +77,13 @@ void write(const Config& config)
     std::error_code ignored;
     std::filesystem::create_directories(directory(), ignored);
     if (const auto bytes = encoded(config))
-        Files::writeAtomically(file(), *bytes);
+        Files::writeAtomically(Files::configurationFile(), *bytes);
 }
 
 void clear()
 {
     std::error_code ignored;
-    std::filesystem::remove(file(), ignored);
+    std::filesystem::remove(Files::configurationFile(), ignored);
 }
 
 } // namespace SharedState

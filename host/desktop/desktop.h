@@ -1,7 +1,7 @@
 #pragma once
 
+#include "desk/file_watch.h"
 #include "host/desktop/widget_window.h"
-#include "host/extension/configuration_watch.h"
 #include "host/extension/schedule.h"
 #include "host/placing/host_file.h"
 #include "host/session/compositing_watch.h"
@@ -75,7 +75,7 @@ private:
     std::map<int, Window> m_windows;
     std::unique_ptr<Gallery, DeleteLater> m_gallery;
     Schedule m_schedule;
-    ConfigurationWatch m_configuration;
+    FileWatch m_configuration;
     SleepWatch m_sleep;
     CompositingWatch m_compositing;
     bool m_isComposited = m_compositing.isActive();

@@ -2,7 +2,7 @@
 
 #include "host/service/ask_host.h"
 #include "host/service/host_service.h"
-#include "platform/files/files.h"
+#include "platform/files/configuration_file.h"
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -30,7 +30,7 @@ DesktopSetup standardSetup(const Companion& companion)
 {
     return {
         .hostFile = HostFile::standardPath(),
-        .configuration = configurationFile(Files::homeFolder()),
+        .configuration = Files::configurationFile(),
         .open = [companion](const URL& url) { companion.openLink(url); },
         .welcome = [companion] { companion.startInPlaceOfHost(); },
         .settings = [companion] { companion.start({QStringLiteral("--settings")}); },

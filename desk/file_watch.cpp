@@ -1,35 +1,30 @@
-#include "host/extension/configuration_watch.h"
+#include "desk/file_watch.h"
 
 #include <sys/stat.h>
 #include <utility>
 
 namespace skyvane {
 
-std::filesystem::path configurationFile(const std::filesystem::path& homeFolder)
+FileWatch::FileWatch(
+    std::filesystem::path file, std::function<void()> changed, std::chrono::milliseconds quiet)
+    : m_file(std::move(file)), m_changed(std::move(changed)), m_last(stamp())
 {
-    return homeFolder / "Library/Application Support/Skyvane/widget-config.json";
-}
-
-ConfigurationWatch::ConfigurationWatch(
-    std::filesystem::path file, std::function<void()> changed, std::chrono::milliseconds calm)
-    : m_file(std::move(file)), m_changed(std::move(changed)), m_last(trait())
-{
-    m_calm.setSingleShot(true);
-    m_calm.setInterval(calm);
-    m_calm.callOnTimeout([this] { look(); });
-    const auto stir = [this] { m_calm.start(); };
-    QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_calm, stir);
-    QObject::connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_calm, stir);
+    m_debounce.setSingleShot(true);
+    m_debounce.setInterval(quiet);
+    m_debounce.callOnTimeout([this] { look(); });
+    const auto wait = [this] { m_debounce.start(); };
+    QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_debounce, wait);
+    QObject::connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_debounce, wait);
     watch();
 }
 
-std::optional<ConfigurationWatch::Trait> ConfigurationWatch::trait() const
+std::optional<FileWatch::Stamp> FileWatch::stamp() const
 {
     struct stat status { };
     if (::stat(m_file.c_str(), &status) != 0)
         return std::nullopt;
     std::error_code ignored;
-    return Trait{
+    return Stamp{
         .changed = std::filesystem::last_write_time(m_file, ignored),
         .size = static_cast<std::uintmax_t>(status.st_size),
         .inode = status.st_ino,
@@ -37,7 +32,7 @@ std::optional<ConfigurationWatch::Trait> ConfigurationWatch::trait() const
 }
 
 /// The file where it is there, and the innermost folder above it that is.
-void ConfigurationWatch::watch()
+void FileWatch::watch()
 {
     const QStringList watched = m_watcher.files() + m_watcher.directories();
     if (!watched.isEmpty())
@@ -51,10 +46,10 @@ void ConfigurationWatch::watch()
         m_watcher.addPath(QString::fromStdString(m_file.string()));
 }
 
-void ConfigurationWatch::look()
+void FileWatch::look()
 {
     watch();
-    if (std::exchange(m_last, trait()) != m_last)
+    if (std::exchange(m_last, stamp()) != m_last)
         m_changed();
 }
 

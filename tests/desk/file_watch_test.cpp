@@ -1,4 +1,4 @@
-#include "host/extension/configuration_watch.h"
+#include "desk/file_watch.h"
 
 #include "tests/session/wait_for.h"
 #include "tests/support/scratch_folder.h"
@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class ConfigurationWatchTest : public testing::Test {
+class FileWatchTest : public testing::Test {
 protected:
     void write(const std::string& text) const
     {
@@ -30,25 +30,25 @@ protected:
     }
 
     test::ScratchFolder home;
-    std::filesystem::path file = configurationFile(home.path());
+    std::filesystem::path file = home.path() / "Library/Skyvane/widget-config.json";
     int changes = 0;
 };
 
 } // namespace
 
-TEST_F(ConfigurationWatchTest, aFileThatAppearsWithItsFoldersIsTold)
+TEST_F(FileWatchTest, aFileThatAppearsWithItsFoldersIsTold)
 {
-    const ConfigurationWatch watch{file, [&] { ++changes; }, 50ms};
+    const FileWatch watch{file, [&] { ++changes; }, 50ms};
     write("{}");
     EXPECT_TRUE(isTold());
     write("{ }");
     EXPECT_TRUE(isTold());
 }
 
-TEST_F(ConfigurationWatchTest, aFileThatIsReplacedInOneStepIsToldEachTime)
+TEST_F(FileWatchTest, aFileThatIsReplacedInOneStepIsToldEachTime)
 {
     write("{}");
-    const ConfigurationWatch watch{file, [&] { ++changes; }, 50ms};
+    const FileWatch watch{file, [&] { ++changes; }, 50ms};
     for (const char* text : {"{ }", "{  }", "{   }"}) {
         std::ofstream{file.string() + ".new"} << text;
         std::filesystem::rename(file.string() + ".new", file);
@@ -56,20 +56,20 @@ TEST_F(ConfigurationWatchTest, aFileThatIsReplacedInOneStepIsToldEachTime)
     }
 }
 
-TEST_F(ConfigurationWatchTest, aFolderThatGoesAndComesBackIsTold)
+TEST_F(FileWatchTest, aFolderThatGoesAndComesBackIsTold)
 {
     write("{}");
-    const ConfigurationWatch watch{file, [&] { ++changes; }, 50ms};
+    const FileWatch watch{file, [&] { ++changes; }, 50ms};
     std::filesystem::remove_all(home.path() / "Library");
     EXPECT_TRUE(isTold());
     write("{}");
     EXPECT_TRUE(isTold());
 }
 
-TEST_F(ConfigurationWatchTest, otherFilesOfTheFolderAreNobodysBusiness)
+TEST_F(FileWatchTest, otherFilesOfTheFolderAreNobodysBusiness)
 {
     write("{}");
-    const ConfigurationWatch watch{file, [&] { ++changes; }, 20ms};
+    const FileWatch watch{file, [&] { ++changes; }, 20ms};
     std::ofstream{file.parent_path() / "other"} << "x";
     EXPECT_FALSE(test::waitFor([&] { return changes > 0; }, 200ms));
 }
