@@ -2,6 +2,7 @@
 #include "companion/app/run_companion.h"
 #include "desk/activation.h"
 #include "desk/display.h"
+#include "platform/files/programs.h"
 #include "platform/text/localized.h"
 
 #include <QApplication>
@@ -9,17 +10,9 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
-#include <filesystem>
 #include <iostream>
 
 namespace {
-
-/// Beside the program's own place, built or installed.
-std::filesystem::path catalogueFolder()
-{
-    std::error_code ignored;
-    return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path() / "../share/locale";
-}
 
 int print(const skyvane::Printed& printed)
 {
@@ -35,7 +28,7 @@ int main(int argc, char* argv[])
     if (const auto* printed = std::get_if<skyvane::Printed>(&read))
         return print(*printed);
     const QString token = skyvane::Activation::tokenOfStart();
-    skyvane::useCatalogues(catalogueFolder());
+    skyvane::useCatalogues(skyvane::Programs::catalogues(skyvane::Programs::ownFolder().parent_path()));
     int programNameOnly = 1;
     const auto application = skyvane::Display{"skyvane"}.open<QApplication>(programNameOnly, argv);
     QApplication::setApplicationName(QStringLiteral("skyvane"));

@@ -1,9 +1,9 @@
 #include "desk/display.h"
 #include "host/commands/run_command.h"
-#include "host/extension/path.h"
 #include "host/service/run_desktop.h"
 #include "host/session/layer_shell.h"
 #include "host/session/toolkit_look.h"
+#include "platform/files/programs.h"
 #include "platform/text/localized.h"
 
 #include <QApplication>
@@ -15,15 +15,9 @@ namespace {
 
 void dropMessage(QtMsgType, const QMessageLogContext&, const QString&) { }
 
-std::filesystem::path programFolder()
-{
-    std::error_code ignored;
-    return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
-}
-
 skyvane::ExtensionProgram extension()
 {
-    return {.path = skyvane::extensionPath(programFolder())};
+    return {.path = skyvane::Programs::widgets(skyvane::Programs::ownFolder())};
 }
 
 /// Windows that can be put where they belong: on the desktop layer of a Wayland compositor, else as X11's.
@@ -55,10 +49,11 @@ int main(int argc, char* argv[])
     const std::vector<std::string> words(argv + (argc > 0 ? 1 : 0), argv + argc);
     if (!words.empty())
         return runCommand(words, argv);
-    skyvane::useCatalogues(programFolder() / "../share/locale");
+    const std::filesystem::path folder = skyvane::Programs::ownFolder();
+    skyvane::useCatalogues(skyvane::Programs::catalogues(folder.parent_path()));
     // As the user has it: some of it is taken out below, some by the toolkit.
     const skyvane::Companion companion{
-        .program = skyvane::companionPath(programFolder()),
+        .program = skyvane::Programs::companion(folder),
         .environment = QProcessEnvironment::systemEnvironment(),
     };
     const skyvane::Display display{"skyvane-host"};

@@ -9,11 +9,12 @@
 #include "companion/window/main_window.h"
 #include "core/config/shared_state.h"
 #include "desk/activation.h"
+#include "desk/text.h"
+#include "platform/files/programs.h"
 #include "platform/net/url_session.h"
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QStandardPaths>
 #include <QTimer>
@@ -29,16 +30,6 @@ namespace {
 Q_LOGGING_CATEGORY(journal, "skyvane.companion")
 
 constexpr std::chrono::seconds longestWaitForRequest{10};
-
-/// Beside the program where it is installed, in the next folder where it is built.
-QString hostProgram()
-{
-    const QString folder = QCoreApplication::applicationDirPath();
-    const QString installed = folder + QStringLiteral("/skyvane-host");
-    const QString built = folder + QStringLiteral("/../host/skyvane-host");
-    const bool isBuilt = !QFileInfo::exists(installed) && QFileInfo::exists(built);
-    return QFileInfo{isBuilt ? built : installed}.absoluteFilePath();
-}
 
 /// What was asked for, as the window does it.
 class Companion {
@@ -140,7 +131,7 @@ CompanionSetup CompanionSetup::standard()
         .transport = UrlSession{},
         .decode = decodePhoto,
         .open = [](const QUrl& page) { QDesktopServices::openUrl(page); },
-        .hostProgram = skyvane::hostProgram(),
+        .hostProgram = toQString(Programs::host(Programs::ownFolder()).string()),
         .autostart = AutostartFolders::standard(),
         .memory = folder.toStdString() + "/skyvane/companion.ini",
     };

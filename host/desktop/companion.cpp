@@ -72,14 +72,4 @@ void Companion::openLink(const URL& link, const QString& opener) const
     process->start();
 }
 
-std::filesystem::path companionPath(const std::filesystem::path& programFolder)
-{
-    const std::filesystem::path beside = programFolder / "skyvane";
-    const std::filesystem::path built = programFolder.parent_path() / "companion/skyvane";
-    std::error_code ignored;
-    const bool isBuildTree
-        = !std::filesystem::exists(beside, ignored) && std::filesystem::exists(built, ignored);
-    return isBuildTree ? built : beside;
-}
-
 } // namespace skyvane

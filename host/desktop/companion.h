@@ -24,8 +24,4 @@ struct Companion {
     void openLink(const URL& link, const QString& opener = QStringLiteral("xdg-open")) const;
 };
 
-/// The companion that belongs to a host whose program stands in this folder: the one beside it, else that of
-/// a build tree. Where there is neither, the path beside.
-std::filesystem::path companionPath(const std::filesystem::path& programFolder);
-
 } // namespace skyvane

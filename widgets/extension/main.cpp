@@ -1,3 +1,4 @@
+#include "platform/files/programs.h"
 #include "platform/net/url_session.h"
 #include "platform/text/localized.h"
 #include "widgets/extension/confinement.h"
@@ -8,16 +9,8 @@
 
 #include <csignal>
 #include <cstdio>
-#include <filesystem>
 
 namespace {
-
-/// Beside the program's own place, built or installed.
-std::filesystem::path catalogueFolder()
-{
-    std::error_code ignored;
-    return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path() / "../../share/locale";
-}
 
 /// One hostile answer may take a hundred times what the others do, and the host may keep the process for
 /// weeks.
@@ -38,7 +31,9 @@ int main(int argumentCount, char**)
     }
     std::signal(SIGPIPE, SIG_IGN);
     holdLittleMemory();
-    skyvane::useCatalogues(catalogueFolder());
+    // Two folders below the prefix, as in a build tree.
+    const auto prefix = skyvane::Programs::ownFolder().parent_path().parent_path();
+    skyvane::useCatalogues(skyvane::Programs::catalogues(prefix));
     skyvane::Extension::confine(); // Where the kernel does not, the extension serves all the same.
     skyvane::Extension::serve(STDIN_FILENO, STDOUT_FILENO, {.transport = skyvane::UrlSession{}});
     return 0;

@@ -101,16 +101,4 @@ TEST_F(CompanionTest, aLinkWithoutAnOpenerIsTheCompanions)
     EXPECT_EQ(told(), "skyvane://aircraft/4ca7b3||");
 }
 
-TEST_F(CompanionTest, standsBesideTheHostOrInItsBuildTree)
-{
-    const auto host = folder.path() / "tree/host";
-    EXPECT_EQ(companionPath(host), host / "skyvane");
-    std::filesystem::create_directories(folder.path() / "tree/companion");
-    std::ofstream{folder.path() / "tree/companion/skyvane"} << "program";
-    EXPECT_EQ(companionPath(host), folder.path() / "tree/companion/skyvane");
-    std::filesystem::create_directories(host);
-    std::ofstream{host / "skyvane"} << "program";
-    EXPECT_EQ(companionPath(host), host / "skyvane");
-}
-
 } // namespace skyvane
