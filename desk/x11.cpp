@@ -2,6 +2,8 @@
 
 #include <QGuiApplication>
 
+#include <iterator>
+
 namespace skyvane::X11 {
 
 xcb_connection_t* connection()
@@ -16,17 +18,31 @@ xcb_window_t root(xcb_connection_t* connection)
     return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
 }
 
+void tellWindowManager(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t type,
+    const std::array<std::uint32_t, 5>& words)
+{
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = type;
+    std::ranges::copy(words, std::begin(message.data.data32));
+    xcb_send_event(connection, 0, root(connection),
+        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+        reinterpret_cast<const char*>(&message));
+    xcb_flush(connection);
+}
+
 std::vector<std::uint32_t> words(
     xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type)
 {
     constexpr std::uint32_t longest = 4096;
     const auto cookie = xcb_get_property(connection, 0, window, property, type, 0, longest);
-    const std::unique_ptr<xcb_get_property_reply_t, decltype(&std::free)> reply{
-        xcb_get_property_reply(connection, cookie, nullptr), &std::free};
-    if (!reply || reply->format != 32)
+    const auto answer = reply(xcb_get_property_reply(connection, cookie, nullptr));
+    if (!answer || answer->format != 32)
         return {};
-    const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
-    return {first, first + reply->length};
+    const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(answer.get()));
+    return {first, first + answer->length};
 }
 
 } // namespace skyvane::X11

@@ -18,6 +18,20 @@ xcb_connection_t* connection();
 
 xcb_window_t root(xcb_connection_t* connection);
 
+/// Owns what the server answered; null where it failed.
+template <class Answer>
+using Reply = std::unique_ptr<Answer, decltype(&std::free)>;
+
+template <class Answer>
+Reply<Answer> reply(Answer* answer)
+{
+    return {answer, &std::free};
+}
+
+/// Sends the window manager a message about a window.
+void tellWindowManager(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t type,
+    const std::array<std::uint32_t, 5>& words);
+
 /// The 32-bit words of a window's property; empty where it has none of this type.
 std::vector<std::uint32_t> words(
     xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type);
@@ -33,9 +47,8 @@ std::array<xcb_atom_t, count> atoms(
     });
     std::array<xcb_atom_t, count> list{};
     std::ranges::transform(asked, list.begin(), [&](xcb_intern_atom_cookie_t cookie) {
-        const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply{
-            xcb_intern_atom_reply(connection, cookie, nullptr), &std::free};
-        return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+        const auto answer = reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+        return answer ? answer->atom : xcb_atom_t{XCB_ATOM_NONE};
     });
     return list;
 }

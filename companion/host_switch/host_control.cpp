@@ -1,5 +1,6 @@
 #include "companion/host_switch/host_control.h"
 
+#include "desk/activation.h"
 #include "desk/text.h"
 #include "platform/text/localized.h"
 
@@ -19,15 +20,6 @@ constexpr std::chrono::seconds longestWait{10};
 QString hostName()
 {
     return QStringLiteral("org.skyvane.Host");
-}
-
-/// The token of this program's own start is not the host's.
-QProcessEnvironment environmentOfHost()
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(QStringLiteral("XDG_ACTIVATION_TOKEN"));
-    environment.remove(QStringLiteral("DESKTOP_STARTUP_ID"));
-    return environment;
 }
 
 } // namespace
@@ -79,7 +71,7 @@ void HostControl::start()
         return;
     QProcess host;
     host.setProgram(m_program);
-    host.setProcessEnvironment(environmentOfHost());
+    host.setProcessEnvironment(Activation::withoutToken(QProcessEnvironment::systemEnvironment()));
     if (host.startDetached()) {
         m_patience.start();
     } else {

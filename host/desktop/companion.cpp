@@ -1,5 +1,7 @@
 #include "host/desktop/companion.h"
 
+#include "desk/activation.h"
+
 #include <QCoreApplication>
 #include <QLoggingCategory>
 #include <QProcess>
@@ -11,13 +13,6 @@ namespace skyvane {
 namespace {
 
 Q_LOGGING_CATEGORY(journal, "skyvane.host.companion")
-
-QProcessEnvironment withoutActivation(QProcessEnvironment environment)
-{
-    environment.remove(QStringLiteral("XDG_ACTIVATION_TOKEN"));
-    environment.remove(QStringLiteral("DESKTOP_STARTUP_ID"));
-    return environment;
-}
 
 /// With nothing of the host's but its environment.
 void prepare(QProcess& process, const QString& program, const QStringList& words,
@@ -44,7 +39,7 @@ void startDetached(
 
 void Companion::start(const QStringList& words) const
 {
-    startDetached(program, words, withoutActivation(environment));
+    startDetached(program, words, Activation::withoutToken(environment));
 }
 
 void Companion::startInPlaceOfHost() const
@@ -56,7 +51,7 @@ void Companion::openLink(const URL& link, const QString& opener) const
 {
     const QString text = QString::fromStdString(link.text());
     auto* process = new QProcess{QCoreApplication::instance()};
-    prepare(*process, opener, {text}, withoutActivation(environment));
+    prepare(*process, opener, {text}, Activation::withoutToken(environment));
     const auto settle = [companion = *this, process, text](bool isOpened) {
         if (!isOpened)
             companion.start({text});

@@ -17,7 +17,8 @@ struct Companion {
     /// Starts it, to live by itself. A failure is a line in the journal.
     void start(const QStringList& words) const;
 
-    /// The same with what let the host come to the front, which is good for one start soon after the host's.
+    /// Starts it with the activation token of the host's own start, which the desktop accepts once and for
+    /// some seconds: for a companion that opens instead of the host.
     void startInPlaceOfHost() const;
 
     /// Has the desktop's own opener open the link; when that fails, the companion gets it.

@@ -4,8 +4,6 @@
 
 #include <QCoreApplication>
 
-#include <cstdlib>
-#include <memory>
 #include <utility>
 #include <xcb/xfixes.h>
 
@@ -39,10 +37,9 @@ bool CompositingWatch::isActive() const
     xcb_connection_t* connection = X11::connection();
     if (connection == nullptr)
         return true;
-    const std::unique_ptr<xcb_get_selection_owner_reply_t, decltype(&std::free)> reply{
-        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, m_compositor), nullptr),
-        &std::free};
-    return reply && reply->owner != XCB_WINDOW_NONE;
+    const auto answer = X11::reply(xcb_get_selection_owner_reply(
+        connection, xcb_get_selection_owner(connection, m_compositor), nullptr));
+    return answer && answer->owner != XCB_WINDOW_NONE;
 }
 
 bool CompositingWatch::nativeEventFilter(const QByteArray& type, void* message, qintptr*)

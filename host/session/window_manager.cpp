@@ -3,8 +3,6 @@
 #include "desk/x11.h"
 
 #include <algorithm>
-#include <array>
-#include <iterator>
 #include <vector>
 
 namespace skyvane::WindowManager {
@@ -14,21 +12,6 @@ namespace {
 /// The asker is a tool of the desktop. From an application KWin takes the one wish as concerning its own
 /// windows only and the other, for a dock, as an intrusion.
 constexpr std::uint32_t fromPager = 2;
-
-void tell(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t type,
-    const std::array<std::uint32_t, 5>& words)
-{
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window;
-    message.type = type;
-    std::ranges::copy(words, std::begin(message.data.data32));
-    xcb_send_event(connection, 0, X11::root(connection),
-        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-        reinterpret_cast<const char*>(&message));
-    xcb_flush(connection);
-}
 
 } // namespace
 
@@ -51,13 +34,13 @@ bool isDesktopShown(xcb_connection_t* connection)
 void lower(xcb_connection_t* connection, xcb_window_t window)
 {
     static const auto restack = X11::atoms<1>(connection, {"_NET_RESTACK_WINDOW"}).front();
-    tell(connection, window, restack, {fromPager, XCB_WINDOW_NONE, XCB_STACK_MODE_BELOW});
+    X11::tellWindowManager(connection, window, restack, {fromPager, XCB_WINDOW_NONE, XCB_STACK_MODE_BELOW});
 }
 
 void activate(xcb_connection_t* connection, xcb_window_t window)
 {
     static const auto activeWindow = X11::atoms<1>(connection, {"_NET_ACTIVE_WINDOW"}).front();
-    tell(connection, window, activeWindow, {fromPager, XCB_CURRENT_TIME, XCB_WINDOW_NONE});
+    X11::tellWindowManager(connection, window, activeWindow, {fromPager, XCB_CURRENT_TIME, XCB_WINDOW_NONE});
 }
 
 } // namespace skyvane::WindowManager
