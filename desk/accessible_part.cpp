@@ -1,5 +1,7 @@
 #include "desk/accessible_part.h"
 
+#include "paint/to_qt.h"
+
 #include <QWidget>
 
 namespace skyvane {
@@ -26,8 +28,7 @@ QAccessibleInterface* AccessiblePart::parent() const
 
 QString AccessiblePart::text(QAccessible::Text kind) const
 {
-    return kind == QAccessible::Name && isValid() ? QString::fromStdString(m_view.parts()[m_index].text)
-                                                  : QString{};
+    return kind == QAccessible::Name && isValid() ? toQString(m_view.parts()[m_index].text) : QString{};
 }
 
 QRect AccessiblePart::rect() const

@@ -69,7 +69,7 @@ QString DisplayListView::spokenText() const
 {
     QStringList texts;
     for (const SpokenPart& part : m_parts)
-        texts += QString::fromStdString(part.text);
+        texts += toQString(part.text);
     return (m_state + QLatin1Char{' '} + texts.join(QStringLiteral(", "))).trimmed();
 }
 

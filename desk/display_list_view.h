@@ -16,6 +16,7 @@ namespace skyvane {
 /// Where it can be pressed, Tab goes over the whole and each link with a focus ring, and Enter presses. A
 /// screen reader finds its texts and links as children.
 class DisplayListView : public QWidget, public SpokenView {
+    Q_OBJECT
 public:
     /// Told of a tap or Enter, with the link's URL, of any scheme; null beside all links.
     using Pressed = std::function<void(const URL* link)>;

@@ -1,5 +1,7 @@
 #include "desk/file_watch.h"
 
+#include "paint/to_qt.h"
+
 #include <sys/stat.h>
 #include <utility>
 
@@ -41,9 +43,9 @@ void FileWatch::watch()
     std::filesystem::path folder = m_file.parent_path();
     while (!std::filesystem::is_directory(folder, ignored) && folder.has_relative_path())
         folder = folder.parent_path();
-    m_watcher.addPath(QString::fromStdString(folder.string()));
+    m_watcher.addPath(toQString(folder.string()));
     if (std::filesystem::exists(m_file, ignored))
-        m_watcher.addPath(QString::fromStdString(m_file.string()));
+        m_watcher.addPath(toQString(m_file.string()));
 }
 
 void FileWatch::look()

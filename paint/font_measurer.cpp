@@ -1,5 +1,7 @@
 #include "paint/font_measurer.h"
 
+#include "paint/to_qt.h"
+
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -48,11 +50,6 @@ QFont::Weight weight(FontWeight value)
         return QFont::Bold;
     }
     return QFont::Normal;
-}
-
-QString toQString(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 /// Whether the toolkit ends a line there even where none may end.

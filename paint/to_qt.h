@@ -5,10 +5,17 @@
 
 #include <QColor>
 #include <QPointF>
+#include <QString>
 
 #include <algorithm>
+#include <string_view>
 
 namespace skyvane {
+
+inline QString toQString(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 inline QPointF toQt(Point point)
 {

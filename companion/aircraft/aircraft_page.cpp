@@ -12,9 +12,8 @@
 #include "companion/look/type_scale.h"
 #include "companion/sky/empty_sky.h"
 #include "core/radar/radar_view.h"
-#include "desk/text.h"
 #include "desk/display_list_view.h"
-#include "platform/text/localized.h"
+#include "desk/text.h"
 
 #include <QBoxLayout>
 #include <QEvent>
@@ -70,7 +69,7 @@ QScrollArea* scrolling(QWidget* content)
 AircraftPage::AircraftPage(AircraftSources sources, const FontMeasurer& fonts, QWidget* parent)
     : QWidget(parent)
     , m_sources(std::move(sources))
-    , m_notice(new NoticeBar{toQString(localized("Ask again"))})
+    , m_notice(new NoticeBar{localizedText("Ask again")})
     , m_stack(new QStackedWidget)
     , m_empty(new EmptySky)
     , m_columns(new QBoxLayout{QBoxLayout::LeftToRight})
@@ -112,7 +111,7 @@ AircraftPage::AircraftPage(AircraftSources sources, const FontMeasurer& fonts, Q
 QWidget* AircraftPage::makePictures()
 {
     m_scope->setFixedSize(pictureWidth, scopeHeight);
-    m_scope->setAccessibleName(toQString(localized("Radar scope")));
+    m_scope->setAccessibleName(localizedText("Radar scope"));
     auto* pictures = new QWidget;
     auto* column = new QVBoxLayout{pictures};
     column->setContentsMargins(0, 0, 0, 0);

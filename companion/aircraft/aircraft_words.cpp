@@ -1,7 +1,6 @@
 #include "companion/aircraft/aircraft_words.h"
 
 #include "desk/text.h"
-#include "platform/text/localized.h"
 #include "platform/text/unicode.h"
 
 #include <QStringList>
@@ -21,13 +20,13 @@ QString climb(const Aircraft& aircraft)
 {
     if (const auto text = aircraft.verticalText())
         return toQString(*text);
-    return aircraft.verticalRate() && !aircraft.isOnGround() ? toQString(localized("Level")) : QString{};
+    return aircraft.verticalRate() && !aircraft.isOnGround() ? localizedText("Level") : QString{};
 }
 
 QString altitude(const Aircraft& aircraft)
 {
     if (aircraft.isOnGround())
-        return toQString(localized("On ground"));
+        return localizedText("On ground");
     return aircraft.altitudeFeet() ? toQString(aircraft.altitudeText()) : QString{};
 }
 
@@ -46,27 +45,27 @@ QString identity(const Aircraft& aircraft)
 QString alarm(const Aircraft& aircraft)
 {
     if (aircraft.squawk == "7500")
-        return toQString(localized("It reports a hijacking (7500)."));
+        return localizedText("It reports a hijacking (7500).");
     if (aircraft.squawk == "7600")
-        return toQString(localized("It reports that its radio has failed (7600)."));
+        return localizedText("It reports that its radio has failed (7600).");
     if (aircraft.squawk == "7700")
-        return toQString(localized("It reports an emergency (7700)."));
+        return localizedText("It reports an emergency (7700).");
     if (aircraft.isEmergency())
-        return toQString(localized("It reports an emergency."));
-    return aircraft.isMilitary() ? toQString(localized("A military aircraft.")) : QString{};
+        return localizedText("It reports an emergency.");
+    return aircraft.isMilitary() ? localizedText("A military aircraft.") : QString{};
 }
 
 std::vector<Fact> facts(const Aircraft& aircraft, const std::string& unit)
 {
     std::vector<Fact> known{
-        {toQString(localized("Altitude")), altitude(aircraft)},
-        {toQString(localized("Speed")), aircraft.groundSpeed ? toQString(aircraft.speedText()) : QString{}},
-        {toQString(localized("Climb")), climb(aircraft)},
-        {toQString(localized("Distance")), orEmpty(aircraft.distanceText(unit, /*compact=*/false))},
-        {toQString(localized("Squawk")), orEmpty(aircraft.squawk)},
-        {toQString(localized("Registration")), orEmpty(aircraft.registration)},
-        {toQString(localized("Type")), orEmpty(aircraft.typeCode)},
-        {toQString(localized("Address")), toQString(Unicode::uppercased(aircraft.hex))},
+        {localizedText("Altitude"), altitude(aircraft)},
+        {localizedText("Speed"), aircraft.groundSpeed ? toQString(aircraft.speedText()) : QString{}},
+        {localizedText("Climb"), climb(aircraft)},
+        {localizedText("Distance"), orEmpty(aircraft.distanceText(unit, /*compact=*/false))},
+        {localizedText("Squawk"), orEmpty(aircraft.squawk)},
+        {localizedText("Registration"), orEmpty(aircraft.registration)},
+        {localizedText("Type"), orEmpty(aircraft.typeCode)},
+        {localizedText("Address"), toQString(Unicode::uppercased(aircraft.hex))},
     };
     std::erase_if(known, [](const Fact& fact) { return fact.value.isEmpty(); });
     return known;

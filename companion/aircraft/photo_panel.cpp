@@ -3,7 +3,6 @@
 #include "companion/aircraft/photo_card.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -24,8 +23,8 @@ QUrl pageOf(const PlanePhoto& photo)
 QString creditOf(const PlanePhoto& photo)
 {
     if (!photo.photographer || photo.photographer->empty())
-        return toQString(localized("Photo: %1")).arg(QLatin1String{service});
-    return toQString(localized("Photo: %1"))
+        return localizedText("Photo: %1").arg(QLatin1String{service});
+    return localizedText("Photo: %1")
         .arg(QStringLiteral("© ") + toQString(*photo.photographer) + QStringLiteral(" · ")
             + QLatin1String{service});
 }
@@ -56,7 +55,7 @@ void PhotoPanel::showPlace()
     m_card->showImage({}, /*leadsSomewhere=*/false);
     m_card->setAccessibleName({});
     m_card->setToolTip({});
-    m_credit->setText(toQString(localized("Looking for a photo…")));
+    m_credit->setText(localizedText("Looking for a photo…"));
     show();
 }
 

@@ -4,7 +4,6 @@
 #include "companion/sky/sky_words.h"
 #include "desk/text.h"
 #include "platform/text/locale.h"
-#include "platform/text/localized.h"
 #include "platform/text/unicode.h"
 
 namespace skyvane::WatchWords {
@@ -18,14 +17,14 @@ QString address(const AircraftWatch& watch)
 
 QString time(Date date)
 {
-    return toQString(localized("as of ") + shortTime(date));
+    return localizedText("as of ") + toQString(shortTime(date));
 }
 
 } // namespace
 
 Heading heading(const AircraftWatch& watch)
 {
-    const QString title = toQString(localized("Aircraft"));
+    const QString title = localizedText("Aircraft");
     if (!watch.aircraft())
         return {.title = title, .window = address(watch)};
     return {
@@ -37,23 +36,23 @@ Heading heading(const AircraftWatch& watch)
 
 std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyReport& report)
 {
-    const QString askAgain = toQString(localized("Ask again"));
+    const QString askAgain = localizedText("Ask again");
     switch (watch.state()) {
     case AircraftWatch::State::noHome:
         return SkyWords::instead(report);
     case AircraftWatch::State::lookedFor:
-        return EmptySky::Words{.title = toQString(localized("Looking for %1…")).arg(address(watch))};
+        return EmptySky::Words{.title = localizedText("Looking for %1…").arg(address(watch))};
     case AircraftWatch::State::noAnswer:
         return EmptySky::Words{
-            .title = toQString(localized("No answer")),
+            .title = localizedText("No answer"),
             .explanation = toQString(report.problem),
             .action = askAgain,
         };
     case AircraftWatch::State::elsewhere:
         return EmptySky::Words{
-            .title = toQString(localized("%1 is not in range")).arg(address(watch)),
+            .title = localizedText("%1 is not in range").arg(address(watch)),
             .explanation
-            = toQString(localized("It is not within %1 of home, %2."))
+            = localizedText("It is not within %1 of home, %2.")
                   .arg(toQString(rangeText(askedRadiusNM(report.entry.radiusNM), report.entry.unit)),
                       time(report.entry.date)),
             .action = askAgain,
@@ -68,7 +67,7 @@ std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyRepo
 QString notice(const AircraftWatch& watch, const SkyReport& report)
 {
     if (watch.state() == AircraftWatch::State::gone)
-        return toQString(localized("It is no longer in range. This is what was last seen of it, %1."))
+        return localizedText("It is no longer in range. This is what was last seen of it, %1.")
             .arg(time(watch.seenAt()));
     if (watch.state() == AircraftWatch::State::inRange && !report.problem.empty())
         return SkyWords::notice(report);

@@ -2,7 +2,6 @@
 
 #include "desk/activation.h"
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -33,8 +32,8 @@ HostControl::HostControl(QDBusConnection bus, QString program)
     m_patience.setInterval(longestWait);
     m_patience.callOnTimeout([this] {
         m_owesGallery = false;
-        emit failed(m_isRunning ? toQString(localized("The widgets do not answer."))
-                                : toQString(localized("The widgets did not start.")));
+        emit failed(m_isRunning ? localizedText("The widgets do not answer.")
+                                : localizedText("The widgets did not start."));
     });
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString&, const QString&, const QString& owner) { setRunning(!owner.isEmpty()); });
@@ -76,7 +75,7 @@ void HostControl::start()
         m_patience.start();
     } else {
         m_owesGallery = false;
-        emit failed(toQString(localized("The widgets’ program cannot be started: %1")).arg(m_program));
+        emit failed(localizedText("The widgets’ program cannot be started: %1").arg(m_program));
     }
 }
 
@@ -104,7 +103,7 @@ void HostControl::askForGallery()
     auto* answer = new QDBusPendingCallWatcher{call(QStringLiteral("ShowGallery")), this};
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         if (answer->isError())
-            emit failed(toQString(localized("The widgets do not answer.")));
+            emit failed(localizedText("The widgets do not answer."));
         answer->deleteLater();
     });
 }

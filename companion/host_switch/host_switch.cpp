@@ -3,7 +3,6 @@
 #include "companion/host_switch/host_control.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -17,7 +16,7 @@ namespace {
 
 QString explanation()
 {
-    return toQString(localized("Now, and whenever you log in."));
+    return localizedText("Now, and whenever you log in.");
 }
 
 } // namespace
@@ -26,14 +25,14 @@ HostSwitch::HostSwitch(HostControl& host, AutostartFolders folders, QWidget* par
     : QWidget(parent)
     , m_host(host)
     , m_folders(std::move(folders))
-    , m_box(new QCheckBox{toQString(localized("Show &widgets on my desktop"))})
+    , m_box(new QCheckBox{localizedText("Show &widgets on my desktop")})
     , m_words(new QLabel{explanation()})
 {
     m_box->setFont(TypeScale::strong(font()));
     m_words->setTextFormat(Qt::PlainText);
     m_words->setWordWrap(true);
     TypeScale::makeQuiet(*m_words);
-    auto* add = new QPushButton{toQString(localized("&Add Widgets…"))};
+    auto* add = new QPushButton{localizedText("&Add Widgets…")};
     auto* column = new QVBoxLayout;
     column->setSpacing(2);
     column->addWidget(m_box);
@@ -76,7 +75,7 @@ void HostSwitch::keep(bool isOn)
     const bool hasTaken
         = isOn ? Autostart::turnOn(m_folders, m_host.program().toStdString()) : Autostart::turnOff(m_folders);
     if (!hasTaken)
-        showProblem(toQString(localized("What starts when you log in cannot be changed: %1"))
+        showProblem(localizedText("What starts when you log in cannot be changed: %1")
                         .arg(toQString(m_folders.own.string())));
 }
 

@@ -3,7 +3,6 @@
 #include "companion/look/link_label.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 namespace skyvane {
 
@@ -38,7 +37,7 @@ QWidget* makeSourcesLabel(const std::vector<Source>& sources)
     QStringList links;
     for (const Source source : sources)
         links += linkTo(source);
-    auto* label = new LinkLabel{toQString(localized("Data: %1")).arg(links.join(QStringLiteral(" · ")))};
+    auto* label = new LinkLabel{localizedText("Data: %1").arg(links.join(QStringLiteral(" · ")))};
     label->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     label->setFont(TypeScale::small(label->font()));
     TypeScale::makeQuiet(*label);

@@ -1,7 +1,6 @@
 #include "companion/position/place_field.h"
 
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
@@ -13,7 +12,7 @@ namespace skyvane {
 PlaceField::PlaceField(PlaceSearch::Load load, QLabel& note, QWidget* parent)
     : MarkedLineEdit(note, parent), m_search(std::move(load)), m_completer(new QCompleter{&m_titles, this})
 {
-    setPlaceholderText(toQString(localized("City or airport")));
+    setPlaceholderText(localizedText("City or airport"));
     setClearButtonEnabled(true);
     m_completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     m_completer->setWidget(this);
@@ -44,9 +43,8 @@ void PlaceField::offer(const QString& typed, const std::vector<Place>& places)
         titles += toQString(place.title());
     m_titles.setStringList(titles);
     const bool isUnknown = places.empty() && !typed.trimmed().isEmpty();
-    setProblem(isUnknown
-            ? toQString(localized("No place of this name is known here. A position works everywhere."))
-            : QString{});
+    setProblem(isUnknown ? localizedText("No place of this name is known here. A position works everywhere.")
+                         : QString{});
     if (places.empty()) {
         m_completer->popup()->hide();
         return;

@@ -2,7 +2,6 @@
 
 #include "companion/position/coordinates.h"
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -20,30 +19,30 @@ QString words(Coordinates::Problem problem)
 {
     switch (problem) {
     case Coordinates::Problem::unreadable:
-        return toQString(
-            localized("This is no position. Write one as 51.4775, -0.4614 or as 51°28′39″N 0°27′41″W."));
+        return localizedText(
+            "This is no position. Write one as 51.4775, -0.4614 or as 51°28′39″N 0°27′41″W.");
     case Coordinates::Problem::ambiguous:
-        return toQString(localized("Put a semicolon between latitude and longitude."));
+        return localizedText("Put a semicolon between latitude and longitude.");
     case Coordinates::Problem::outOfRange:
         break;
     }
-    return toQString(localized("Latitude goes from −90 to 90, longitude from −180 to 180."));
+    return localizedText("Latitude goes from −90 to 90, longitude from −180 to 180.");
 }
 
 QString words(LocationService::Failure failure)
 {
     switch (failure) {
     case LocationService::Failure::notRunning:
-        return toQString(localized("The location service of your system is not running."));
+        return localizedText("The location service of your system is not running.");
     case LocationService::Failure::denied:
-        return toQString(localized(
-            "Your system does not let Skyvane know where you are. Its privacy settings may allow it."));
+        return localizedText(
+            "Your system does not let Skyvane know where you are. Its privacy settings may allow it.");
     case LocationService::Failure::noFixInTime:
-        return toQString(localized("The location service of your system found no position in time."));
+        return localizedText("The location service of your system found no position in time.");
     case LocationService::Failure::other:
         break;
     }
-    return toQString(localized("The location service of your system could not tell where you are."));
+    return localizedText("The location service of your system could not tell where you are.");
 }
 
 Coordinates::Reading reading(const QLineEdit& line)
@@ -56,8 +55,8 @@ Coordinates::Reading reading(const QLineEdit& line)
 PositionField::PositionField(const QDBusConnection& bus, QLabel& note, QWidget* parent)
     : QWidget(parent), m_service(bus), m_line(new MarkedLineEdit{note}), m_button(new QPushButton)
 {
-    m_line->setPlaceholderText(toQString(localized("Latitude, longitude")));
-    m_line->setAccessibleName(toQString(localized("Position")));
+    m_line->setPlaceholderText(localizedText("Latitude, longitude"));
+    m_line->setAccessibleName(localizedText("Position"));
     setFocusProxy(m_line);
     showAsking(false);
     auto* row = new QHBoxLayout{this};
@@ -76,7 +75,7 @@ PositionField::PositionField(const QDBusConnection& bus, QLabel& note, QWidget* 
     connect(m_button, &QPushButton::clicked, this, &PositionField::askOrCancel);
     connect(&m_service, &LocationService::located, this, [this](const Coordinate& position) {
         showAsking(false);
-        m_line->setRemark(toQString(localized("Found by the location service of your system.")));
+        m_line->setRemark(localizedText("Found by the location service of your system."));
         emit located(Coordinates::rounded(position));
     });
     connect(&m_service, &LocationService::failed, this, [this](LocationService::Failure failure) {
@@ -125,7 +124,7 @@ void PositionField::askOrCancel()
 {
     const bool isCancelled = m_service.isAsking();
     m_line->setProblem({});
-    m_line->setRemark(isCancelled ? QString{} : toQString(localized("Asking where you are…")));
+    m_line->setRemark(isCancelled ? QString{} : localizedText("Asking where you are…"));
     showAsking(!isCancelled);
     if (isCancelled)
         m_service.cancel();
@@ -135,7 +134,7 @@ void PositionField::askOrCancel()
 
 void PositionField::showAsking(bool isAsking)
 {
-    m_button->setText(toQString(isAsking ? localized("&Stop Asking") : localized("&Locate Me")));
+    m_button->setText(isAsking ? localizedText("&Stop Asking") : localizedText("&Locate Me"));
 }
 
 } // namespace skyvane

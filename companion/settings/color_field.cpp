@@ -5,7 +5,6 @@
 #include "core/config/scope_palette.h"
 #include "desk/text.h"
 #include "paint/to_qt.h"
-#include "platform/text/localized.h"
 
 #include <QButtonGroup>
 #include <QColorDialog>
@@ -20,7 +19,7 @@ namespace {
 
 struct Swatch {
     const char* hex; ///< Null: the standard colour.
-    std::string name;
+    QString name;
 };
 
 constexpr int ownId = 9;
@@ -28,15 +27,15 @@ constexpr int ownId = 9;
 std::array<Swatch, ownId> swatches()
 {
     return {{
-        {nullptr, localized("Standard")},
-        {"#ffb000", localized("Amber")},
-        {"#ff8a3d", localized("Orange")},
-        {"#ff5c5c", localized("Red")},
-        {"#ff7ac8", localized("Pink")},
-        {"#b794ff", localized("Violet")},
-        {"#62a0ff", localized("Blue")},
-        {"#3ddcff", localized("Cyan")},
-        {"#e8f1f2", localized("White")},
+        {nullptr, localizedText("Standard")},
+        {"#ffb000", localizedText("Amber")},
+        {"#ff8a3d", localizedText("Orange")},
+        {"#ff5c5c", localizedText("Red")},
+        {"#ff7ac8", localizedText("Pink")},
+        {"#b794ff", localizedText("Violet")},
+        {"#62a0ff", localizedText("Blue")},
+        {"#3ddcff", localizedText("Cyan")},
+        {"#e8f1f2", localizedText("White")},
     }};
 }
 
@@ -56,22 +55,22 @@ bool isSame(const char* swatch, const std::optional<std::string>& hex)
 ColorField::ColorField(QWidget* parent)
     : QWidget(parent)
     , m_swatches(new QButtonGroup{this})
-    , m_own(new SwatchButton{colorOf(std::nullopt), toQString(localized("Your own colour"))})
-    , m_reset(new QPushButton{toQString(localized("Back to Stan&dard"))})
+    , m_own(new SwatchButton{colorOf(std::nullopt), localizedText("Your own colour")})
+    , m_reset(new QPushButton{localizedText("Back to Stan&dard")})
 {
     auto* patches = new QHBoxLayout;
     patches->setSpacing(4);
     int id = 0;
     for (const Swatch& swatch : swatches()) {
         const auto hex = swatch.hex != nullptr ? std::optional<std::string>{swatch.hex} : std::nullopt;
-        auto* button = new SwatchButton{colorOf(hex), toQString(swatch.name)};
+        auto* button = new SwatchButton{colorOf(hex), swatch.name};
         m_swatches->addButton(button, id++);
         patches->addWidget(button);
     }
     m_swatches->addButton(m_own, ownId);
     patches->addWidget(m_own);
     patches->addStretch();
-    auto* other = new QPushButton{toQString(localized("&Other Colour…"))};
+    auto* other = new QPushButton{localizedText("&Other Colour…")};
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(other);
     buttons->addWidget(m_reset);
@@ -114,7 +113,7 @@ void ColorField::askForOther()
 {
     auto* dialog = new QColorDialog{colorOf(m_hex), this};
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowTitle(toQString(localized("Colour of the Widgets")));
+    dialog->setWindowTitle(localizedText("Colour of the Widgets"));
     const auto hexOf = [](const QColor& color) { return color.name(QColor::HexRgb).toStdString(); };
     connect(dialog, &QColorDialog::currentColorChanged, this,
         [=, this](const QColor& color) { emit tried(hexOf(color)); });

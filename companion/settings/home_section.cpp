@@ -6,7 +6,6 @@
 #include "core/config/scope_palette.h"
 #include "desk/text.h"
 #include "paint/widget_card.h"
-#include "platform/text/localized.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -31,9 +30,9 @@ QLayout* noted(QWidget* field, QLabel* note)
     return column;
 }
 
-QLabel* labelOf(QWidget& field, const std::string& text)
+QLabel* labelOf(QWidget& field, const QString& text)
 {
-    auto* label = new QLabel{toQString(text)};
+    auto* label = new QLabel{text};
     label->setBuddy(&field);
     return label;
 }
@@ -54,7 +53,7 @@ HomeSection::HomeSection(Settings& settings, PlaceSearch::Load load, const FontM
 {
     m_name->setMaxLength(longestName);
     m_scope->setFixedSize(WidgetCard::sizeOf(WidgetFamily::small));
-    m_scope->setAccessibleName(toQString(localized("Scope around your home")));
+    m_scope->setAccessibleName(localizedText("Scope around your home"));
     setFocusProxy(m_place);
     auto* row = new QHBoxLayout{this};
     row->setContentsMargins({});
@@ -75,9 +74,9 @@ QWidget* HomeSection::fields()
     form->setHorizontalSpacing(12);
     form->setLabelAlignment(Qt::AlignLeft);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    form->addRow(labelOf(*m_place, localized("&Place")), noted(m_place, m_placeNote));
-    form->addRow(labelOf(m_position->line(), localized("Pos&ition")), noted(m_position, m_positionNote));
-    form->addRow(labelOf(*m_name, localized("&Name")), noted(m_name, m_nameNote));
+    form->addRow(labelOf(*m_place, localizedText("&Place")), noted(m_place, m_placeNote));
+    form->addRow(labelOf(m_position->line(), localizedText("Pos&ition")), noted(m_position, m_positionNote));
+    form->addRow(labelOf(*m_name, localizedText("&Name")), noted(m_name, m_nameNote));
     return widget;
 }
 
@@ -112,7 +111,7 @@ void HomeSection::setHome(const std::optional<Coordinate>& position, Settings::S
 void HomeSection::rename(const QString& label)
 {
     const QString name = label.trimmed();
-    m_name->setProblem(name.isEmpty() ? toQString(localized("Give your home a name.")) : QString{});
+    m_name->setProblem(name.isEmpty() ? localizedText("Give your home a name.") : QString{});
     SettingsDraft draft = m_settings.draft();
     draft.label = name.isEmpty() ? m_settings.saved().label : name.toStdString();
     m_label = draft.label;

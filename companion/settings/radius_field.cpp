@@ -4,7 +4,6 @@
 #include "companion/settings/settings_draft.h"
 #include "desk/text.h"
 #include "platform/text/locale.h"
-#include "platform/text/localized.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -52,10 +51,10 @@ RadiusField::RadiusField(QLabel& note, QWidget* parent)
 {
     m_slider->setRange(sliderPlace(smallestRadiusNM), sliderPlace(largestRadiusNM));
     m_slider->setPageStep(10);
-    m_slider->setAccessibleName(toQString(localized("Radius")));
+    m_slider->setAccessibleName(localizedText("Radius"));
     m_number->setAlignment(Qt::AlignRight);
     m_number->setFixedWidth(m_number->fontMetrics().averageCharWidth() * 12);
-    m_number->setAccessibleName(toQString(localized("Radius in nautical miles")));
+    m_number->setAccessibleName(localizedText("Radius in nautical miles"));
     m_inOtherUnit->setMinimumWidth(m_inOtherUnit->fontMetrics().averageCharWidth() * 10);
     TypeScale::makeQuiet(*m_inOtherUnit);
     setFocusPolicy(Qt::StrongFocus); // Else its label leads nowhere.
@@ -65,7 +64,7 @@ RadiusField::RadiusField(QLabel& note, QWidget* parent)
     row->addWidget(m_slider, 1);
     row->addSpacing(8);
     row->addWidget(m_number);
-    row->addWidget(new QLabel{toQString(localized("NM"))});
+    row->addWidget(new QLabel{localizedText("NM")});
     row->addSpacing(8);
     row->addWidget(m_inOtherUnit);
 
@@ -104,7 +103,7 @@ void RadiusField::readNumber()
 {
     const auto radiusNM = read(m_number->text());
     m_number->setProblem(
-        radiusNM ? QString{} : toQString(localized("The radius is a number from 1 to 250 nautical miles.")));
+        radiusNM ? QString{} : localizedText("The radius is a number from 1 to 250 nautical miles."));
     const QScopedValueRollback isReading{m_isReading, true};
     emit typed(radiusNM);
 }

@@ -9,7 +9,6 @@
 #include "companion/settings/unit_field.h"
 #include "companion/settings/widget_previews.h"
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -55,7 +54,7 @@ SettingsPage::SettingsPage(const FontMeasurer& fonts, const QDBusConnection& sys
     , m_unit(new UnitField)
     , m_color(new ColorField)
     , m_state(quietLabel())
-    , m_forget(new QPushButton{toQString(localized("&Forget My Home…"))})
+    , m_forget(new QPushButton{localizedText("&Forget My Home…")})
     , m_previews(new WidgetPreviews{fonts})
 {
     auto* home = new HomeSection{m_settings, surroundings.loadPlaces, fonts, systemBus};
@@ -88,18 +87,18 @@ QWidget* SettingsPage::choices(QWidget* home)
     column->setContentsMargins({});
     column->setSpacing(10);
     column->addWidget(m_greeting);
-    addSection(*column, localized("Home"), home);
-    addSection(*column, localized("&Radius"), m_radius, m_radiusNote);
-    addSection(*column, localized("Distances in"), m_unit);
-    addSection(*column, localized("&Colour"), m_color);
+    addSection(*column, localizedText("Home"), home);
+    addSection(*column, localizedText("&Radius"), m_radius, m_radiusNote);
+    addSection(*column, localizedText("Distances in"), m_unit);
+    addSection(*column, localizedText("&Colour"), m_color);
     column->addStretch(1);
     column->addWidget(closing());
     return widget;
 }
 
-void SettingsPage::addSection(QVBoxLayout& column, const std::string& title, QWidget* field, QLabel* note)
+void SettingsPage::addSection(QVBoxLayout& column, const QString& title, QWidget* field, QLabel* note)
 {
-    auto* label = new QLabel{toQString(title)};
+    auto* label = new QLabel{title};
     label->setFont(TypeScale::title(label->font()));
     label->setBuddy(field);
     column.addSpacing(sectionGap - column.spacing());
@@ -157,13 +156,13 @@ void SettingsPage::connectFields()
     connect(m_forget, &QPushButton::clicked, this, &SettingsPage::askToForget);
     connect(&m_settings, &Settings::draftChanged, this, &SettingsPage::showDraft);
     connect(&m_settings, &Settings::written, this, [this] {
-        showState(m_settings.draft().place ? localized("Saved. Your widgets show it within a moment.")
-                                           : localized("Your home is forgotten."));
+        showState(m_settings.draft().place ? localizedText("Saved. Your widgets show it within a moment.")
+                                           : localizedText("Your home is forgotten."));
         emit changed();
     });
     connect(&m_settings, &Settings::failedToWrite, this, [this] {
-        showState(localized("Your choices could not be saved. Nothing can be written to this folder: ")
-            + SharedState::directory().string());
+        showState(localizedText("Your choices could not be saved. Nothing can be written to this folder: ")
+            + toQString(SharedState::directory().string()));
     });
 }
 
@@ -177,10 +176,10 @@ void SettingsPage::choose(const std::function<void(SettingsDraft&)>& change, Set
 void SettingsPage::showDraft()
 {
     const SettingsDraft& draft = m_settings.draft();
-    m_greeting->setText(toQString(draft.place
-            ? localized("What you choose here is saved at once, and your widgets follow.")
-            : localized(
-                "Welcome! Tell Skyvane where you live, and the sky above it comes to your desktop.")));
+    m_greeting->setText(draft.place
+            ? localizedText("What you choose here is saved at once, and your widgets follow.")
+            : localizedText(
+                "Welcome! Tell Skyvane where you live, and the sky above it comes to your desktop."));
     m_radius->showRadius(draft.radiusNM, draft.unit.value_or("mi"));
     m_unit->showUnit(draft.unit);
     m_color->showColor(draft.accentHex);
@@ -189,20 +188,20 @@ void SettingsPage::showDraft()
 }
 
 /// A screen reader hears it too, though the focus is elsewhere.
-void SettingsPage::showState(const std::string& state)
+void SettingsPage::showState(const QString& state)
 {
-    m_state->setText(toQString(state));
+    m_state->setText(state);
     QAccessibleEvent event{m_state, QAccessible::Alert};
     QAccessible::updateAccessibility(&event);
 }
 
 void SettingsPage::askToForget()
 {
-    auto* question = new QMessageBox{QMessageBox::Question, toQString(localized("Forget My Home")),
-        toQString(localized("Forget your home? Your widgets stay empty until you choose one again.")),
+    auto* question = new QMessageBox{QMessageBox::Question, localizedText("Forget My Home"),
+        localizedText("Forget your home? Your widgets stay empty until you choose one again."),
         QMessageBox::NoButton, this};
     question->setAttribute(Qt::WA_DeleteOnClose);
-    const auto* forget = question->addButton(toQString(localized("&Forget")), QMessageBox::DestructiveRole);
+    const auto* forget = question->addButton(localizedText("&Forget"), QMessageBox::DestructiveRole);
     question->setDefaultButton(question->addButton(QMessageBox::Cancel));
     connect(question, &QMessageBox::buttonClicked, this, [this, forget](const QAbstractButton* button) {
         if (button == forget)

@@ -46,13 +46,13 @@ protected:
 
 private:
     QWidget* choices(QWidget* home);
-    void addSection(QVBoxLayout& column, const std::string& title, QWidget* field, QLabel* note = nullptr);
+    void addSection(QVBoxLayout& column, const QString& title, QWidget* field, QLabel* note = nullptr);
     QWidget* closing();
     void connectFields();
     void choose(const std::function<void(SettingsDraft&)>& change, Settings::Settled settled);
     void arrange();
     void showDraft();
-    void showState(const std::string& state);
+    void showState(const QString& state);
     void askToForget();
 
     Settings m_settings;

@@ -1,7 +1,6 @@
 #include "companion/settings/unit_field.h"
 
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
@@ -16,9 +15,9 @@ namespace {
 
 constexpr std::array codes{"mi", "km", "nm"};
 
-std::array<std::string, codes.size()> names()
+std::array<QString, codes.size()> names()
 {
-    return {localized("&Miles"), localized("&Kilometres"), localized("Na&utical miles")};
+    return {localizedText("&Miles"), localizedText("&Kilometres"), localizedText("Na&utical miles")};
 }
 
 } // namespace
@@ -29,8 +28,8 @@ UnitField::UnitField(QWidget* parent) : QWidget(parent), m_units(new QButtonGrou
     row->setContentsMargins({});
     row->setSpacing(20);
     int id = 0;
-    for (const std::string& name : names()) {
-        auto* button = new QRadioButton{toQString(name)};
+    for (const QString& name : names()) {
+        auto* button = new QRadioButton{name};
         m_units->addButton(button, id++);
         row->addWidget(button);
     }

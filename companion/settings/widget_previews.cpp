@@ -6,7 +6,6 @@
 #include "core/views/sky_board_view.h"
 #include "desk/text.h"
 #include "paint/widget_card.h"
-#include "platform/text/localized.h"
 
 #include <QGridLayout>
 
@@ -16,11 +15,11 @@ namespace skyvane {
 
 namespace {
 
-DisplayListView* preview(WidgetFamily family, const std::string& name, const FontMeasurer& fonts)
+DisplayListView* preview(WidgetFamily family, const QString& name, const FontMeasurer& fonts)
 {
     auto* view = new DisplayListView{fonts};
     view->setFixedSize(WidgetCard::sizeOf(family));
-    view->setAccessibleName(toQString(name));
+    view->setAccessibleName(name);
     return view;
 }
 
@@ -36,9 +35,9 @@ SkyEntry entryOf(const SettingsDraft& draft)
 
 WidgetPreviews::WidgetPreviews(const FontMeasurer& fonts, QWidget* parent)
     : QWidget(parent)
-    , m_nearest(preview(WidgetFamily::small, localized("Nearest Aircraft"), fonts))
-    , m_radar(preview(WidgetFamily::small, localized("Sky Radar"), fonts))
-    , m_board(preview(WidgetFamily::large, localized("Sky Board"), fonts))
+    , m_nearest(preview(WidgetFamily::small, localizedText("Nearest Aircraft"), fonts))
+    , m_radar(preview(WidgetFamily::small, localizedText("Sky Radar"), fonts))
+    , m_board(preview(WidgetFamily::large, localizedText("Sky Board"), fonts))
 {
     auto* grid = new QGridLayout{this};
     grid->setContentsMargins({});

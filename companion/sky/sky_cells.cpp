@@ -1,7 +1,6 @@
 #include "companion/sky/sky_cells.h"
 
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <optional>
 
@@ -45,17 +44,17 @@ QString title(SkyColumn column)
 {
     switch (column) {
     case SkyColumn::name:
-        return toQString(localized("Aircraft"));
+        return localizedText("Aircraft");
     case SkyColumn::model:
-        return toQString(localized("Model"));
+        return localizedText("Model");
     case SkyColumn::operatorName:
-        return toQString(localized("Operator"));
+        return localizedText("Operator");
     case SkyColumn::distance:
-        return toQString(localized("Distance"));
+        return localizedText("Distance");
     case SkyColumn::altitude:
-        return toQString(localized("Altitude"));
+        return localizedText("Altitude");
     case SkyColumn::climb:
-        return toQString(localized("Climb"));
+        return localizedText("Climb");
     }
     return {};
 }
@@ -73,7 +72,7 @@ QString text(const Aircraft& aircraft, SkyColumn column, const std::string& unit
         return orEmpty(aircraft.distanceText(unit, /*compact=*/false));
     case SkyColumn::altitude:
         if (aircraft.isOnGround())
-            return toQString(localized("On ground"));
+            return localizedText("On ground");
         return toQString(aircraft.altitudeText());
     case SkyColumn::climb:
         return orEmpty(aircraft.verticalText());
@@ -101,8 +100,8 @@ QVariant sortKey(const Aircraft& aircraft, SkyColumn column)
 QString badge(const Aircraft& aircraft)
 {
     if (aircraft.isEmergency())
-        return toQString(localized("Emergency"));
-    return aircraft.isMilitary() ? toQString(localized("Military")) : QString{};
+        return localizedText("Emergency");
+    return aircraft.isMilitary() ? localizedText("Military") : QString{};
 }
 
 QString summary(const Aircraft& aircraft)

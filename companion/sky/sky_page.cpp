@@ -9,9 +9,8 @@
 #include "companion/sky/sky_table.h"
 #include "companion/sky/sky_words.h"
 #include "core/radar/radar_view.h"
-#include "desk/text.h"
 #include "desk/display_list_view.h"
-#include "platform/text/localized.h"
+#include "desk/text.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -32,20 +31,20 @@ SkyPage::SkyPage(SkyFeed& feed, const FontMeasurer& fonts, QWidget* parent)
     : QWidget(parent)
     , m_feed(feed)
     , m_filter(new QLineEdit)
-    , m_linkProblem(new NoticeBar{toQString(localized("Dismiss"))})
-    , m_feedProblem(new NoticeBar{toQString(localized("Ask again"))})
+    , m_linkProblem(new NoticeBar{localizedText("Dismiss")})
+    , m_feedProblem(new NoticeBar{localizedText("Ask again")})
     , m_stack(new QStackedWidget)
     , m_table(new SkyTable)
     , m_empty(new EmptySky)
     , m_scope(new DisplayListView{fonts})
     , m_range(new QLabel)
 {
-    m_filter->setPlaceholderText(toQString(localized("Filter by name, model, operator, squawk…")));
-    m_filter->setAccessibleName(toQString(localized("Filter")));
+    m_filter->setPlaceholderText(localizedText("Filter by name, model, operator, squawk…"));
+    m_filter->setAccessibleName(localizedText("Filter"));
     m_filter->setClearButtonEnabled(true);
     m_filter->addAction(lineIcon(LineIcon::search), QLineEdit::LeadingPosition);
     m_scope->setFixedSize(scopeSize, scopeSize);
-    m_scope->setAccessibleName(toQString(localized("Radar scope")));
+    m_scope->setAccessibleName(localizedText("Radar scope"));
     m_range->setAlignment(Qt::AlignCenter);
     m_range->setFont(TypeScale::small(font()));
     TypeScale::makeQuiet(*m_range);
@@ -120,7 +119,7 @@ void SkyPage::showReport()
     const SkyReport& report = m_feed.report();
     m_table->showEntry(report.entry);
     m_scope->showCard(RadarView{.entry = report.entry}.body(), report.entry.palette().background);
-    m_range->setText(toQString(localized("The outer ring is at %1."))
+    m_range->setText(localizedText("The outer ring is at %1.")
                          .arg(toQString(rangeText(report.entry.radiusNM, report.entry.unit))));
     m_feedProblem->showText(SkyWords::notice(report));
     showListOrWords();
@@ -134,10 +133,10 @@ void SkyPage::showListOrWords()
         m_empty->show(*instead);
     else if (m_table->rowCount() == 0)
         m_empty->show({
-            .title = toQString(localized("No match")),
+            .title = localizedText("No match"),
             .explanation
-            = toQString(localized("No aircraft in range has “%1” about it.")).arg(m_filter->text().trimmed()),
-            .action = toQString(localized("Clear the filter")),
+            = localizedText("No aircraft in range has “%1” about it.").arg(m_filter->text().trimmed()),
+            .action = localizedText("Clear the filter"),
         });
     const bool isList = !instead && m_table->rowCount() > 0;
     QWidget* shown = isList ? static_cast<QWidget*>(m_table) : m_empty;

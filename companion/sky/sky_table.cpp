@@ -5,7 +5,6 @@
 #include "companion/sky/flat_header.h"
 #include "companion/sky/sky_cells.h"
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QKeyEvent>
 
@@ -22,7 +21,7 @@ constexpr int column(SkyColumn name)
 
 SkyTable::SkyTable(QWidget* parent) : QTableView(parent)
 {
-    setAccessibleName(toQString(localized("Aircraft around home, nearest first")));
+    setAccessibleName(localizedText("Aircraft around home, nearest first"));
     setHorizontalHeader(new FlatHeader);
     m_filter.setSourceModel(&m_model);
     setModel(&m_filter);

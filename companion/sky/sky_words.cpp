@@ -3,7 +3,6 @@
 #include "companion/look/range_text.h"
 #include "desk/text.h"
 #include "platform/text/locale.h"
-#include "platform/text/localized.h"
 
 namespace skyvane::SkyWords {
 
@@ -18,14 +17,13 @@ QString count(const SkyReport& report)
 {
     const auto number = static_cast<std::int64_t>(report.entry.aircraft.size());
     if (number == 1)
-        return toQString(localized("1 aircraft within %1")).arg(range(report.entry));
-    return toQString(localized("%1 aircraft within %2"))
-        .arg(toQString(groupedInteger(number)), range(report.entry));
+        return localizedText("1 aircraft within %1").arg(range(report.entry));
+    return localizedText("%1 aircraft within %2").arg(toQString(groupedInteger(number)), range(report.entry));
 }
 
 QString time(const SkyEntry& entry)
 {
-    return toQString(localized("as of ") + shortTime(entry.date));
+    return localizedText("as of ") + toQString(shortTime(entry.date));
 }
 
 } // namespace
@@ -34,10 +32,10 @@ Heading heading(const SkyReport& report)
 {
     const auto& home = report.entry.home;
     const QString title = home && !home->label.empty()
-        ? toQString(localized("The sky over %1")).arg(toQString(home->label))
-        : toQString(localized("The sky"));
+        ? localizedText("The sky over %1").arg(toQString(home->label))
+        : localizedText("The sky");
     if (!report.hasAnswer)
-        return {.title = title, .details = report.isAsking ? toQString(localized("Asking…")) : QString{}};
+        return {.title = title, .details = report.isAsking ? localizedText("Asking…") : QString{}};
     return {.title = title, .details = count(report) + QStringLiteral(" · ") + time(report.entry)};
 }
 
@@ -45,32 +43,32 @@ std::optional<EmptySky::Words> instead(const SkyReport& report)
 {
     if (!report.entry.home)
         return EmptySky::Words{
-            .title = toQString(localized("Where is home?")),
-            .explanation = toQString(localized("Skyvane shows the aircraft around it.")),
-            .action = toQString(localized("Set your home…")),
+            .title = localizedText("Where is home?"),
+            .explanation = localizedText("Skyvane shows the aircraft around it."),
+            .action = localizedText("Set your home…"),
         };
     if (!report.entry.aircraft.empty())
         return std::nullopt;
-    const QString askAgain = toQString(localized("Ask again"));
+    const QString askAgain = localizedText("Ask again");
     if (!report.problem.empty())
         return EmptySky::Words{
-            .title = toQString(localized("No answer")),
+            .title = localizedText("No answer"),
             .explanation = toQString(report.problem),
             .action = askAgain,
         };
     if (report.hasAnswer)
         return EmptySky::Words{
-            .title = toQString(localized("Quiet skies")),
+            .title = localizedText("Quiet skies"),
             .explanation
-            = toQString(localized("No aircraft within %1, %2.")).arg(range(report.entry), time(report.entry)),
+            = localizedText("No aircraft within %1, %2.").arg(range(report.entry), time(report.entry)),
             .action = askAgain,
         };
     if (report.isAsking)
-        return EmptySky::Words{.title = toQString(localized("Looking at the sky…"))};
+        return EmptySky::Words{.title = localizedText("Looking at the sky…")};
     return EmptySky::Words{
-        .title = toQString(localized("Not asked yet")),
+        .title = localizedText("Not asked yet"),
         .explanation = {},
-        .action = toQString(localized("Show the sky")),
+        .action = localizedText("Show the sky"),
     };
 }
 
@@ -78,7 +76,7 @@ QString notice(const SkyReport& report)
 {
     if (report.problem.empty() || report.entry.aircraft.empty())
         return {};
-    return toQString(localized("What is shown here is %1. The last try failed: %2"))
+    return localizedText("What is shown here is %1. The last try failed: %2")
         .arg(time(report.entry), toQString(report.problem));
 }
 

@@ -4,7 +4,6 @@
 #include "companion/look/sources.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -24,16 +23,15 @@ QLabel* paragraph(const QString& richText)
 
 QStringList paragraphs()
 {
-    const auto from = [](const std::string& words, const QString& links) {
-        return toQString(words) + QStringLiteral("<br>") + links;
-    };
+    const auto from
+        = [](const QString& words, const QString& links) { return words + QStringLiteral("<br>") + links; };
     return {
-        toQString(localized("The aircraft around your home, on your desktop.")),
-        from(localized("Aircraft, from the receivers of volunteers:"),
+        localizedText("The aircraft around your home, on your desktop."),
+        from(localizedText("Aircraft, from the receivers of volunteers:"),
             linkTo(Source::firstAggregator) + QStringLiteral(" · ") + linkTo(Source::secondAggregator)),
-        from(localized("Routes:"), linkTo(Source::routeDatabase)),
-        from(localized("Photos, each its photographer’s:"), linkTo(Source::photoService)),
-        toQString(localized("Free software under the MIT licence.")),
+        from(localizedText("Routes:"), linkTo(Source::routeDatabase)),
+        from(localizedText("Photos, each its photographer’s:"), linkTo(Source::photoService)),
+        localizedText("Free software under the MIT licence."),
     };
 }
 
@@ -41,10 +39,10 @@ QStringList paragraphs()
 
 AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent)
 {
-    setWindowTitle(toQString(localized("About Skyvane")));
+    setWindowTitle(localizedText("About Skyvane"));
     auto* name = new QLabel{QStringLiteral("Skyvane")};
     name->setFont(TypeScale::display(font()));
-    auto* version = new QLabel{toQString(localized("Version %1")).arg(QStringLiteral(SKYVANE_VERSION))};
+    auto* version = new QLabel{localizedText("Version %1").arg(QStringLiteral(SKYVANE_VERSION))};
     TypeScale::makeQuiet(*version);
     auto* buttons = new QDialogButtonBox{QDialogButtonBox::Close};
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -3,7 +3,6 @@
 #include "companion/look/line_icon.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -59,8 +58,8 @@ QToolButton* menuButton(const std::vector<QAction*>& actions)
     for (QAction* action : actions)
         menu->addAction(action);
     button->setIcon(lineIcon(LineIcon::menu));
-    button->setToolTip(toQString(localized("Menu")));
-    button->setAccessibleName(toQString(localized("Menu")));
+    button->setToolTip(localizedText("Menu"));
+    button->setAccessibleName(localizedText("Menu"));
     button->setMenu(menu);
     button->setPopupMode(QToolButton::InstantPopup);
     return button;

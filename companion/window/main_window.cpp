@@ -9,7 +9,6 @@
 #include "companion/window/header_bar.h"
 #include "companion/window/window_place.h"
 #include "desk/text.h"
-#include "platform/text/localized.h"
 
 #include <QAction>
 #include <QApplication>
@@ -98,17 +97,17 @@ QAction* MainWindow::addShortcut(
 
 void MainWindow::makeActions()
 {
-    m_back = addShortcut(
-        toQString(localized("Back")), {Qt::ALT | Qt::Key_Left, Qt::Key_Escape}, [this] { goBack(); });
+    m_back
+        = addShortcut(localizedText("Back"), {Qt::ALT | Qt::Key_Left, Qt::Key_Escape}, [this] { goBack(); });
     m_back->setIcon(lineIcon(LineIcon::back));
-    m_refresh = addShortcut(toQString(localized("Refresh")), {Qt::Key_F5, Qt::CTRL | Qt::Key_R},
-        [this] { m_parts.feed.refresh(); });
+    m_refresh = addShortcut(
+        localizedText("Refresh"), {Qt::Key_F5, Qt::CTRL | Qt::Key_R}, [this] { m_parts.feed.refresh(); });
     m_refresh->setIcon(lineIcon(LineIcon::refresh));
-    m_settingsAction = addShortcut(
-        toQString(localized("Settings…")), {Qt::CTRL | Qt::Key_Comma}, [this] { showSettings(); });
-    m_about = addShortcut(toQString(localized("About Skyvane")), {}, [this] { showAbout(); });
-    m_quit = addShortcut(toQString(localized("Quit")), {Qt::CTRL | Qt::Key_Q}, [] { QApplication::quit(); });
-    addShortcut(toQString(localized("Filter")), {Qt::CTRL | Qt::Key_F}, [this] {
+    m_settingsAction
+        = addShortcut(localizedText("Settings…"), {Qt::CTRL | Qt::Key_Comma}, [this] { showSettings(); });
+    m_about = addShortcut(localizedText("About Skyvane"), {}, [this] { showAbout(); });
+    m_quit = addShortcut(localizedText("Quit"), {Qt::CTRL | Qt::Key_Q}, [] { QApplication::quit(); });
+    addShortcut(localizedText("Filter"), {Qt::CTRL | Qt::Key_F}, [this] {
         showSky();
         m_sky->focusFilter();
     });
@@ -189,7 +188,7 @@ void MainWindow::goBack()
 
 void MainWindow::showHeading()
 {
-    Heading heading{.title = toQString(localized("Settings"))};
+    Heading heading{.title = localizedText("Settings")};
     if (m_stack->currentWidget() == m_sky)
         heading = m_sky->heading();
     else if (m_stack->currentWidget() == m_aircraft)

@@ -1,6 +1,7 @@
 #include "host/desktop/companion.h"
 
 #include "desk/activation.h"
+#include "desk/text.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
@@ -30,7 +31,7 @@ void startDetached(
     const std::filesystem::path& program, const QStringList& words, const QProcessEnvironment& environment)
 {
     QProcess process;
-    prepare(process, QString::fromStdString(program.string()), words, environment);
+    prepare(process, toQString(program.string()), words, environment);
     if (!process.startDetached())
         qCWarning(journal, "the companion cannot be started: %s", program.c_str());
 }
@@ -49,7 +50,7 @@ void Companion::startInPlaceOfHost() const
 
 void Companion::openLink(const URL& link, const QString& opener) const
 {
-    const QString text = QString::fromStdString(link.text());
+    const QString text = toQString(link.text());
     auto* process = new QProcess{QCoreApplication::instance()};
     prepare(*process, opener, {text}, Activation::withoutToken(environment));
     const auto settle = [companion = *this, process, text](bool isOpened) {

@@ -1,8 +1,8 @@
 #include "host/desktop/gallery.h"
 
+#include "desk/text.h"
 #include "host/desktop/sample_button.h"
 #include "host/desktop/widget_menu.h"
-#include "platform/text/localized.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,7 +17,7 @@ namespace skyvane {
 Gallery::Gallery(ExtensionProcess& extension, const FontMeasurer& fonts, Add add)
     : m_extension(extension), m_fonts(fonts), m_add(std::move(add)), m_content(new QWidget)
 {
-    setWindowTitle(QString::fromStdString(localized("Add Widgets")));
+    setWindowTitle(localizedText("Add Widgets"));
     m_rows = new QVBoxLayout{m_content};
     auto* scroll = new QScrollArea;
     scroll->setWidgetResizable(true);
@@ -42,7 +42,7 @@ void Gallery::showWidgets(const std::vector<WidgetInfo>& widgets)
 
 QWidget* Gallery::row(const WidgetInfo& widget)
 {
-    const QString name = QString::fromStdString(widget.displayName);
+    const QString name = toQString(widget.displayName);
     auto* row = new QWidget;
     auto* lines = new QVBoxLayout{row};
     auto* title = new QLabel{name};
@@ -50,7 +50,7 @@ QWidget* Gallery::row(const WidgetInfo& widget)
     QFont bold = title->font();
     bold.setBold(true);
     title->setFont(bold);
-    auto* description = new QLabel{QString::fromStdString(widget.description)};
+    auto* description = new QLabel{toQString(widget.description)};
     description->setTextFormat(Qt::PlainText);
     description->setWordWrap(true);
     lines->addWidget(title);

@@ -1,6 +1,6 @@
 #include "host/desktop/widget_menu.h"
 
-#include "platform/text/localized.h"
+#include "desk/text.h"
 
 #include <QActionGroup>
 #include <QMenu>
@@ -11,13 +11,13 @@ QString familyTitle(WidgetFamily family)
 {
     switch (family) {
     case WidgetFamily::small:
-        return QString::fromStdString(localized("Small"));
+        return localizedText("Small");
     case WidgetFamily::medium:
-        return QString::fromStdString(localized("Medium"));
+        return localizedText("Medium");
     case WidgetFamily::large:
         break;
     }
-    return QString::fromStdString(localized("Large"));
+    return localizedText("Large");
 }
 
 QMenu* makeWidgetMenu(QWidget& parent, const std::vector<WidgetFamily>& families, WidgetFamily current,
@@ -33,13 +33,13 @@ QMenu* makeWidgetMenu(QWidget& parent, const std::vector<WidgetFamily>& families
         sizes->addAction(size);
     }
     menu->addSeparator();
-    menu->addAction(QString::fromStdString(localized("&Refresh Now")), menu, actions.refresh);
+    menu->addAction(localizedText("&Refresh Now"), menu, actions.refresh);
     menu->addSeparator();
-    menu->addAction(QString::fromStdString(localized("&Add Widgets…")), menu, actions.add);
-    menu->addAction(QString::fromStdString(localized("Re&move")), menu, actions.remove);
+    menu->addAction(localizedText("&Add Widgets…"), menu, actions.add);
+    menu->addAction(localizedText("Re&move"), menu, actions.remove);
     menu->addSeparator();
-    menu->addAction(QString::fromStdString(localized("&Settings…")), menu, actions.settings);
-    menu->addAction(QString::fromStdString(localized("&Quit")), menu, actions.quit);
+    menu->addAction(localizedText("&Settings…"), menu, actions.settings);
+    menu->addAction(localizedText("&Quit"), menu, actions.quit);
     return menu;
 }
 

@@ -1,10 +1,10 @@
 #include "host/desktop/widget_window.h"
 
+#include "desk/text.h"
 #include "host/session/desktop_hints.h"
 #include "host/session/round_shape.h"
 #include "paint/to_qt.h"
 #include "paint/widget_card.h"
-#include "platform/text/localized.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -35,7 +35,7 @@ void WidgetWindow::setNames(const QString& name, const QString& description)
 void WidgetWindow::showContent(const ShownEntry& content)
 {
     m_shown = Shown{.url = content.entry.url, .isStale = content.isStale};
-    const QString state = content.isStale ? QString::fromStdString(localized("Not up to date.")) : QString{};
+    const QString state = content.isStale ? localizedText("Not up to date.") : QString{};
     showCard(content.entry.view, content.entry.background, state);
     setToolTip(state);
 }
