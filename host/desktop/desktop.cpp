@@ -1,15 +1,14 @@
 #include "host/desktop/desktop.h"
 
+#include "desk/text.h"
 #include "host/desktop/gallery.h"
 #include "host/desktop/widget_menu.h"
 #include "host/placing/screens.h"
 #include "host/session/desktop_hints.h"
-#include "paint/widget_card.h"
 
 #include <QApplication>
 #include <QMenu>
 
-#include <algorithm>
 #include <array>
 
 namespace skyvane {
@@ -26,49 +25,25 @@ const std::array<WidgetTarget, 3>& firstWidgets()
     return targets;
 }
 
-bool offers(const WidgetInfo& widget, WidgetFamily family)
-{
-    return std::find(widget.families.begin(), widget.families.end(), family) != widget.families.end();
-}
-
 } // namespace
-
-void Desktop::DeleteLater::operator()(QWidget* window) const
-{
-    window->hide();
-    window->deleteLater();
-}
 
 Desktop::Desktop(ExtensionProcess& extension, const DesktopSetup& setup)
     : m_open(setup.open)
     , m_settings(setup.settings)
     , m_extension(extension)
-    , m_file(setup.hostFile)
+    , m_offered(extension)
+    , m_placed(setup.hostFile)
+    , m_windows(m_fonts)
     , m_schedule(m_extension,
           [this](int widget, const ShownEntry& content) {
-              if (const auto window = m_windows.find(widget); window != m_windows.end())
-                  window->second->showContent(content);
+              if (WidgetWindow* window = m_windows.find(widget))
+                  window->showContent(content);
           })
     , m_configuration(setup.configuration, [this] { m_schedule.refreshAll(); })
     , m_sleep(QDBusConnection::systemBus(), [this] { m_schedule.lookAtClock(); })
-    , m_compositing([this] { shapeWindows(); })
 {
-    Screens::onChange(m_context, [this] { restoreFrames(); });
-    if (auto remembered = m_file.read()) {
-        m_placed = std::move(*remembered);
-        for (const PlacedWidget& widget : m_placed)
-            openWindow(widget);
-    } else {
-        for (const WidgetTarget& target : firstWidgets())
-            place(target, freeFrame(target.family, Screens::primary()));
-        std::error_code ignored;
-        if (!std::filesystem::exists(setup.configuration, ignored))
-            setup.welcome();
-    }
-    if (m_placed.empty())
-        showGallery(); // Nothing else would lead to it.
-    else
-        learnWidgets();
+    Screens::onChange(m_context, [this] { m_windows.restore(m_placed.all()); });
+    start(setup);
 }
 
 Desktop::~Desktop()
@@ -78,74 +53,67 @@ Desktop::~Desktop()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+void Desktop::start(const DesktopSetup& setup)
+{
+    if (m_placed.isFirstStart()) {
+        for (const WidgetTarget& target : firstWidgets())
+            place(target, m_windows.freeFrame(target.family, Screens::primary()));
+        std::error_code ignored;
+        if (!std::filesystem::exists(setup.configuration, ignored))
+            setup.welcome();
+    } else {
+        for (const PlacedWidget& widget : m_placed.all())
+            show(widget);
+    }
+    if (m_placed.all().empty())
+        showGallery(); // Nothing else would lead to it.
+    else
+        learnWidgets();
+}
+
 void Desktop::learnWidgets()
 {
-    m_extension.ask(Protocol::ListCall{}, [this](const std::optional<Protocol::WidgetList>& list) {
-        if (!list)
-            return;
-        m_known = list->widgets;
-        for (const PlacedWidget& widget : m_placed)
-            nameWindow(widget);
+    m_offered.learn([this] {
+        for (const PlacedWidget& widget : m_placed.all())
+            name(widget);
         if (m_gallery)
-            m_gallery->showWidgets(m_known);
+            m_gallery->showWidgets(m_offered.all());
     });
 }
 
 std::optional<int> Desktop::add(const WidgetTarget& target, const std::optional<QRect>& frame)
 {
-    const WidgetInfo* info = infoOf(target.kind);
-    if (info == nullptr || !offers(*info, target.family))
+    const std::optional<WidgetTarget> offered = m_offered.target(target);
+    if (!offered)
         return std::nullopt;
-    const int id = nextId();
-    const QRect place = frame ? snapped(id, *frame) : freeFrame(target.family, screenInUse());
-    return this->place({.kind = info->kind, .family = target.family}, place);
-}
-
-int Desktop::nextId() const
-{
-    int last = 0;
-    for (const PlacedWidget& widget : m_placed)
-        last = std::max(last, widget.id);
-    return last + 1;
-}
-
-int Desktop::place(const WidgetTarget& target, const QRect& frame)
-{
-    const Placement nowhere{.screen = {}, .corner = ScreenCorner::topRight, .inset = {}};
-    m_placed.push_back({
-        .id = nextId(),
-        .target = target,
-        .placement = Placing::placement(frame, Screens::all()).value_or(nowhere),
-    });
-    openWindow(m_placed.back());
-    m_file.write(m_placed);
-    return m_placed.back().id;
-}
-
-QRect Desktop::freeFrame(WidgetFamily family, const std::optional<ScreenArea>& screen) const
-{
-    const QSize size = WidgetCard::sizeOf(family);
-    return screen ? Placing::freeFrame(size, screen->area, framesBut(nextId())) : QRect{{}, size};
+    return place(
+        *offered, frame ? m_windows.snapped(*frame) : m_windows.freeFrame(target.family, screenInUse()));
 }
 
 /// The gallery's, else the pointer's.
 std::optional<ScreenArea> Desktop::screenInUse() const
 {
-    if (m_gallery && m_gallery->isVisible() && arePlacesKnown())
-        return Placing::screenOf(m_gallery->frameGeometry(), Screens::all());
-    return arePlacesKnown() ? Placing::screenOf({QCursor::pos(), QSize{1, 1}}, Screens::all())
-                            : Screens::primary();
+    if (!arePlacesKnown())
+        return Screens::primary();
+    const bool isGallery = m_gallery && m_gallery->isVisible();
+    return Placing::screenOf(
+        isGallery ? m_gallery->frameGeometry() : QRect{QCursor::pos(), QSize{1, 1}}, Screens::all());
+}
+
+int Desktop::place(const WidgetTarget& target, const QRect& frame)
+{
+    const Placement nowhere{.screen = {}, .corner = ScreenCorner::topRight, .inset = {}};
+    const PlacedWidget widget
+        = m_placed.add(target, Placing::placement(frame, Screens::all()).value_or(nowhere));
+    show(widget);
+    return widget.id;
 }
 
 bool Desktop::remove(int widget)
 {
-    if (find(widget) == nullptr)
-        return false;
     m_schedule.remove(widget);
-    m_windows.erase(widget);
-    std::erase_if(m_placed, [&](const PlacedWidget& placed) { return placed.id == widget; });
-    m_file.write(m_placed);
-    return true;
+    m_windows.close(widget);
+    return m_placed.remove(widget);
 }
 
 void Desktop::showGallery()
@@ -153,8 +121,8 @@ void Desktop::showGallery()
     if (!m_gallery) {
         m_gallery.reset(new Gallery{m_extension, m_fonts,
             [this](const WidgetTarget& target, const std::optional<QRect>& frame) { add(target, frame); }});
-        m_gallery->showWidgets(m_known);
-        if (m_known.empty())
+        m_gallery->showWidgets(m_offered.all());
+        if (m_offered.all().empty())
             learnWidgets();
     }
     m_gallery->show();
@@ -162,94 +130,56 @@ void Desktop::showGallery()
     m_gallery->activateWindow();
 }
 
-void Desktop::openWindow(const PlacedWidget& widget)
+void Desktop::show(const PlacedWidget& widget)
 {
-    Window window{new WidgetWindow{widget.target.family, m_fonts, actionsOf(widget.id)}};
-    window->setShaped(!m_isComposited);
-    moveOnDesktop(*window, Placing::frame(widget.placement, window->size(), Screens::all()).topLeft());
-    showOnDesktop(*window);
-    m_windows[widget.id] = std::move(window);
-    nameWindow(widget);
+    m_windows.open(widget, actionsOf(widget.id));
+    name(widget);
     m_schedule.add(widget.id, widget.target);
+}
+
+void Desktop::name(const PlacedWidget& widget)
+{
+    const WidgetInfo* info = m_offered.find(widget.target.kind);
+    WidgetWindow* window = m_windows.find(widget.id);
+    if (info != nullptr && window != nullptr)
+        window->setNames(toQString(info->displayName), toQString(info->description));
 }
 
 WidgetActions Desktop::actionsOf(int widget)
 {
     return {
         .open = m_open,
-        .snapped = [this, widget](const QRect& frame) { return snapped(widget, frame); },
+        .snapped = [this, widget](const QRect& frame) { return m_windows.snapped(frame, widget); },
         .dropped = [this, widget] { rememberFrame(widget); },
         .menu = [this, widget](const QPoint& place) { popUpMenu(widget, place); },
     };
 }
 
-void Desktop::nameWindow(const PlacedWidget& widget)
-{
-    if (const WidgetInfo* info = infoOf(widget.target.kind)) {
-        m_windows.at(widget.id)->setNames(
-            QString::fromStdString(info->displayName), QString::fromStdString(info->description));
-    }
-}
-
 void Desktop::resize(int widget, WidgetFamily family)
 {
-    PlacedWidget* placed = find(widget);
+    const PlacedWidget* placed = m_placed.find(widget);
     if (placed == nullptr || placed->target.family == family)
         return;
-    placed->target.family = family;
-    openWindow(*placed);
-    m_file.write(m_placed);
+    m_placed.resize(widget, family);
+    show(*placed);
 }
 
 void Desktop::rememberFrame(int widget)
 {
-    PlacedWidget* placed = find(widget);
-    if (placed == nullptr)
+    const WidgetWindow* window = m_windows.find(widget);
+    if (window == nullptr)
         return;
-    placed->placement
-        = Placing::placement(m_windows.at(widget)->geometry(), Screens::all()).value_or(placed->placement);
-    m_file.write(m_placed);
-}
-
-void Desktop::restoreFrames()
-{
-    for (const PlacedWidget& widget : m_placed) {
-        WidgetWindow& window = *m_windows.at(widget.id);
-        moveOnDesktop(window, Placing::frame(widget.placement, window.size(), Screens::all()).topLeft());
-    }
-}
-
-void Desktop::shapeWindows()
-{
-    m_isComposited = m_compositing.isActive();
-    for (const auto& [id, window] : m_windows)
-        window->setShaped(!m_isComposited);
-}
-
-QRect Desktop::snapped(int widget, const QRect& frame) const
-{
-    const auto screen = Placing::screenOf(frame, Screens::all());
-    if (!screen)
-        return frame;
-    return Placing::snapped(frame, screen->area, framesBut(widget));
-}
-
-std::vector<QRect> Desktop::framesBut(int widget) const
-{
-    std::vector<QRect> frames;
-    for (const auto& [id, window] : m_windows) {
-        if (id != widget)
-            frames.push_back(window->geometry());
-    }
-    return frames;
+    if (const auto placement = Placing::placement(window->geometry(), Screens::all()))
+        m_placed.move(widget, *placement);
 }
 
 void Desktop::popUpMenu(int widget, const QPoint& place)
 {
-    const PlacedWidget* placed = find(widget);
-    if (placed == nullptr)
+    const PlacedWidget* placed = m_placed.find(widget);
+    WidgetWindow* window = m_windows.find(widget);
+    if (placed == nullptr || window == nullptr)
         return;
-    const WidgetInfo* info = infoOf(placed->target.kind);
+    const WidgetInfo* info = m_offered.find(placed->target.kind);
     const WidgetMenuActions actions{
         .resize = [this, widget](WidgetFamily family) { resize(widget, family); },
         .refresh = [this, widget] { m_schedule.refresh(widget); },
@@ -259,21 +189,7 @@ void Desktop::popUpMenu(int widget, const QPoint& place)
         .quit = [] { QCoreApplication::quit(); },
     };
     const auto families = info != nullptr ? info->families : std::vector{placed->target.family};
-    makeWidgetMenu(*m_windows.at(widget), families, placed->target.family, actions)->popup(place);
-}
-
-PlacedWidget* Desktop::find(int widget)
-{
-    const auto place = std::find_if(
-        m_placed.begin(), m_placed.end(), [&](const PlacedWidget& placed) { return placed.id == widget; });
-    return place == m_placed.end() ? nullptr : &*place;
-}
-
-const WidgetInfo* Desktop::infoOf(const std::string& kind) const
-{
-    const auto place = std::find_if(m_known.begin(), m_known.end(),
-        [&](const WidgetInfo& widget) { return widget.kind == kind || widget.shortName() == kind; });
-    return place == m_known.end() ? nullptr : &*place;
+    makeWidgetMenu(*window, families, placed->target.family, actions)->popup(place);
 }
 
 } // namespace skyvane

@@ -1,13 +1,11 @@
 #pragma once
 
 #include "desk/file_watch.h"
-#include "host/desktop/widget_window.h"
+#include "host/desktop/offered_widgets.h"
+#include "host/desktop/widget_windows.h"
 #include "host/extension/schedule.h"
-#include "host/placing/host_file.h"
-#include "host/session/compositing_watch.h"
+#include "host/placing/widget_store.h"
 #include "host/session/sleep_watch.h"
-
-#include <memory>
 
 namespace skyvane {
 
@@ -22,7 +20,7 @@ struct DesktopSetup {
     std::function<void()> settings;
 };
 
-/// The placed widgets with their windows. Needs a QApplication.
+/// The placed widgets with their windows, their menus and the gallery. Needs a QApplication.
 class Desktop {
 public:
     Desktop(ExtensionProcess& extension, const DesktopSetup& setup);
@@ -30,7 +28,7 @@ public:
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
 
-    const std::vector<PlacedWidget>& placed() const { return m_placed; }
+    const std::vector<PlacedWidget>& placed() const { return m_placed.all(); }
 
     /// Its id; the kind may be its last component alone. Absent for a widget, or a family of one, that the
     /// extension did not list. Without a frame it stands where there is room on the screen in use.
@@ -41,44 +39,28 @@ public:
     void showGallery();
 
 private:
-    /// Windows may be in the middle of an event when they go.
-    struct DeleteLater {
-        void operator()(QWidget* window) const;
-    };
-    using Window = std::unique_ptr<WidgetWindow, DeleteLater>;
-
+    void start(const DesktopSetup& setup);
     void learnWidgets();
-    int nextId() const;
-    int place(const WidgetTarget& target, const QRect& frame);
-    QRect freeFrame(WidgetFamily family, const std::optional<ScreenArea>& screen) const;
     std::optional<ScreenArea> screenInUse() const;
-    std::vector<QRect> framesBut(int widget) const;
-    void openWindow(const PlacedWidget& widget);
+    int place(const WidgetTarget& target, const QRect& frame);
+    void show(const PlacedWidget& widget);
+    void name(const PlacedWidget& widget);
     WidgetActions actionsOf(int widget);
-    void nameWindow(const PlacedWidget& widget);
     void resize(int widget, WidgetFamily family);
     void rememberFrame(int widget);
-    void restoreFrames();
-    void shapeWindows();
-    QRect snapped(int widget, const QRect& frame) const;
     void popUpMenu(int widget, const QPoint& place);
-    PlacedWidget* find(int widget);
-    const WidgetInfo* infoOf(const std::string& kind) const;
 
     std::function<void(const URL&)> m_open;
     std::function<void()> m_settings;
     FontMeasurer m_fonts;
     ExtensionProcess& m_extension;
-    HostFile m_file;
-    std::vector<WidgetInfo> m_known;
-    std::vector<PlacedWidget> m_placed;
-    std::map<int, Window> m_windows;
-    std::unique_ptr<Gallery, DeleteLater> m_gallery;
+    OfferedWidgets m_offered;
+    WidgetStore m_placed;
+    WidgetWindows m_windows;
+    WindowPointer<Gallery> m_gallery; ///< Null until it is first shown.
     Schedule m_schedule;
     FileWatch m_configuration;
     SleepWatch m_sleep;
-    CompositingWatch m_compositing;
-    bool m_isComposited = m_compositing.isActive();
     QObject m_context; ///< Ends the connections to screens.
 };
 

@@ -1,0 +1,75 @@
+#include "host/placing/widget_store.h"
+
+#include "tests/support/scratch_folder.h"
+
+#include <gmock/gmock.h>
+
+namespace skyvane {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class WidgetStoreTest : public testing::Test {
+protected:
+    std::vector<PlacedWidget> written() const
+    {
+        return HostFile{file}.read().value_or(std::vector<PlacedWidget>{});
+    }
+
+    test::ScratchFolder folder;
+    std::filesystem::path file = folder.path() / "host.json";
+    const WidgetTarget clock{.kind = "org.example.clock", .family = WidgetFamily::small};
+    const Placement corner{.screen = "one", .corner = ScreenCorner::topRight, .inset = {8, 16}};
+};
+
+} // namespace
+
+TEST_F(WidgetStoreTest, theFirstStartIsTheOneWithoutAFile)
+{
+    WidgetStore store{file};
+    EXPECT_TRUE(store.isFirstStart());
+    EXPECT_THAT(store.all(), IsEmpty());
+    store.remove(store.add(clock, corner).id);
+    EXPECT_FALSE(WidgetStore{file}.isFirstStart());
+}
+
+TEST_F(WidgetStoreTest, everyChangeIsInTheFileAtOnce)
+{
+    WidgetStore store{file};
+    const PlacedWidget first = store.add(clock, corner);
+    EXPECT_THAT(written(), ElementsAre(first));
+    EXPECT_EQ(first, (PlacedWidget{.id = 1, .target = clock, .placement = corner}));
+    store.resize(1, WidgetFamily::large);
+    EXPECT_EQ(written().front().target.family, WidgetFamily::large);
+    const Placement elsewhere{.screen = "two", .corner = ScreenCorner::bottomLeft, .inset = {0, 24}};
+    store.move(1, elsewhere);
+    EXPECT_EQ(written().front().placement, elsewhere);
+    EXPECT_EQ(WidgetStore{file}.all(), store.all());
+    EXPECT_TRUE(store.remove(1));
+    EXPECT_THAT(written(), IsEmpty());
+}
+
+TEST_F(WidgetStoreTest, anIdIsNeverThatOfAWidgetThatStands)
+{
+    WidgetStore store{file};
+    for (const int id : {1, 2, 3})
+        EXPECT_EQ(store.add(clock, corner).id, id);
+    store.remove(2);
+    EXPECT_EQ(store.add(clock, corner).id, 4);
+    EXPECT_EQ(store.find(2), nullptr);
+    EXPECT_EQ(store.find(4)->id, 4);
+}
+
+TEST_F(WidgetStoreTest, whatIsNotThereCannotBeChanged)
+{
+    WidgetStore store{file};
+    EXPECT_FALSE(store.remove(1));
+    store.resize(1, WidgetFamily::large);
+    store.move(1, corner);
+    EXPECT_THAT(store.all(), IsEmpty());
+    EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+} // namespace skyvane
