@@ -1,6 +1,7 @@
 #include "companion/app/command_line.h"
 #include "companion/app/run_companion.h"
 #include "desk/activation.h"
+#include "desk/bus/names.h"
 #include "desk/display.h"
 #include "platform/files/programs.h"
 #include "platform/text/localized.h"
@@ -33,8 +34,8 @@ int main(int argc, char* argv[])
     const auto application = skyvane::Display{"skyvane"}.open<QApplication>(programNameOnly, argv);
     QApplication::setApplicationName(QStringLiteral("skyvane"));
     QApplication::setApplicationDisplayName(QStringLiteral("Skyvane"));
-    QApplication::setDesktopFileName(QStringLiteral("org.skyvane.Companion"));
-    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.skyvane.Companion")));
+    QApplication::setDesktopFileName(skyvane::BusName::companion());
+    QApplication::setWindowIcon(QIcon::fromTheme(skyvane::BusName::companion()));
     QTranslator words;
     if (words.load(QLocale{}, QStringLiteral("qtbase"), QStringLiteral("_"),
             QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

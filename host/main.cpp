@@ -1,3 +1,4 @@
+#include "desk/bus/names.h"
 #include "desk/display.h"
 #include "host/commands/run_command.h"
 #include "host/service/run_desktop.h"
@@ -59,7 +60,7 @@ int main(int argc, char* argv[])
     const skyvane::Display display{"skyvane-host"};
     choosePlatform();
     skyvane::keepThemesOut();
-    QApplication::setDesktopFileName(QStringLiteral("org.skyvane.Host"));
+    QApplication::setDesktopFileName(skyvane::BusName::host());
     const auto application = display.open<QApplication>(argc, argv);
     return skyvane::runDesktop(extension(), skyvane::standardSetup(companion));
 }

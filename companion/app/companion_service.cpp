@@ -1,82 +1,42 @@
 #include "companion/app/companion_service.h"
 
+#include "companion/app/application_adaptor.h"
 #include "desk/activation.h"
-
-#include <QDBusArgument>
-#include <QDBusMessage>
+#include "desk/bus/names.h"
 
 #include <utility>
 
 namespace skyvane {
 
-namespace {
-
-QString interface()
-{
-    return QStringLiteral("org.freedesktop.Application");
-}
-
-QString tokenOf(const QVariant& platformData)
-{
-    return Activation::tokenIn(qdbus_cast<QVariantMap>(platformData));
-}
-
-} // namespace
-
-QString CompanionService::name()
-{
-    return QStringLiteral("org.skyvane.Companion");
-}
-
-QString CompanionService::path()
-{
-    return QStringLiteral("/org/skyvane/Companion");
-}
-
 CompanionService::CompanionService(QDBusConnection bus, CompanionActions actions)
     : m_bus(std::move(bus)), m_actions(std::move(actions))
 {
-    m_bus.registerVirtualObject(path(), this);
+    new ApplicationAdaptor{this}; // Belongs to its parent.
+    m_bus.registerObject(BusName::path(BusName::companion()), this);
 }
 
 CompanionService::~CompanionService()
 {
-    m_bus.unregisterObject(path());
+    m_bus.unregisterObject(BusName::path(BusName::companion()));
 }
 
-QString CompanionService::introspect(const QString&) const
+void CompanionService::Activate(const QVariantMap& platformData) const
 {
-    return QStringLiteral(R"(  <interface name="org.freedesktop.Application">
-    <method name="Activate"><arg name="platform_data" type="a{sv}" direction="in"/></method>
-    <method name="Open">
-      <arg name="uris" type="as" direction="in"/>
-      <arg name="platform_data" type="a{sv}" direction="in"/>
-    </method>
-    <method name="ActivateAction">
-      <arg name="action_name" type="s" direction="in"/>
-      <arg name="parameter" type="av" direction="in"/>
-      <arg name="platform_data" type="a{sv}" direction="in"/>
-    </method>
-  </interface>
-)");
+    m_actions.activate(Activation::tokenIn(platformData));
 }
 
-bool CompanionService::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
+void CompanionService::Open(const QStringList& links, const QVariantMap& platformData) const
 {
-    if (message.interface() != interface())
-        return false;
-    const QString call = message.member() + QLatin1Char{'('} + message.signature() + QLatin1Char{')'};
-    const QVariantList arguments = message.arguments();
-    if (call == QStringLiteral("Activate(a{sv})"))
-        m_actions.activate(tokenOf(arguments.at(0)));
-    else if (call == QStringLiteral("Open(asa{sv})"))
-        m_actions.open(qdbus_cast<QStringList>(arguments.at(0)), tokenOf(arguments.at(1)));
-    else if (call == QStringLiteral("ActivateAction(sava{sv})")
-        && arguments.at(0) == QStringLiteral("settings"))
-        m_actions.showSettings(tokenOf(arguments.at(2)));
+    m_actions.open(links, Activation::tokenIn(platformData));
+}
+
+void CompanionService::ActivateAction(
+    const QString& action, const QVariantList&, const QVariantMap& platformData) const
+{
+    if (action == settingsAction())
+        m_actions.showSettings(Activation::tokenIn(platformData));
     else
-        return false;
-    return connection.send(message.createReply());
+        sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("there is no action \"%1\"").arg(action));
 }
 
 } // namespace skyvane

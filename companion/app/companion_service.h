@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QDBusVirtualObject>
+#include <QDBusContext>
+#include <QObject>
+#include <QVariantMap>
 
 #include <functional>
 
@@ -15,19 +17,24 @@ struct CompanionActions {
     std::function<void(const QString& token)> showSettings;
 };
 
-/// The session's companion as the desktop and a second start reach it: org.freedesktop.Application.
-class CompanionService : public QDBusVirtualObject {
+/// The session's companion as the desktop and a second start reach it:
+/// desk/bus/org.freedesktop.Application.xml.
+class CompanionService : public QObject, protected QDBusContext {
+    Q_OBJECT
 public:
-    static QString name();
-    static QString path();
+    /// The one action for `ActivateAction`.
+    static QString settingsAction() { return QStringLiteral("settings"); }
 
     CompanionService(QDBusConnection bus, CompanionActions actions);
     ~CompanionService() override;
     CompanionService(const CompanionService&) = delete;
     CompanionService& operator=(const CompanionService&) = delete;
 
-    QString introspect(const QString& path) const override;
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+    // The interface's methods, called by its adaptor.
+    void Activate(const QVariantMap& platformData) const;
+    void Open(const QStringList& links, const QVariantMap& platformData) const;
+    void ActivateAction(
+        const QString& action, const QVariantList& parameter, const QVariantMap& platformData) const;
 
 private:
     QDBusConnection m_bus;

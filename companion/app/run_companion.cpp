@@ -9,6 +9,7 @@
 #include "companion/window/main_window.h"
 #include "core/config/shared_state.h"
 #include "desk/activation.h"
+#include "desk/bus/single_instance.h"
 #include "desk/text.h"
 #include "platform/files/programs.h"
 #include "platform/net/url_session.h"
@@ -139,13 +140,15 @@ CompanionSetup CompanionSetup::standard()
 
 int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QString& token)
 {
-    QDBusConnection bus = setup.sessionBus;
+    const QDBusConnection& bus = setup.sessionBus;
     PhotoDecoder decoder{setup.decode};
     // There to be found before the name is; what it is asked waits for the event loop.
     std::optional<Companion> companion;
     std::optional<CompanionService> service;
     service.emplace(bus, actionsOf(companion));
-    if (bus.isConnected() && !bus.registerService(CompanionService::name())) {
+    std::optional<SingleInstance> instance;
+    instance.emplace(bus, BusName::companion());
+    if (!instance->isFirst()) {
         service.reset();
         return handOverTo(bus, line, token);
     }
@@ -155,8 +158,7 @@ int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QSt
     else
         companion->start(line, token);
     const int status = QApplication::exec();
-    if (bus.isConnected())
-        bus.unregisterService(CompanionService::name());
+    instance.reset();
     service.reset();
     companion.reset(); // Nobody gives the decoder anything from here on.
     if (!decoder.isIdle())

@@ -1,6 +1,7 @@
 #include "companion/host_switch/host_control.h"
 
 #include "desk/activation.h"
+#include "desk/bus/single_instance.h"
 #include "desk/text.h"
 
 #include <QDBusMessage>
@@ -8,28 +9,17 @@
 #include <QDBusPendingReply>
 #include <QProcess>
 
-#include <chrono>
-
 namespace skyvane {
-
-namespace {
-
-constexpr std::chrono::seconds longestWait{10};
-
-QString hostName()
-{
-    return QStringLiteral("org.skyvane.Host");
-}
-
-} // namespace
 
 HostControl::HostControl(QDBusConnection bus, QString program)
     : m_bus(std::move(bus))
     , m_program(std::move(program))
-    , m_watcher(hostName(), m_bus, QDBusServiceWatcher::WatchForOwnerChange)
+    , m_host(BusName::host(), BusName::path(BusName::host()), m_bus)
+    , m_watcher(BusName::host(), m_bus, QDBusServiceWatcher::WatchForOwnerChange)
 {
+    m_host.setTimeout(static_cast<int>(SingleInstance::patience.count()));
     m_patience.setSingleShot(true);
-    m_patience.setInterval(longestWait);
+    m_patience.setInterval(SingleInstance::patience);
     m_patience.callOnTimeout([this] {
         m_owesGallery = false;
         emit failed(m_isRunning ? localizedText("The widgets do not answer.")
@@ -45,7 +35,7 @@ void HostControl::askWhetherItRuns()
     auto message = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
         QStringLiteral("/org/freedesktop/DBus"), QStringLiteral("org.freedesktop.DBus"),
         QStringLiteral("NameHasOwner"));
-    message << hostName();
+    message << BusName::host();
     auto* answer = new QDBusPendingCallWatcher{m_bus.asyncCall(message), this};
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         const QDBusPendingReply<bool> hasOwner = *answer;
@@ -84,7 +74,7 @@ void HostControl::stop()
     m_owesGallery = false;
     if (!m_isRunning)
         return;
-    call(QStringLiteral("Quit"));
+    m_host.Quit();
     m_patience.start();
 }
 
@@ -100,19 +90,12 @@ void HostControl::showGallery()
 
 void HostControl::askForGallery()
 {
-    auto* answer = new QDBusPendingCallWatcher{call(QStringLiteral("ShowGallery")), this};
+    auto* answer = new QDBusPendingCallWatcher{m_host.ShowGallery(), this};
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         if (answer->isError())
             emit failed(localizedText("The widgets do not answer."));
         answer->deleteLater();
     });
-}
-
-QDBusPendingCall HostControl::call(const QString& method)
-{
-    const auto message
-        = QDBusMessage::createMethodCall(hostName(), QStringLiteral("/org/skyvane/Host"), hostName(), method);
-    return m_bus.asyncCall(message, std::chrono::milliseconds{longestWait}.count());
 }
 
 } // namespace skyvane

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QDBusConnection>
-#include <QDBusPendingCall>
+#include "desk/bus/host_interface.h"
+
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QTimer>
@@ -32,11 +32,11 @@ signals:
 private:
     void setRunning(bool isRunning);
     void askWhetherItRuns();
-    QDBusPendingCall call(const QString& method);
     void askForGallery();
 
     QDBusConnection m_bus;
     QString m_program;
+    HostInterface m_host;
     QDBusServiceWatcher m_watcher;
     QTimer m_patience; ///< Runs while a start or an end is awaited.
     bool m_isRunning = false;

@@ -26,23 +26,25 @@ struct Runner {
     {
         out << listText(ExtensionClient{program}.ask(Protocol::ListCall{}).widgets);
     }
-    void operator()(const PlacedWords&) const { tell(QStringLiteral("ListPlaced")); }
+    void operator()(const PlacedWords&) const { tell(&HostInterface::ListPlaced); }
     void operator()(const AddWords& words) const
     {
-        tell(QStringLiteral("Add"),
-            {QString::fromStdString(words.kind), QString::fromUtf8(WidgetContainer::name(words.family))});
+        tell([&](HostInterface& host) {
+            return host.Add(
+                QString::fromStdString(words.kind), QString::fromUtf8(WidgetContainer::name(words.family)));
+        });
     }
-    void operator()(const RemoveWords& words) const { tell(QStringLiteral("Remove"), {words.widget}); }
-    void operator()(const RefreshWords&) const { tell(QStringLiteral("Refresh")); }
-    void operator()(const QuitWords&) const { tell(QStringLiteral("Quit")); }
+    void operator()(const RemoveWords& words) const
+    {
+        tell([&](HostInterface& host) { return host.Remove(words.widget); });
+    }
+    void operator()(const RefreshWords&) const { tell(&HostInterface::Refresh); }
+    void operator()(const QuitWords&) const { tell(&HostInterface::Quit); }
     void operator()(const HelpWords&) const { out << usage(); }
     void operator()(const VersionWords&) const { out << "skyvane-host " SKYVANE_VERSION "\n"; }
 
 private:
-    void tell(const QString& method, const QVariantList& arguments = {}) const
-    {
-        out << askHost(QDBusConnection::sessionBus(), method, arguments);
-    }
+    void tell(const HostCall& call) const { out << askHost(QDBusConnection::sessionBus(), call); }
 };
 
 int fail(int status, const std::exception& reason, std::ostream& error)

@@ -1,25 +1,19 @@
 #include "host/service/ask_host.h"
 
-#include "host/service/host_service.h"
-
-#include <QDBusMessage>
+#include "desk/bus/single_instance.h"
 
 namespace skyvane {
 
-std::string askHost(QDBusConnection bus, const QString& method, const QVariantList& arguments)
+std::string askHost(const QDBusConnection& bus, const HostCall& call)
 {
-    constexpr int patience = 10'000; // Milliseconds.
     if (!bus.isConnected())
         throw HostError{"there is no session bus to ask the running host on"};
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        HostService::name(), HostService::path(), HostService::name(), method);
-    call.setArguments(arguments);
-    const QDBusMessage reply = bus.call(call, QDBus::Block, patience);
-    if (reply.type() == QDBusMessage::ReplyMessage)
-        return reply.arguments().value(0).toString().toStdString();
-    if (reply.errorName() == QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown"))
+    const auto reply = SingleInstance::askOwner<HostInterface>(bus, BusName::host(), call);
+    if (!reply.isError())
+        return reply.value().toStdString();
+    if (reply.error().type() == QDBusError::ServiceUnknown)
         throw HostError{"no host is running in this session"};
-    throw HostError{reply.errorMessage().toStdString()};
+    throw HostError{reply.error().message().toStdString()};
 }
 
 } // namespace skyvane

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QDBusConnection>
-#include <QVariantList>
+#include "desk/bus/host_interface.h"
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -13,7 +13,10 @@ struct HostError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Calls a method of the session's running host and returns its answer. Throws `HostError`.
-std::string askHost(QDBusConnection bus, const QString& method, const QVariantList& arguments = {});
+/// One call of a method of the host.
+using HostCall = std::function<QDBusPendingReply<QString>(HostInterface&)>;
+
+/// Calls the session's running host and returns its answer. Throws `HostError`.
+std::string askHost(const QDBusConnection& bus, const HostCall& call);
 
 } // namespace skyvane

@@ -1,108 +1,48 @@
 #include "host/service/host_service.h"
 
+#include "desk/bus/names.h"
 #include "host/desktop/desktop.h"
+#include "host/service/host_adaptor.h"
 #include "ui/layout/widget_container.h"
 
 #include <QCoreApplication>
-#include <QDBusMessage>
 
 namespace skyvane {
 
-namespace {
-
-QDBusMessage refusal(const QDBusMessage& message, const QString& reason)
+HostService::HostService(QDBusConnection bus, std::optional<Desktop>& desktop)
+    : m_bus(std::move(bus)), m_desktop(desktop)
 {
-    return message.createErrorReply(QStringLiteral("org.skyvane.Host.Refused"), reason);
-}
-
-} // namespace
-
-QString HostService::name()
-{
-    return QStringLiteral("org.skyvane.Host");
-}
-
-QString HostService::path()
-{
-    return QStringLiteral("/org/skyvane/Host");
-}
-
-HostService::HostService(QDBusConnection bus) : m_bus(std::move(bus))
-{
-    m_bus.registerVirtualObject(path(), this);
+    new HostAdaptor{this}; // Belongs to its parent.
+    m_bus.registerObject(BusName::path(BusName::host()), this);
 }
 
 HostService::~HostService()
 {
-    m_bus.unregisterObject(path());
+    m_bus.unregisterObject(BusName::path(BusName::host()));
 }
 
-QString HostService::introspect(const QString&) const
+QString HostService::Add(const QString& kind, const QString& family)
 {
-    return QStringLiteral(R"(  <interface name="org.skyvane.Host">
-    <method name="Add">
-      <arg name="kind" type="s" direction="in"/>
-      <arg name="family" type="s" direction="in"/>
-      <arg name="answer" type="s" direction="out"/>
-    </method>
-    <method name="Remove">
-      <arg name="widget" type="i" direction="in"/>
-      <arg name="answer" type="s" direction="out"/>
-    </method>
-    <method name="Refresh"><arg name="answer" type="s" direction="out"/></method>
-    <method name="ListPlaced"><arg name="answer" type="s" direction="out"/></method>
-    <method name="ShowGallery"><arg name="answer" type="s" direction="out"/></method>
-    <method name="Quit"><arg name="answer" type="s" direction="out"/></method>
-  </interface>
-)");
-}
-
-bool HostService::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
-{
-    const QString method = message.member();
-    QDBusMessage reply = message.createReply(QString{});
-    if (m_desktop == nullptr || message.interface() != name())
-        return false;
-    if (method == QStringLiteral("Add") && message.signature() == QStringLiteral("ss"))
-        reply = add(message);
-    else if (method == QStringLiteral("Remove") && message.signature() == QStringLiteral("i"))
-        reply = remove(message);
-    else if (!message.signature().isEmpty())
-        return false;
-    else if (method == QStringLiteral("Refresh"))
-        m_desktop->refreshAll();
-    else if (method == QStringLiteral("ListPlaced"))
-        reply = message.createReply(placed());
-    else if (method == QStringLiteral("ShowGallery"))
-        m_desktop->showGallery();
-    else if (method == QStringLiteral("Quit"))
-        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
-    else
-        return false;
-    return connection.send(reply);
-}
-
-QDBusMessage HostService::add(const QDBusMessage& message)
-{
-    const QString kind = message.arguments().at(0).toString();
-    const QString family = message.arguments().at(1).toString();
     const auto known = WidgetContainer::named(family.toStdString());
     const auto widget = known ? m_desktop->add({.kind = kind.toStdString(), .family = *known}) : std::nullopt;
     if (!widget)
-        return refusal(
-            message, QStringLiteral("there is no widget \"%1\" of family \"%2\"").arg(kind, family));
-    return message.createReply(QString::number(*widget) + QStringLiteral("\n"));
+        return refuse(QStringLiteral("there is no widget \"%1\" of family \"%2\"").arg(kind, family));
+    return QString::number(*widget) + QStringLiteral("\n");
 }
 
-QDBusMessage HostService::remove(const QDBusMessage& message)
+QString HostService::Remove(int widget)
 {
-    const int widget = message.arguments().at(0).toInt();
-    if (!m_desktop->remove(widget))
-        return refusal(message, QStringLiteral("there is no placed widget %1").arg(widget));
-    return message.createReply(QString{});
+    return m_desktop->remove(widget) ? QString{}
+                                     : refuse(QStringLiteral("there is no placed widget %1").arg(widget));
 }
 
-QString HostService::placed() const
+QString HostService::Refresh()
+{
+    m_desktop->refreshAll();
+    return {};
+}
+
+QString HostService::ListPlaced() const
 {
     QString text;
     for (const PlacedWidget& widget : m_desktop->placed()) {
@@ -111,6 +51,25 @@ QString HostService::placed() const
                         QString::fromUtf8(WidgetContainer::name(widget.target.family)));
     }
     return text;
+}
+
+QString HostService::ShowGallery()
+{
+    m_desktop->showGallery();
+    return {};
+}
+
+QString HostService::Quit()
+{
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    return {};
+}
+
+/// Answers the call with an error; what is returned goes nowhere.
+QString HostService::refuse(const QString& reason) const
+{
+    sendErrorReply(BusName::host() + QStringLiteral(".Refused"), reason);
+    return {};
 }
 
 } // namespace skyvane

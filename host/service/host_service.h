@@ -1,45 +1,39 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QDBusVirtualObject>
+#include <QDBusContext>
+#include <QObject>
+
+#include <optional>
 
 namespace skyvane {
 
 class Desktop;
 
-/// The session's running host as other processes reach it over D-Bus: the interface org.skyvane.Host of the
-/// name org.skyvane.Host. Every method answers one text, to be printed; empty for those without a result.
-///
-///     Add(s kind, s family)   a widget more; its number
-///     Remove(i widget)
-///     Refresh()               all of them
-///     ListPlaced()            number, kind and family, one widget a line
-///     ShowGallery()           of widgets to add; as a second start of the program does
-///     Quit()
-class HostService : public QDBusVirtualObject {
+/// The session's running host as other processes reach it over D-Bus: desk/bus/org.skyvane.Host.xml.
+class HostService : public QObject, protected QDBusContext {
+    Q_OBJECT
 public:
-    static QString name();
-    static QString path();
-
-    /// Takes calls from now on for as long as it lives; they wait in the event loop.
-    explicit HostService(QDBusConnection bus);
+    /// Takes calls from now on for as long as it lives. They wait in the event loop, by which time there has
+    /// to be a desktop.
+    HostService(QDBusConnection bus, std::optional<Desktop>& desktop);
     ~HostService() override;
     HostService(const HostService&) = delete;
     HostService& operator=(const HostService&) = delete;
 
-    /// What calls are about. To be told before the event loop runs.
-    void serve(Desktop& desktop) { m_desktop = &desktop; }
-
-    QString introspect(const QString& path) const override;
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+    // The interface's methods, called by its adaptor.
+    QString Add(const QString& kind, const QString& family);
+    QString Remove(int widget);
+    QString Refresh();
+    QString ListPlaced() const;
+    QString ShowGallery();
+    QString Quit();
 
 private:
-    QDBusMessage add(const QDBusMessage& message);
-    QDBusMessage remove(const QDBusMessage& message);
-    QString placed() const;
+    QString refuse(const QString& reason) const;
 
     QDBusConnection m_bus;
-    Desktop* m_desktop = nullptr;
+    std::optional<Desktop>& m_desktop;
 };
 
 } // namespace skyvane

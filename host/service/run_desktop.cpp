@@ -1,5 +1,6 @@
 #include "host/service/run_desktop.h"
 
+#include "desk/bus/single_instance.h"
 #include "host/service/ask_host.h"
 #include "host/service/host_service.h"
 #include "platform/files/configuration_file.h"
@@ -16,7 +17,7 @@ Q_LOGGING_CATEGORY(journal, "skyvane.host")
 int showGalleryOfOther(const QDBusConnection& bus)
 {
     try {
-        askHost(bus, QStringLiteral("ShowGallery"));
+        askHost(bus, &HostInterface::ShowGallery);
         return 0;
     } catch (const HostError& error) {
         qCWarning(journal, "the running host does not answer: %s", error.what());
@@ -42,13 +43,16 @@ int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup)
     QApplication::setQuitOnLastWindowClosed(false);
     ExtensionProcess extension{program};
     extension.start(); // Gets ready while the windows do.
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    HostService service{bus}; // Before its name is known, so that nobody who knows it finds nothing.
-    if (bus.isConnected() && !bus.registerService(HostService::name()))
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    std::optional<Desktop> desktop;
+    const HostService service{bus, desktop};
+    const SingleInstance instance{bus, BusName::host()};
+    if (!instance.isFirst())
         return showGalleryOfOther(bus);
-    Desktop desktop{extension, setup};
-    service.serve(desktop);
-    return QApplication::exec();
+    desktop.emplace(extension, setup);
+    const int status = QApplication::exec();
+    desktop.reset(); // What it remembers is written before the name is free for the next host.
+    return status;
 }
 
 } // namespace skyvane

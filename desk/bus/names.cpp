@@ -1,0 +1,22 @@
+#include "desk/bus/names.h"
+
+#include "desk/bus/host_interface.h"
+
+namespace skyvane {
+
+QString BusName::host()
+{
+    return QString::fromLatin1(HostInterface::staticInterfaceName());
+}
+
+QString BusName::companion()
+{
+    return QStringLiteral("org.skyvane.Companion");
+}
+
+QString BusName::path(QString name)
+{
+    return QLatin1Char{'/'} + name.replace(QLatin1Char{'.'}, QLatin1Char{'/'});
+}
+
+} // namespace skyvane
