@@ -1,172 +1,159 @@
 #include "host/commands/command_line.h"
 
-#include <QString>
+#include "desk/help_rows.h"
 
-#include <charconv>
-#include <utility>
+#include <algorithm>
+#include <iterator>
+#include <sstream>
 
 namespace skyvane {
 
 namespace {
 
-constexpr double largestScale = 8;
-
-double scale(const std::string& word)
+bool isCalled(const Command& command, const std::vector<std::string>& words)
 {
-    double value = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
-    if (error != std::errc{} || end != word.data() + word.size() || !(value > 0 && value <= largestScale))
-        throw UsageError{"the scale is a number above 0 and up to 8, not \"" + word + "\""};
-    return value;
+    const std::vector<std::string> name = nameWords(command);
+    return words.size() >= name.size() && std::equal(name.begin(), name.end(), words.begin());
 }
 
-PictureFormat format(const std::filesystem::path& output)
-{
-    const QString ending = QString::fromStdString(output.extension().string()).toLower();
-    if (ending == QStringLiteral(".png"))
-        return PictureFormat::png;
-    if (ending == QStringLiteral(".svg"))
-        return PictureFormat::svg;
-    throw UsageError{"the output's name must end in .png or .svg: \"" + output.string() + "\""};
-}
-
-WidgetFamily family(const std::string& word)
-{
-    if (const auto family = WidgetContainer::named(word))
-        return *family;
-    throw UsageError{"unknown family \"" + word + "\": known are small, medium, large"};
-}
-
-/// The words of "render", options apart.
-class RenderParser {
+/// Sorts the words after a command's name. Where a command has no options, each word is an operand: a
+/// number below zero is told that it is none.
+class ArgumentParser {
 public:
-    explicit RenderParser(std::vector<std::string> words) : m_words(std::move(words)) { }
-
-    RenderWords parse()
+    ArgumentParser(const Command& command, std::vector<std::string> words)
+        : m_command(command), m_words(std::move(words))
     {
-        std::vector<std::string> places;
-        std::optional<std::filesystem::path> output;
-        double pixelsAPoint = 1;
-        bool isSample = false;
+    }
+
+    Arguments parse()
+    {
         while (m_next < m_words.size()) {
             const std::string& word = m_words[m_next++];
-            if (word == "--sample")
-                isSample = true;
-            else if (const auto value = valueOf("--output", word))
-                output = *value;
-            else if (const auto number = valueOf("--scale", word))
-                pixelsAPoint = scale(*number);
-            else if (word.starts_with("-"))
-                throw UsageError{"unknown option \"" + word + "\""};
+            if (m_command.options.empty() || !word.starts_with('-'))
+                m_arguments.operands.push_back(word);
             else
-                places.push_back(word);
+                readOption(word);
         }
-        if (places.size() != 2)
-            throw UsageError{"render takes a kind and a family, see skyvane-host --help"};
-        return {
-            .kind = places[0],
-            .family = family(places[1]),
-            .output = output,
-            .format = output ? format(*output) : PictureFormat::png,
-            .scale = pixelsAPoint,
-            .isSample = isSample,
-        };
+        return m_arguments;
     }
 
 private:
-    /// The value of this option, from the same word after "=" or from the next; absent when `word` is
-    /// another.
-    std::optional<std::string> valueOf(std::string_view option, const std::string& word)
+    void readOption(const std::string& word)
     {
-        if (word.starts_with(std::string{option} + "="))
-            return word.substr(option.size() + 1);
-        if (word != option)
+        for (const Option& option : m_command.options) {
+            const auto value = valueOf(option, word);
+            if (!value)
+                continue;
+            if (option.check != nullptr)
+                option.check(*value);
+            m_arguments.options.insert_or_assign(std::string{option.name}, *value);
+            return;
+        }
+        throw UsageError{"unknown option \"" + word + "\""};
+    }
+
+    /// The option's value, from the same word after "=" or from the next, empty for a switch; absent when
+    /// `word` is another option.
+    std::optional<std::string> valueOf(const Option& option, const std::string& word)
+    {
+        if (option.value && word.starts_with(std::string{option.name} + "="))
+            return word.substr(option.name.size() + 1);
+        if (word != option.name)
             return std::nullopt;
+        if (!option.value)
+            return "";
         if (m_next == m_words.size())
             throw UsageError{word + " needs a value"};
         return m_words[m_next++];
     }
 
+    const Command& m_command;
     std::vector<std::string> m_words;
     std::size_t m_next = 0;
+    Arguments m_arguments;
 };
 
-template <class Words>
-Words alone(const std::vector<std::string>& words)
+void requireOperands(const Command& command, const std::string& firstWord, const Arguments& arguments)
 {
-    if (words.size() > 1)
-        throw UsageError{"\"" + words[0] + "\" takes no more words"};
-    return {};
+    if (arguments.operands.size() == command.operands.size())
+        return;
+    if (command.operands.empty())
+        throw UsageError{"\"" + firstWord + "\" takes no more words"};
+    std::string nouns;
+    for (const Operand& operand : command.operands)
+        nouns.append(nouns.empty() ? "" : " and ").append(operand.noun);
+    throw UsageError{firstWord + " takes " + nouns + ", see skyvane-host --help"};
 }
 
-AddWords add(const std::vector<std::string>& words)
+std::string synopsis(const Command& command)
 {
-    if (words.size() != 3)
-        throw UsageError{"add takes a kind and a family, see skyvane-host --help"};
-    return {.kind = words[1], .family = family(words[2])};
+    std::string text{command.name};
+    for (const Operand& operand : command.operands)
+        text.append(" ").append(operand.name);
+    for (const Option& option : command.options) {
+        text.append(" [").append(option.name);
+        if (option.value)
+            text.append(" ").append(*option.value);
+        text += "]";
+    }
+    return text;
 }
 
-RemoveWords remove(const std::vector<std::string>& words)
+std::vector<HelpRow> rows(const Command& command)
 {
-    if (words.size() != 2)
-        throw UsageError{"remove takes a widget's number, see skyvane-host --help"};
-    int widget = 0;
-    const char* const last = words[1].data() + words[1].size();
-    const auto [end, error] = std::from_chars(words[1].data(), last, widget);
-    if (error != std::errc{} || end != last || widget < 1)
-        throw UsageError{"a widget's number is that of list --placed, not \"" + words[1] + "\""};
-    return {.widget = widget};
+    std::vector<HelpRow> rows;
+    for (const Operand& operand : command.operands) {
+        if (operand.help)
+            rows.push_back({.name = operand.name, .help = *operand.help});
+    }
+    for (const Option& option : command.options)
+        rows.push_back({.name = option.name, .help = option.help});
+    return rows;
 }
 
 } // namespace
 
-Command parseCommandLine(const std::vector<std::string>& words)
+std::optional<std::string> Arguments::option(std::string_view name) const
 {
-    if (words[0] == "render")
-        return RenderParser{{words.begin() + 1, words.end()}}.parse();
-    if (words == std::vector<std::string>{"list", "--placed"})
-        return PlacedWords{};
-    if (words[0] == "add")
-        return add(words);
-    if (words[0] == "remove")
-        return remove(words);
-    if (words[0] == "refresh")
-        return alone<RefreshWords>(words);
-    if (words[0] == "quit")
-        return alone<QuitWords>(words);
-    if (words[0] == "list")
-        return alone<ListWords>(words);
-    if (words[0] == "--help")
-        return alone<HelpWords>(words);
-    if (words[0] == "--version")
-        return alone<VersionWords>(words);
-    throw UsageError{"unknown command \"" + words[0] + "\", see skyvane-host --help"};
+    const auto found = options.find(name);
+    return found == options.end() ? std::nullopt : std::optional{found->second};
 }
 
-std::string usage()
+std::vector<std::string> nameWords(const Command& command)
 {
-    return R"(Usage:
+    std::istringstream words{std::string{command.name}};
+    return {std::istream_iterator<std::string>{words}, {}};
+}
+
+CommandCall parseCommandLine(const std::vector<Command>& table, const std::vector<std::string>& words)
+{
+    const auto command
+        = std::ranges::find_if(table, [&](const Command& entry) { return isCalled(entry, words); });
+    if (command == table.end())
+        throw UsageError{"unknown command \"" + words[0] + "\", see skyvane-host --help"};
+    const auto nameSize = static_cast<std::ptrdiff_t>(nameWords(*command).size());
+    CommandCall call{*command, ArgumentParser{*command, {words.begin() + nameSize, words.end()}}.parse()};
+    requireOperands(*command, words[0], call.arguments);
+    for (std::size_t index = 0; index < command->operands.size(); ++index) {
+        if (const WordCheck check = command->operands[index].check)
+            check(call.arguments.operands[index]);
+    }
+    return call;
+}
+
+std::string usage(const std::vector<Command>& table)
+{
+    std::string text = R"(Usage:
   skyvane-host
       Shows the widgets on the desktop; where they are shown already, the gallery.
-  skyvane-host add KIND FAMILY
-      Adds a widget to the desktop and prints its number.
-  skyvane-host remove NUMBER
-  skyvane-host refresh
-  skyvane-host quit
-  skyvane-host list --placed
-      The widgets on the desktop: number, kind and family.
-  skyvane-host list
-      The widgets: kind, name and families.
-  skyvane-host render KIND FAMILY [--output FILE] [--scale N] [--sample]
-      Writes a widget as a picture and prints the file's name.
-      KIND       as listed, or its last component
-      FAMILY     small, medium or large
-      --output   a name that ends in .png or .svg (default: KIND-FAMILY.png)
-      --scale    pixels a point of a PNG, above 0 and up to 8 (default: 1)
-      --sample   the built-in sample instead of live data
-  skyvane-host --help
-  skyvane-host --version
 )";
+    for (const Command& command : table) {
+        text += "  skyvane-host " + synopsis(command) + "\n";
+        if (command.help)
+            text.append(6, ' ').append(*command.help).append("\n");
+        text += helpRows(rows(command), 6);
+    }
+    return text;
 }
 
 } // namespace skyvane

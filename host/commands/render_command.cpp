@@ -1,15 +1,39 @@
 #include "host/commands/render_command.h"
 
+#include "host/commands/operands.h"
 #include "paint/render.h"
 
 #include <QBuffer>
 #include <QSaveFile>
 
 #include <algorithm>
+#include <charconv>
+#include <ostream>
 
 namespace skyvane {
 
 namespace {
+
+constexpr double largestScale = 8;
+
+double scale(const std::string& word)
+{
+    double value = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
+    if (error != std::errc{} || end != word.data() + word.size() || !(value > 0 && value <= largestScale))
+        throw UsageError{"the scale is a number above 0 and up to 8, not \"" + word + "\""};
+    return value;
+}
+
+PictureFormat format(const std::filesystem::path& output)
+{
+    const QString ending = QString::fromStdString(output.extension().string()).toLower();
+    if (ending == QStringLiteral(".png"))
+        return PictureFormat::png;
+    if (ending == QStringLiteral(".svg"))
+        return PictureFormat::svg;
+    throw UsageError{"the output's name must end in .png or .svg: \"" + output.string() + "\""};
+}
 
 WidgetInfo chosenWidget(const RenderWords& words, const std::vector<WidgetInfo>& widgets)
 {
@@ -81,9 +105,8 @@ void write(const std::filesystem::path& path, const QByteArray& bytes)
         throw OutputError{"cannot write " + path.string() + ": " + file.errorString().toStdString()};
 }
 
-} // namespace
-
-std::filesystem::path renderWidget(const RenderWords& words, ExtensionClient& extension)
+/// Writes the picture, whole or not at all, and returns its file.
+std::filesystem::path render(const RenderWords& words, ExtensionClient& extension)
 {
     const WidgetInfo widget = chosenWidget(words, extension.ask(Protocol::ListCall{}).widgets);
     requireFamily(widget, words.family);
@@ -91,6 +114,71 @@ std::filesystem::path renderWidget(const RenderWords& words, ExtensionClient& ex
     std::filesystem::path output = words.output.value_or(defaultOutput(widget, words.family));
     write(output, picture(words, widget, entry));
     return output;
+}
+
+void run(const Arguments& arguments, const CommandContext& context)
+{
+    const RenderWords words = RenderWords::read(arguments);
+    ExtensionClient extension{context.extension};
+    context.out << render(words, extension).string() << "\n";
+}
+
+std::vector<Candidate> pictureNames(const Arguments&, const CommandContext&)
+{
+    return {{.word = "*.png", .meaning = ""}, {.word = "*.svg", .meaning = ""}};
+}
+
+std::vector<Candidate> usualScales(const Arguments&, const CommandContext&)
+{
+    std::vector<Candidate> scales;
+    for (const char* word : {"1", "2", "3", "4"})
+        scales.push_back({.word = word, .meaning = ""});
+    return scales;
+}
+
+} // namespace
+
+RenderWords RenderWords::read(const Arguments& arguments)
+{
+    const auto output = arguments.option("--output");
+    return {
+        .kind = arguments.operands[0],
+        .family = familyNamed(arguments.operands[1]),
+        .output = output,
+        .format = output ? skyvane::format(*output) : PictureFormat::png,
+        .scale = skyvane::scale(arguments.option("--scale").value_or("1")),
+        .isSample = arguments.option("--sample").has_value(),
+    };
+}
+
+Command renderCommand()
+{
+    return {
+        .name = "render",
+        .operands = {kindOperand(), familyOperand()},
+        .options = {
+            {
+                .name = "--output",
+                .value = "FILE",
+                .help = "a name that ends in .png or .svg (default: KIND-FAMILY.png)",
+                .candidates = pictureNames,
+            },
+            {
+                .name = "--scale",
+                .value = "N",
+                .help = "pixels a point of a PNG, above 0 and up to 8 (default: 1)",
+                .check = [](const std::string& word) { scale(word); },
+                .candidates = usualScales,
+            },
+            {
+                .name = "--sample",
+                .help = "the built-in sample instead of live data",
+            },
+        },
+        .help = "Writes a widget as a picture and prints the file's name.",
+        .meaning = "Write a widget as a picture",
+        .run = run,
+    };
 }
 
 } // namespace skyvane

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "host/commands/command_line.h"
-#include "host/extension/client.h"
+#include "host/commands/command.h"
 
 #include <filesystem>
-#include <stdexcept>
 
 namespace skyvane {
 
@@ -13,8 +11,25 @@ struct OutputError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Writes the picture, whole or not at all, and returns its file. Throws `UsageError` for a widget that there
-/// is not, `ExtensionError` and `OutputError`. Needs a QGuiApplication.
-std::filesystem::path renderWidget(const RenderWords& words, ExtensionClient& extension);
+enum class PictureFormat { png, svg };
+
+/// What "render" is asked for.
+struct RenderWords {
+    std::string kind; ///< In full, or its last component.
+    WidgetFamily family;
+    std::optional<std::filesystem::path> output{};
+    PictureFormat format = PictureFormat::png; ///< By the output's ending.
+    double scale = 1; ///< Pixels a point, up to 8.
+    bool isSample = false;
+
+    /// Throws `UsageError`.
+    static RenderWords read(const Arguments& arguments);
+
+    bool operator==(const RenderWords&) const = default;
+};
+
+/// One widget into one file. It throws `UsageError` for a widget that there is not, `ExtensionError` and
+/// `OutputError`, and needs a QGuiApplication.
+Command renderCommand();
 
 } // namespace skyvane

@@ -2,50 +2,14 @@
 
 #include "desk/one_line.h"
 #include "host/commands/command_line.h"
-#include "host/commands/list_command.h"
-#include "host/commands/render_command.h"
-#include "host/service/ask_host.h"
+#include "host/commands/completion.h"
+#include "host/commands/table.h"
 
 #include <ostream>
 
 namespace skyvane {
 
 namespace {
-
-struct Runner {
-    const ExtensionProgram& program;
-    std::ostream& out;
-
-    void operator()(const RenderWords& words) const
-    {
-        ExtensionClient extension{program};
-        out << renderWidget(words, extension).string() << "\n";
-    }
-
-    void operator()(const ListWords&) const
-    {
-        out << listText(ExtensionClient{program}.ask(Protocol::ListCall{}).widgets);
-    }
-    void operator()(const PlacedWords&) const { tell(&HostInterface::ListPlaced); }
-    void operator()(const AddWords& words) const
-    {
-        tell([&](HostInterface& host) {
-            return host.Add(
-                QString::fromStdString(words.kind), QString::fromUtf8(WidgetContainer::name(words.family)));
-        });
-    }
-    void operator()(const RemoveWords& words) const
-    {
-        tell([&](HostInterface& host) { return host.Remove(words.widget); });
-    }
-    void operator()(const RefreshWords&) const { tell(&HostInterface::Refresh); }
-    void operator()(const QuitWords&) const { tell(&HostInterface::Quit); }
-    void operator()(const HelpWords&) const { out << usage(); }
-    void operator()(const VersionWords&) const { out << "skyvane-host " SKYVANE_VERSION "\n"; }
-
-private:
-    void tell(const HostCall& call) const { out << askHost(QDBusConnection::sessionBus(), call); }
-};
 
 int fail(int status, const std::exception& reason, std::ostream& error)
 {
@@ -58,11 +22,17 @@ int fail(int status, const std::exception& reason, std::ostream& error)
 int runCommand(const std::vector<std::string>& words, const ExtensionProgram& extension, Streams streams)
 {
     if (words.empty()) {
-        streams.error << usage();
+        streams.error << usage(commands());
         return 2;
     }
+    const CommandContext context{.extension = extension, .out = streams.out};
     try {
-        std::visit(Runner{.program = extension, .out = streams.out}, parseCommandLine(words));
+        if (words.size() > 1 && words[0] == "--complete") { // For the shells' completions, not for people.
+            streams.out << completions(commands(), {words.begin() + 1, words.end()}, context);
+            return 0;
+        }
+        const CommandCall call = parseCommandLine(commands(), words);
+        call.command.run(call.arguments, context);
         return 0;
     } catch (const UsageError& error) {
         return fail(2, error, streams.error);

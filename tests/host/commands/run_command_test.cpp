@@ -178,6 +178,12 @@ TEST_F(RunCommand, helpAndVersionNeedNoExtension)
         run({"--version"}, {.path = "/nowhere"}).out, testing::MatchesRegex("skyvane-host [0-9.]+\n"));
 }
 
+TEST_F(RunCommand, aShellIsToldWhatMayComeNext)
+{
+    EXPECT_THAT(run({"--complete", "list", ""}, {.path = "/nowhere"}).out, StartsWith("--placed\t"));
+    EXPECT_EQ(run({"--complete", "add", ""}, {.path = "/nowhere"}).out, "");
+}
+
 TEST_F(RunCommand, withoutACommandTheUsageIsShown)
 {
     const CommandOutcome outcome = run({}, {.path = "/nowhere"});

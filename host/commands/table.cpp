@@ -1,0 +1,123 @@
+#include "host/commands/table.h"
+
+#include "desk/one_line.h"
+#include "host/commands/command_line.h"
+#include "host/commands/operands.h"
+#include "host/commands/render_command.h"
+#include "host/service/ask_host.h"
+
+#include <ostream>
+
+namespace skyvane {
+
+namespace {
+
+void tell(const CommandContext& context, const HostCall& call)
+{
+    context.out << askHost(QDBusConnection::sessionBus(), call);
+}
+
+void add(const Arguments& arguments, const CommandContext& context)
+{
+    const QString kind = QString::fromStdString(arguments.operands[0]);
+    const QString family = QString::fromStdString(arguments.operands[1]);
+    tell(context, [&](HostInterface& host) { return host.Add(kind, family); });
+}
+
+void remove(const Arguments& arguments, const CommandContext& context)
+{
+    const int widget = placedNumber(arguments.operands[0]);
+    tell(context, [&](HostInterface& host) { return host.Remove(widget); });
+}
+
+template <auto method>
+void tellHost(const Arguments&, const CommandContext& context)
+{
+    tell(context, method);
+}
+
+/// One line a widget: kind, name and families, separated by tabs.
+void list(const Arguments&, const CommandContext& context)
+{
+    const Protocol::WidgetList list = ExtensionClient{context.extension}.ask(Protocol::ListCall{});
+    for (const WidgetInfo& widget : list.widgets) {
+        std::string families;
+        for (const WidgetFamily family : widget.families)
+            families.append(families.empty() ? "" : ", ").append(WidgetContainer::name(family));
+        context.out << oneLine(widget.kind) << "\t" << oneLine(widget.displayName) << "\t" << families
+                    << "\n";
+    }
+}
+
+void help(const Arguments&, const CommandContext& context)
+{
+    context.out << usage(commands());
+}
+
+void version(const Arguments&, const CommandContext& context)
+{
+    context.out << "skyvane-host " SKYVANE_VERSION "\n";
+}
+
+Operand unexplained(Operand operand)
+{
+    operand.help.reset();
+    return operand;
+}
+
+} // namespace
+
+const std::vector<Command>& commands()
+{
+    static const std::vector<Command> table{
+        {
+            .name = "add",
+            .operands = {unexplained(kindOperand()), unexplained(familyOperand())},
+            .help = "Adds a widget to the desktop and prints its number.",
+            .meaning = "Add a widget to the desktop",
+            .run = add,
+        },
+        {
+            .name = "remove",
+            .operands = {numberOperand()},
+            .meaning = "Remove a widget from the desktop",
+            .run = remove,
+        },
+        {
+            .name = "refresh",
+            .meaning = "Ask for new content",
+            .run = tellHost<&HostInterface::Refresh>,
+        },
+        {
+            .name = "quit",
+            .meaning = "End the host",
+            .run = tellHost<&HostInterface::Quit>,
+        },
+        {
+            .name = "list --placed",
+            .help = "The widgets on the desktop: number, kind and family.",
+            .meaning = "Those on the desktop",
+            .run = tellHost<&HostInterface::ListPlaced>,
+        },
+        {
+            .name = "list",
+            .help = "The widgets: kind, name and families.",
+            .meaning = "The widgets that there are",
+            .run = list,
+        },
+        renderCommand(),
+        {
+            .name = "--help",
+            .meaning = "Print a summary",
+            .run = help,
+        },
+        {
+            .name = "--version",
+            .meaning = "Print the version",
+            .run = version,
+        },
+    };
+    return table;
+}
+
+} // namespace skyvane
