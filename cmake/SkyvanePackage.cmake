@@ -28,7 +28,8 @@ install(TARGETS ${skyvane_packaged} EXPORT SkyvaneTargets
 install(DIRECTORY core platform
     DESTINATION ${skyvane_headers_folder} COMPONENT development
     FILES_MATCHING PATTERN "*.h" PATTERN "authorities.h" EXCLUDE PATTERN "broken_pipe.h" EXCLUDE PATTERN "catalogue.h" EXCLUDE
-    PATTERN "handles.h" EXCLUDE PATTERN "outcome.h" EXCLUDE PATTERN "resting_connection.h" EXCLUDE PATTERN "transfer.h" EXCLUDE
+    PATTERN "configuration_file.h" EXCLUDE PATTERN "handles.h" EXCLUDE PATTERN "outcome.h" EXCLUDE
+    PATTERN "programs.h" EXCLUDE PATTERN "resting_connection.h" EXCLUDE PATTERN "transfer.h" EXCLUDE
 )
 install(DIRECTORY ui/tree
     DESTINATION ${skyvane_headers_folder}/ui COMPONENT development

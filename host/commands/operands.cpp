@@ -1,6 +1,7 @@
 #include "host/commands/operands.h"
 
 #include "host/service/ask_host.h"
+#include "ui/layout/widget_container.h"
 
 #include <charconv>
 #include <sstream>

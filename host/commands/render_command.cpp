@@ -2,6 +2,7 @@
 
 #include "host/commands/operands.h"
 #include "paint/render.h"
+#include "ui/layout/widget_container.h"
 
 #include <QBuffer>
 #include <QSaveFile>

@@ -5,6 +5,7 @@
 #include "host/commands/operands.h"
 #include "host/commands/render_command.h"
 #include "host/service/ask_host.h"
+#include "ui/layout/widget_container.h"
 
 #include <ostream>
 
