@@ -1,5 +1,7 @@
 #include "companion/position/location_service.h"
 
+#include "desk/bus/names.h"
+
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
@@ -18,7 +20,6 @@ constexpr auto managerInterface = "org.freedesktop.GeoClue2.Manager";
 constexpr auto clientInterface = "org.freedesktop.GeoClue2.Client";
 constexpr auto locationInterface = "org.freedesktop.GeoClue2.Location";
 constexpr auto propertiesInterface = "org.freedesktop.DBus.Properties";
-constexpr auto desktopId = "org.skyvane.Companion";
 constexpr uint exactly = 8; // The service's own scale of accuracy.
 
 QDBusMessage method(const QString& path, const char* interface, const char* name)
@@ -138,7 +139,7 @@ void LocationService::introduce(const QDBusMessage& client)
     m_client = reply.value().path();
     m_bus.connect(QLatin1String{service}, m_client, QLatin1String{clientInterface},
         QStringLiteral("LocationUpdated"), this, SLOT(locationUpdated(QDBusObjectPath, QDBusObjectPath)));
-    call(setting(m_client, "DesktopId", QLatin1String{desktopId}), [this](const QDBusMessage&) {
+    call(setting(m_client, "DesktopId", BusName::companion()), [this](const QDBusMessage&) {
         call(setting(m_client, "RequestedAccuracyLevel", exactly), [this](const QDBusMessage&) { start(); });
     });
 }

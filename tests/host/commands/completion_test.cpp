@@ -15,9 +15,9 @@ namespace {
 std::vector<std::string> offered(const std::vector<std::string>& words)
 {
     const test::FakeExtension extension{"good"};
-    const ExtensionProgram program = extension.program();
     std::ostringstream unused;
-    std::istringstream lines{completions(commands(), words, {.extension = program, .out = unused})};
+    std::istringstream lines{
+        completions(commands(), words, {.extension = extension.program(), .out = unused})};
     std::vector<std::string> offered;
     for (std::string line; std::getline(lines, line);)
         offered.push_back(line.substr(0, line.find('\t')));
