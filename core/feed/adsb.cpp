@@ -168,7 +168,7 @@ std::vector<Aircraft> fetch(
     }
     if (hasEmptySky)
         return {};
-    throw lastError;
+    throw FetchError{lastError};
 }
 
 } // namespace skyvane::ADSB
