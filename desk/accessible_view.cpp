@@ -2,6 +2,8 @@
 
 #include "desk/accessible_part.h"
 
+#include <QWidget>
+
 #include <algorithm>
 
 namespace skyvane {
