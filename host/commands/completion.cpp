@@ -1,7 +1,7 @@
 #include "host/commands/completion.h"
 
-#include "desk/one_line.h"
 #include "host/commands/command_line.h"
+#include "platform/text/one_line.h"
 
 #include <algorithm>
 #include <iterator>

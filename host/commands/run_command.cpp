@@ -1,9 +1,9 @@
 #include "host/commands/run_command.h"
 
-#include "desk/one_line.h"
 #include "host/commands/command_line.h"
 #include "host/commands/completion.h"
 #include "host/commands/table.h"
+#include "platform/text/one_line.h"
 
 #include <ostream>
 

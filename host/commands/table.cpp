@@ -1,10 +1,10 @@
 #include "host/commands/table.h"
 
-#include "desk/one_line.h"
 #include "host/commands/command_line.h"
 #include "host/commands/operands.h"
 #include "host/commands/render_command.h"
 #include "host/service/ask_host.h"
+#include "platform/text/one_line.h"
 #include "ui/layout/widget_container.h"
 
 #include <ostream>

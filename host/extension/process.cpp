@@ -1,8 +1,8 @@
 #include "host/extension/process.h"
 
-#include "desk/one_line.h"
 #include "host/extension/error.h"
 #include "host/extension/failures.h"
+#include "platform/text/one_line.h"
 
 #include <QLoggingCategory>
 
