@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/pinned.h"
-
 #include <chrono>
 
 namespace skyvane {
@@ -12,12 +10,7 @@ using Date = std::chrono::sys_time<std::chrono::milliseconds>;
 /// The wall clock: the system's, unless a `Pinned<Date>` stands in for it.
 namespace Clock {
 
-inline Date now()
-{
-    if (const Date* pinned = Pinned<Date>::current())
-        return *pinned;
-    return std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
-}
+Date now();
 
 } // namespace Clock
 

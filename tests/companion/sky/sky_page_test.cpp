@@ -3,6 +3,7 @@
 #include "companion/sky/sky_page.h"
 #include "companion/sky/sky_table.h"
 #include "desk/display_list_view.h"
+#include "platform/pinned.h"
 #include "tests/companion/companion_stage.h"
 
 #include <QLineEdit>

@@ -1,5 +1,6 @@
 #include "core/model/aircraft.h"
 
+#include "platform/pinned.h"
 #include "platform/text/locale.h"
 
 #include <gtest/gtest.h>

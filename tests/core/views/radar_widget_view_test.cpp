@@ -4,6 +4,7 @@
 #include "core/views/sample_entry.h"
 #include "core/views/setup_prompt.h"
 #include "core/views/widget_aircraft_row.h"
+#include "platform/pinned.h"
 #include "tests/core/sample_sky.h"
 #include "ui/tree/build.h"
 

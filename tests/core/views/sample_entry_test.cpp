@@ -1,5 +1,6 @@
 #include "core/views/sample_entry.h"
 
+#include "platform/pinned.h"
 #include "tests/core/sample_sky.h"
 
 #include <gtest/gtest.h>

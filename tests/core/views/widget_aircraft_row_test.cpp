@@ -1,5 +1,6 @@
 #include "core/views/widget_aircraft_row.h"
 
+#include "platform/pinned.h"
 #include "tests/core/sample_sky.h"
 #include "ui/tree/build.h"
 

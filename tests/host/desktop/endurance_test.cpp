@@ -1,5 +1,6 @@
 #include "host/desktop/widget_window.h"
 #include "host/extension/schedule.h"
+#include "platform/pinned.h"
 #include "tests/host/extension/fake_extension.h"
 #include "tests/session/wait_for.h"
 

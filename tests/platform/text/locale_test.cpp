@@ -1,5 +1,7 @@
 #include "platform/text/locale.h"
 
+#include "platform/pinned.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
