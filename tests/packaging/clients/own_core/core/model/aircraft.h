@@ -1,0 +1,6 @@
+#pragma once
+
+/// What another project may well have under this name.
+struct Aircraft {
+    int seats;
+};
