@@ -24,7 +24,7 @@ inline void showEverywhere(const SkyEntry& entry)
             const Protocol::OneEntry result{
                 Extension::widgetEntry(entry, {.widget = &widget, .family = family})};
             const std::string line = Extension::resultLine("1", Protocol::write(result));
-            require(line.size() <= Protocol::Limits::longestAnswer && line.find('\n') == line.size() - 1);
+            require(line.size() <= Protocol::Limits::longestTimeline && line.find('\n') == line.size() - 1);
             dump(WidgetContainer::layout(view, family, test::EvenMeasurer{}));
         }
     }

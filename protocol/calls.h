@@ -57,6 +57,26 @@ struct Members<SnapshotParams> {
         = std::tuple{embedded(&SnapshotParams::target), member("isPreview", &SnapshotParams::isPreview)};
 };
 
+struct TimelinesParams {
+    std::vector<WidgetTarget> widgets; ///< At least one, at most `Limits::mostWidgets`.
+
+    bool operator==(const TimelinesParams&) const = default;
+};
+
+template <>
+struct Members<TimelinesParams> {
+    static constexpr auto list = std::tuple{member("widgets", &TimelinesParams::widgets)};
+};
+
+struct WidgetTimelines {
+    std::vector<WidgetTimeline> timelines; ///< In the order asked.
+};
+
+template <>
+struct Members<WidgetTimelines> {
+    static constexpr auto list = std::tuple{member("timelines", &WidgetTimelines::timelines)};
+};
+
 // Each call has its name and the types of its parameters and its result. One that asks the feed may take its
 // time, and a host spaces such calls.
 
@@ -100,8 +120,18 @@ struct TimelineCall {
     bool asksFeed() const { return true; }
 };
 
+/// The same of several widgets, all of one moment's sky.
+struct TimelinesCall {
+    static constexpr std::string_view name = "widgets.timelines";
+    using Params = TimelinesParams;
+    using Result = WidgetTimelines;
+    Params params;
+
+    bool asksFeed() const { return true; }
+};
+
 /// The table of calls: a new one is one entry more.
-using AnyCall = std::variant<ListCall, PlaceholderCall, SnapshotCall, TimelineCall>;
+using AnyCall = std::variant<ListCall, PlaceholderCall, SnapshotCall, TimelineCall, TimelinesCall>;
 
 /// The one notification. Names a request, which is then answered with `ErrorCode::cancelled`.
 inline constexpr std::string_view cancelNotification = "cancel";

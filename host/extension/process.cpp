@@ -53,13 +53,13 @@ ExtensionProcess::~ExtensionProcess()
 
 void ExtensionProcess::ask(Question question)
 {
-    (question.isTimeline ? m_waitingTimelines : m_waiting).push_back(std::move(question));
+    (question.asksFeed ? m_waitingForFeed : m_waiting).push_back(std::move(question));
     pump();
 }
 
 void ExtensionProcess::pump()
 {
-    if (m_waiting.empty() && m_waitingTimelines.empty())
+    if (m_waiting.empty() && m_waitingForFeed.empty())
         return;
     if (m_process.state() != QProcess::Running)
         return startWhenAllowed();
@@ -67,12 +67,10 @@ void ExtensionProcess::pump()
         return;
     while (!m_waiting.empty())
         send(m_waiting);
-    if (!m_waitingTimelines.empty() && m_nextTimeline.hasExpired()) {
-        m_nextTimeline = QDeadlineTimer{m_pace.betweenTimelines, Qt::PreciseTimer};
-        send(m_waitingTimelines);
-    }
-    if (!m_waitingTimelines.empty())
-        wait(m_wake, m_nextTimeline);
+    if (!m_waitingForFeed.empty() && m_nextToFeed.hasExpired() && send(m_waitingForFeed))
+        m_nextToFeed = QDeadlineTimer{m_pace.betweenTimelines, Qt::PreciseTimer};
+    if (!m_waitingForFeed.empty())
+        wait(m_wake, m_nextToFeed);
 }
 
 void ExtensionProcess::startWhenAllowed()
@@ -85,14 +83,21 @@ void ExtensionProcess::startWhenAllowed()
     m_process.start();
 }
 
-void ExtensionProcess::send(std::deque<Question>& queue)
+/// The first of the queue; false when there was nothing to ask after all.
+bool ExtensionProcess::send(std::deque<Question>& queue)
 {
     Question next = std::move(queue.front());
     queue.pop_front();
-    m_process.write(next.line);
-    next.deadline = QDeadlineTimer{m_program.timeout, Qt::PreciseTimer};
-    m_asked.emplace(next.id, std::move(next));
+    const std::optional<QByteArray> line = next.makeLine();
+    if (line) {
+        m_process.write(*line);
+        next.deadline = QDeadlineTimer{m_program.timeout, Qt::PreciseTimer};
+        m_asked.emplace(next.id, std::move(next));
+    } else {
+        next.fail();
+    }
     settle();
+    return line.has_value();
 }
 
 void ExtensionProcess::read()
@@ -125,7 +130,7 @@ void ExtensionProcess::handle(const QByteArray& line)
     std::function<void()> deliver = place->second.fail;
     try {
         deliver = place->second.decode(Protocol::resultOf(answer.root(), id));
-        if (place->second.isTimeline) {
+        if (place->second.asksFeed) {
             m_backOff = {};
             m_toldFailure.clear();
         }
@@ -141,7 +146,7 @@ void ExtensionProcess::handleStartError(QProcess::ProcessError error)
 {
     if (error != QProcess::FailedToStart)
         return;
-    for (std::deque<Question>* queue : {&m_waiting, &m_waitingTimelines}) {
+    for (std::deque<Question>* queue : {&m_waiting, &m_waitingForFeed}) {
         for (Question& question : std::exchange(*queue, {}))
             m_asked.emplace(question.id, std::move(question));
     }
@@ -203,7 +208,7 @@ void ExtensionProcess::settle()
     m_idle.stop();
     if (!m_asked.empty())
         wait(m_patience, earliestDeadline());
-    else if (m_process.state() == QProcess::Running && m_waitingTimelines.empty())
+    else if (m_process.state() == QProcess::Running && m_waitingForFeed.empty())
         m_idle.start(m_pace.idle);
 }
 

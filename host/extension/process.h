@@ -13,13 +13,15 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <utility>
 
 namespace skyvane {
 
 /// How the host spaces what it asks and how often it tries.
 struct ExtensionPace {
-    std::chrono::milliseconds betweenTimelines{Protocol::Limits::betweenTimelines}; ///< Over all widgets.
+    std::chrono::milliseconds betweenTimelines{
+        Protocol::Limits::betweenTimelines}; ///< Questions to the feed.
     std::chrono::milliseconds idle{std::chrono::seconds{10}}; ///< Without a question, then it is ended.
     std::chrono::milliseconds grace{Protocol::Limits::timeToEnd}; ///< To end by itself.
     std::chrono::milliseconds firstBackOff{std::chrono::seconds{5}}; ///< Before a restart; doubles.
@@ -28,7 +30,8 @@ struct ExtensionPace {
 
 /// The widget extension as a process of the event loop: started when something is asked, ended when idle,
 /// started again after a failure. Answers come in any order; a failure is an absent answer, with one line in
-/// the journal until the extension answers a timeline again.
+/// the journal until the extension answers a question to the feed again. It is a rate limiter, too, for
+/// those.
 class ExtensionProcess {
 public:
     template <class Result>
@@ -45,35 +48,55 @@ public:
     template <class Call>
     void ask(const Call& call, Answer<typename Call::Result> answer)
     {
+        ask<Call>([call] { return std::optional{call}; }, std::move(answer), call.asksFeed());
+    }
+
+    /// A call that asks the feed, made when its turn comes, of what is wanted by then; the answer to none is
+    /// absent.
+    template <class Call>
+    void askInTurn(std::function<std::optional<Call>()> make, Answer<typename Call::Result> answer)
+    {
+        ask<Call>(std::move(make), std::move(answer), /*asksFeed=*/true);
+    }
+
+private:
+    struct Question {
+        std::int64_t id;
+        std::function<std::optional<QByteArray>()>
+            makeLine; ///< Absent when there is nothing to ask after all.
+        /// What to do with a result; throws `JSON::DecodingError`.
+        std::function<std::function<void()>(JSON::Value)> decode;
+        std::function<void()> fail;
+        bool asksFeed;
+        QDeadlineTimer deadline{};
+    };
+
+    template <class Call>
+    void ask(std::function<std::optional<Call>()> make, Answer<typename Call::Result> answer, bool asksFeed)
+    {
         const std::int64_t id = ++m_lastId;
         ask({
             .id = id,
-            .line = QByteArray::fromStdString(Protocol::requestLine(id, call)),
+            .makeLine = [id, make = std::move(make)]() -> std::optional<QByteArray> {
+                const std::optional<Call> call = make();
+                if (!call)
+                    return std::nullopt;
+                return QByteArray::fromStdString(Protocol::requestLine(id, *call));
+            },
             .decode =
                 [answer](JSON::Value value) {
                     auto result = Protocol::read<typename Call::Result>(value);
                     return [answer, result = std::move(result)] { answer(result); };
                 },
             .fail = [answer] { answer(std::nullopt); },
-            .isTimeline = call.asksFeed(),
+            .asksFeed = asksFeed,
         });
     }
-
-private:
-    struct Question {
-        std::int64_t id;
-        QByteArray line;
-        /// What to do with a result; throws `JSON::DecodingError`.
-        std::function<std::function<void()>(JSON::Value)> decode;
-        std::function<void()> fail;
-        QDeadlineTimer deadline{};
-        bool isTimeline = false;
-    };
 
     void ask(Question question);
     void pump();
     void startWhenAllowed();
-    void send(std::deque<Question>& queue);
+    bool send(std::deque<Question>& queue);
     void read();
     void handle(const QByteArray& line);
     void handleStartError(QProcess::ProcessError error);
@@ -90,14 +113,14 @@ private:
     QProcess m_process;
     AnswerLines m_lines;
     std::deque<Question> m_waiting;
-    std::deque<Question> m_waitingTimelines;
+    std::deque<Question> m_waitingForFeed;
     std::map<std::int64_t, Question> m_asked;
     std::int64_t m_lastId = 0;
     bool m_isEnding = false; ///< Takes no more questions and is still there.
     std::chrono::milliseconds m_backOff{0};
     std::string m_toldFailure; ///< What the journal knows already.
     QDeadlineTimer m_nextStart{0};
-    QDeadlineTimer m_nextTimeline{0};
+    QDeadlineTimer m_nextToFeed{0};
     QTimer m_wake; ///< For what waits.
     QTimer m_patience; ///< For the oldest question's answer.
     QTimer m_idle;

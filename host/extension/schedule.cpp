@@ -30,17 +30,9 @@ Schedule::Schedule(ExtensionProcess& extension, Show show)
 
 void Schedule::add(int widget, const WidgetTarget& target)
 {
-    const int serial = ++m_lastSerial;
-    m_plans.insert_or_assign(widget, Plan{.target = target, .serial = serial, .due = Clock::now()});
-    const Protocol::PlaceholderCall call{.params = target};
-    m_extension.ask(call, [=, this](const std::optional<Protocol::OneEntry>& placeholder) {
-        Plan* plan = find(widget, serial);
-        if (plan == nullptr || !placeholder || plan->timeline)
-            return;
-        plan->shown = placeholder->entry;
-        m_show(widget, {.entry = placeholder->entry, .isStale = plan->missed >= 2});
-    });
-    lookAtClock();
+    m_plans.insert_or_assign(widget, Plan{.target = target});
+    askPlaceholder(widget, target);
+    refreshSoon();
 }
 
 void Schedule::remove(int widget)
@@ -52,65 +44,105 @@ void Schedule::remove(int widget)
 void Schedule::refresh(int widget)
 {
     if (const auto plan = m_plans.find(widget); plan != m_plans.end()) {
-        plan->second.isOutdated = plan->second.isAsking;
-        plan->second.due = Clock::now();
-        lookAtClock();
+        plan->second.isRefreshing = true;
+        refreshSoon();
     }
 }
 
 void Schedule::refreshAll()
 {
-    for (auto& [widget, plan] : m_plans) {
-        plan.isOutdated = plan.isAsking;
-        plan.due = Clock::now();
-    }
+    for (auto& [widget, plan] : m_plans)
+        plan.isRefreshing = true;
+    refreshSoon();
+}
+
+void Schedule::refreshSoon()
+{
+    m_due = Clock::now();
     lookAtClock();
 }
 
+/// Placeholders come at once; the question waits for them, so that it is for all widgets.
 void Schedule::lookAtClock()
 {
-    const Date now = Clock::now();
-    for (auto& [widget, plan] : m_plans) {
-        if (!plan.isAsking && plan.due <= now)
-            ask(widget, plan);
-        else if (plan.timeline)
-            show(widget, plan);
-    }
+    for (auto& [widget, plan] : m_plans)
+        show(widget, plan);
+    if (!m_isAsking && m_placeholders == 0 && !m_plans.empty() && m_due <= Clock::now())
+        askTimelines();
     arm();
 }
 
-Schedule::Plan* Schedule::find(int widget, int serial)
+void Schedule::askPlaceholder(int widget, const WidgetTarget& target)
 {
-    const auto place = m_plans.find(widget);
-    return place != m_plans.end() && place->second.serial == serial ? &place->second : nullptr;
-}
-
-void Schedule::ask(int widget, Plan& plan)
-{
-    plan.isAsking = true;
-    plan.isOutdated = false;
-    m_extension.ask(Protocol::TimelineCall{.params = plan.target},
-        [this, widget, serial = plan.serial](const std::optional<WidgetTimeline>& timeline) {
-            if (Plan* asked = find(widget, serial))
-                take(widget, *asked, timeline);
+    ++m_placeholders;
+    m_extension.ask(Protocol::PlaceholderCall{.params = target},
+        [=, this](const std::optional<Protocol::OneEntry>& placeholder) {
+            --m_placeholders;
+            const auto place = m_plans.find(widget);
+            if (placeholder && place != m_plans.end() && place->second.target == target)
+                place->second.shown = placeholder->entry;
+            lookAtClock();
         });
 }
 
-void Schedule::take(int widget, Plan& plan, const std::optional<WidgetTimeline>& timeline)
+void Schedule::askTimelines()
+{
+    m_isAsking = true;
+    m_due = Date::max();
+    m_extension.askInTurn<Protocol::TimelinesCall>([this] { return question(); },
+        [this](const std::optional<Protocol::WidgetTimelines>& answer) { take(answer); });
+}
+
+/// Of the widgets that there are when its turn has come. Those of the same kind and family share a timeline.
+std::optional<Protocol::TimelinesCall> Schedule::question()
+{
+    m_due = Date::max();
+    m_asked.clear();
+    for (const auto& [widget, plan] : m_plans) {
+        const bool isNew = plan.shown && std::ranges::find(m_asked, plan.target) == m_asked.end();
+        if (isNew && m_asked.size() < Protocol::Limits::mostWidgets)
+            m_asked.push_back(plan.target);
+    }
+    if (m_asked.empty())
+        return std::nullopt;
+    return Protocol::TimelinesCall{.params = {.widgets = m_asked}};
+}
+
+void Schedule::take(const std::optional<Protocol::WidgetTimelines>& answer)
 {
     const Date now = Clock::now();
-    plan.isAsking = false;
-    if (timeline && !timeline->entries.empty()) {
-        plan.timeline = timeline;
-        plan.missed = 0;
-        plan.due = std::max(timeline->reload.date, now + leastWait);
-    } else {
-        plan.due = now + retryAfter(++plan.missed);
+    const bool isWantedAgain = m_due != Date::max();
+    const std::optional<Date> reload = update(answer);
+    m_missed = reload ? 0 : m_missed + 1;
+    m_due = std::min(m_due, reload ? std::max<Date>(*reload, now + leastWait) : now + retryAfter(m_missed));
+    m_isAsking = false;
+    for (auto& [widget, plan] : m_plans) {
+        plan.isRefreshing = plan.isRefreshing && isWantedAgain;
+        if (!plan.shown)
+            askPlaceholder(widget, plan.target);
     }
-    if (std::exchange(plan.isOutdated, false))
-        plan.due = now;
-    show(widget, plan);
     lookAtClock();
+}
+
+/// The earliest reload date; absent when there is nothing new, which every widget has missed then.
+std::optional<Date> Schedule::update(const std::optional<Protocol::WidgetTimelines>& answer)
+{
+    const bool isWhole = answer && answer->timelines.size() == m_asked.size();
+    std::optional<Date> reload;
+    for (auto& [widget, plan] : m_plans) {
+        const auto place = std::ranges::find(m_asked, plan.target);
+        if (isWhole && place == m_asked.end())
+            continue;
+        const auto index = static_cast<std::size_t>(place - m_asked.begin());
+        if (!isWhole || answer->timelines[index].entries.empty()) {
+            ++plan.missed;
+            continue;
+        }
+        plan.timeline = answer->timelines[index];
+        plan.missed = 0;
+        reload = std::min(reload.value_or(Date::max()), plan.timeline->reload.date);
+    }
+    return reload;
 }
 
 void Schedule::show(int widget, Plan& plan)
@@ -118,16 +150,15 @@ void Schedule::show(int widget, Plan& plan)
     if (plan.timeline)
         plan.shown = *entryAt(*plan.timeline, Clock::now());
     if (plan.shown)
-        m_show(widget, {.entry = *plan.shown, .isStale = plan.missed >= 2});
+        m_show(
+            widget, {.entry = *plan.shown, .isStale = plan.missed >= 2, .isRefreshing = plan.isRefreshing});
 }
 
 void Schedule::arm()
 {
     const Date now = Clock::now();
-    Date next = Date::max();
+    Date next = m_isAsking || m_placeholders > 0 || m_plans.empty() ? Date::max() : m_due;
     for (const auto& [widget, plan] : m_plans) {
-        if (!plan.isAsking)
-            next = std::min(next, plan.due);
         for (const WidgetEntry& entry : plan.timeline ? plan.timeline->entries : std::vector<WidgetEntry>{}) {
             if (entry.date > now)
                 next = std::min(next, entry.date);

@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <map>
+#include <optional>
+#include <vector>
 
 namespace skyvane {
 
@@ -12,11 +14,14 @@ namespace skyvane {
 struct ShownEntry {
     WidgetEntry entry;
     bool isStale = false; ///< Two refreshes or more were missed.
+    bool isRefreshing = false; ///< The user asked for a refresh that is still to come.
 
     bool operator==(const ShownEntry&) const = default;
 };
 
 /// Keeps the placed widgets fresh: the placeholder at once, then the timeline, and that again at its date.
+/// Whatever the reason of a refresh, one question is for all widgets: they show one moment's sky, and the
+/// earliest of their dates is that of the next refresh.
 class Schedule {
 public:
     using Show = std::function<void(int widget, const ShownEntry& content)>;
@@ -30,6 +35,7 @@ public:
     void add(int widget, const WidgetTarget& target);
     void remove(int widget);
 
+    /// The same question for all; this widget shows that it was heard.
     void refresh(int widget);
     void refreshAll();
 
@@ -39,18 +45,20 @@ public:
 private:
     struct Plan {
         WidgetTarget target;
-        int serial; ///< Tells this plan from an earlier one of the same widget.
-        Date due;
         std::optional<WidgetTimeline> timeline{};
+        /// First the placeholder. Without one, no timeline is asked for: the extension may not know the
+        /// widget, and would refuse the question of all.
         std::optional<WidgetEntry> shown{};
-        int missed = 0; ///< In a row.
-        bool isAsking = false;
-        bool isOutdated = false; ///< What is being asked for was wanted again meanwhile.
+        int missed = 0; ///< Refreshes in a row.
+        bool isRefreshing = false;
     };
 
-    Plan* find(int widget, int serial);
-    void ask(int widget, Plan& plan);
-    void take(int widget, Plan& plan, const std::optional<WidgetTimeline>& timeline);
+    void refreshSoon();
+    void askPlaceholder(int widget, const WidgetTarget& target);
+    void askTimelines();
+    std::optional<Protocol::TimelinesCall> question();
+    void take(const std::optional<Protocol::WidgetTimelines>& answer);
+    std::optional<Date> update(const std::optional<Protocol::WidgetTimelines>& answer);
     void show(int widget, Plan& plan);
     void arm();
 
@@ -58,7 +66,11 @@ private:
     Show m_show;
     WallClockTimer m_timer;
     std::map<int, Plan> m_plans;
-    int m_lastSerial = 0;
+    std::vector<WidgetTarget> m_asked; ///< By the last question, each once.
+    Date m_due = Date::max(); ///< Of the next refresh; none is due but after the one under way.
+    int m_missed = 0; ///< Refreshes in a row that brought nothing.
+    int m_placeholders = 0; ///< Asked for and not yet there.
+    bool m_isAsking = false; ///< The question waits for its turn, or for its answer.
 };
 
 /// The entry of a moment: the last that has begun, else the first. Null without entries.

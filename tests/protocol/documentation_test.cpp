@@ -176,14 +176,15 @@ TEST(Documentation, statesEveryLimit)
 {
     EXPECT_EQ(everyMatch("version ([0-9]+)\n"), std::set{std::to_string(Limits::version)});
     EXPECT_EQ(everyMatch("([0-9]+ KiB)"),
-        (std::set{Limits::inKiB(Limits::longestRequest), Limits::inKiB(Limits::longestAnswer)}));
+        (std::set{Limits::inKiB(Limits::longestRequest), Limits::inKiB(Limits::longestTimeline)}));
     EXPECT_EQ(everyMatch("more than ([0-9]+) requests"), std::set{std::to_string(Limits::mostRequests)});
     EXPECT_EQ(
         everyMatch("stalls past ([0-9]+) seconds"), std::set{std::to_string(Limits::timeToAnswer.count())});
     EXPECT_THAT(paper(), HasSubstr("exits 0 within a second"));
     EXPECT_EQ(Limits::timeToEnd, std::chrono::seconds{1});
-    EXPECT_THAT(paper(), HasSubstr("At most one `" + std::string{TimelineCall::name} + "` request a second"));
-    EXPECT_EQ(Limits::betweenTimelines, std::chrono::seconds{1});
+    EXPECT_EQ(everyMatch("\\(1 to ([0-9]+)\\)"), std::set{std::to_string(Limits::mostWidgets)});
+    EXPECT_THAT(paper(), HasSubstr("requests that ask the feed at least five seconds"));
+    EXPECT_EQ(Limits::betweenTimelines, std::chrono::seconds{5});
 }
 
 TEST(Documentation, statesEverySize)

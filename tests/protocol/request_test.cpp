@@ -47,6 +47,8 @@ TEST(Request, isReadAsItWasWritten)
     EXPECT_EQ(sentAndRead(ListCall{}), NoParams{});
     EXPECT_EQ(sentAndRead(PlaceholderCall{.params = radar}), radar);
     EXPECT_EQ(sentAndRead(TimelineCall{.params = radar}), radar);
+    const TimelinesParams two{.widgets = {radar, {.kind = "a.board", .family = WidgetFamily::large}}};
+    EXPECT_EQ(sentAndRead(TimelinesCall{.params = two}), two);
     for (const std::optional<bool> isPreview : {std::optional<bool>{}, {true}, {false}}) {
         const SnapshotParams params{.target = radar, .isPreview = isPreview};
         EXPECT_EQ(sentAndRead(SnapshotCall{.params = params}), params);
@@ -61,6 +63,7 @@ TEST(Request, asksTheFeedOnlyForWhatIsLive)
     EXPECT_TRUE((SnapshotCall{.params = {.target = radar, .isPreview = false}}.asksFeed()));
     EXPECT_TRUE((SnapshotCall{.params = {.target = radar}}.asksFeed()));
     EXPECT_TRUE(TimelineCall{.params = radar}.asksFeed());
+    EXPECT_TRUE((TimelinesCall{.params = {.widgets = {radar}}}.asksFeed()));
 }
 
 TEST(Request, ofAnUnknownNameIsNoCall)
@@ -77,6 +80,10 @@ TEST(Request, saysWhatIsWrongWithItsParameters)
     EXPECT_EQ(complaint("widgets.timeline", "{}"), "kind is missing");
     EXPECT_EQ(complaint("widgets.timeline", R"({"kind":"a","family":null})"), "family is not a string");
     EXPECT_EQ(complaint("widgets.timeline", R"({"kind":"a","family":"huge"})"), "unknown family \"huge\"");
+    EXPECT_EQ(complaint("widgets.timelines", "{}"), "widgets is missing");
+    EXPECT_EQ(complaint("widgets.timelines", R"({"widgets":{}})"), "widgets is not an array");
+    EXPECT_EQ(complaint("widgets.timelines", R"({"widgets":[{"kind":"a","family":"small"},{"kind":"a"}]})"),
+        "widgets[1].family is missing");
     EXPECT_EQ(complaint("widgets.snapshot", R"({"kind":"a","family":"small","isPreview":null})"),
         "isPreview is not true or false");
 }

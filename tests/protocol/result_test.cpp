@@ -94,6 +94,17 @@ TEST(Result, aTimelineIsReadAsItIsWritten)
     EXPECT_EQ(readText<WidgetTimeline>(text), timeline);
 }
 
+TEST(Result, severalTimelinesAreReadInTheOrderInWhichTheyAreWritten)
+{
+    const WidgetTimelines several{.timelines = {
+                                      {.entries = {goodOne()}, .reload = {.date = Date{}}},
+                                      {.entries = {}, .reload = {.date = Date{std::chrono::seconds{7}}}},
+                                  }};
+    const std::string text = write(several).dump();
+    EXPECT_THAT(text, testing::StartsWith(R"({"timelines":[{"entries":[{)"));
+    EXPECT_EQ(readText<WidgetTimelines>(text).timelines, several.timelines);
+}
+
 TEST(Result, anUnknownReloadPolicyIsRefused)
 {
     EXPECT_EQ(complaint([&] {

@@ -3,6 +3,7 @@
 #include "protocol/json_rpc.h"
 
 #include <utility>
+#include <variant>
 
 namespace skyvane::Extension {
 
@@ -60,12 +61,18 @@ WidgetTimeline widgetTimeline(const Timeline& timeline, const OfferedWidget& wid
     return shown;
 }
 
-std::string resultLine(const RequestID& id, const Result& result)
+std::size_t timelineCount(const AnyCall& call)
+{
+    const auto* several = std::get_if<Protocol::TimelinesCall>(&call);
+    return several != nullptr ? several->params.widgets.size() : 1;
+}
+
+std::string resultLine(const RequestID& id, const Result& result, std::size_t timelines)
 {
     std::string text = line(id, JsonRPC::result, result);
-    if (text.size() > Limits::longestAnswer)
-        return errorLine(id, ErrorCode::internalError,
-            "the answer is longer than " + Limits::inKiB(Limits::longestAnswer));
+    const std::size_t longest = timelines * Limits::longestTimeline;
+    if (text.size() > longest)
+        return errorLine(id, ErrorCode::internalError, "the answer is longer than " + Limits::inKiB(longest));
     return text;
 }
 

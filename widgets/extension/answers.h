@@ -7,6 +7,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,8 +21,12 @@ Protocol::WidgetList widgetList(const std::vector<Widget>& offered);
 WidgetEntry widgetEntry(const SkyEntry& entry, const OfferedWidget& widget);
 WidgetTimeline widgetTimeline(const Timeline& timeline, const OfferedWidget& widget);
 
-/// One line, line break included. A result that makes it longer than a host takes becomes an internal error.
-std::string resultLine(const RequestID& id, const Result& result);
+/// How many timelines answer a call; an entry or a list counts as one.
+std::size_t timelineCount(const AnyCall& call);
+
+/// One line, line break included. A result that makes it longer than so many timelines may be becomes an
+/// internal error.
+std::string resultLine(const RequestID& id, const Result& result, std::size_t timelines = 1);
 std::string errorLine(const RequestID& id, ErrorCode code, std::string_view message);
 
 } // namespace skyvane::Extension

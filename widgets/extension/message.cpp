@@ -4,11 +4,15 @@
 #include "platform/json/source.h"
 #include "platform/json/value.h"
 #include "protocol/json_rpc.h"
+#include "protocol/limits.h"
 #include "protocol/request.h"
 #include "ui/layout/widget_container.h"
 #include "widgets/extension/offered_widget.h"
 
+#include <cstddef>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace skyvane::Extension {
@@ -18,6 +22,7 @@ namespace {
 using JSON::Value;
 using Protocol::NoParams;
 namespace JsonRPC = Protocol::JsonRPC;
+namespace Limits = Protocol::Limits;
 
 /// Null is a value: it may be an id.
 JSON::Object membersOf(Value value)
@@ -42,6 +47,22 @@ void requireOffered(const WidgetTarget& target, const std::vector<Widget>& offer
 void requireOffered(const Protocol::SnapshotParams& params, const std::vector<Widget>& offered)
 {
     requireOffered(params.target, offered);
+}
+void requireOffered(const Protocol::TimelinesParams& params, const std::vector<Widget>& offered)
+{
+    constexpr std::string_view member = "widgets";
+    const std::size_t count = params.widgets.size();
+    if (count == 0 || count > Limits::mostWidgets)
+        throw JSON::DecodingError::mismatch(
+            "an array of 1 to " + std::to_string(Limits::mostWidgets), "one of " + std::to_string(count))
+            .inMember(member);
+    for (std::size_t index = 0; index < count; ++index) {
+        try {
+            requireOffered(params.widgets[index], offered);
+        } catch (const JSON::DecodingError& problem) {
+            throw problem.inElement(index).inMember(member);
+        }
+    }
 }
 
 Message readNotification(std::string_view method, std::optional<std::string_view> params)

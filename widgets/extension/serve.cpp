@@ -24,6 +24,7 @@ using Protocol::ListCall;
 using Protocol::PlaceholderCall;
 using Protocol::SnapshotCall;
 using Protocol::TimelineCall;
+using Protocol::TimelinesCall;
 
 /// A request that the network is asked for, on a thread of its own.
 struct Task {
@@ -92,6 +93,14 @@ private:
     {
         return widgetTimeline(m_provider.timeline(stop), offered(call.params));
     }
+    TimelinesCall::Result result(const TimelinesCall& call, const std::stop_token& stop) const
+    {
+        const Timeline timeline = m_provider.timeline(stop);
+        TimelinesCall::Result answer;
+        for (const WidgetTarget& target : call.params.widgets)
+            answer.timelines.push_back(widgetTimeline(timeline, offered(target)));
+        return answer;
+    }
 
     /// The one that `readMessage` has found there.
     OfferedWidget offered(const WidgetTarget& target) const { return OfferedWidget::find(target, m_offered); }
@@ -150,7 +159,7 @@ std::string Server::answerLine(const Request& request, const std::stop_token& st
     }
     if (stop.stop_requested())
         return errorLine(request.id, ErrorCode::cancelled, "cancelled");
-    return resultLine(request.id, found);
+    return resultLine(request.id, found, timelineCount(request.call));
 }
 
 } // namespace

@@ -69,11 +69,13 @@ TEST_F(DesktopTest, aTapOnTheSecondRowOpensItsAircraft)
 TEST_F(DesktopTest, aChangedConfigurationRefreshesEveryWidget)
 {
     ASSERT_TRUE(start(3));
-    EXPECT_TRUE(test::waitFor([&] { return extension.events("widgets.timeline").size() == 3; }));
+    EXPECT_TRUE(test::waitFor([&] { return extension.events("widgets.timelines").size() == 1; }));
     std::ofstream{configuration} << "{ }";
-    EXPECT_TRUE(test::waitFor([&] { return extension.events("widgets.timeline").size() >= 6; }));
-    const auto asked = extension.events("widgets.timeline");
-    EXPECT_GT(asked[5].at - asked[3].at, std::chrono::seconds{1});
+    EXPECT_TRUE(test::waitFor([&] { return extension.events("widgets.timelines").size() == 2; }));
+    const auto asked = extension.events("widgets.timelines");
+    EXPECT_GE(asked[1].at - asked[0].at, std::chrono::milliseconds{4990});
+    for (const char* kind : {"nearest", "radar", "skyboard"})
+        EXPECT_NE(asked[1].what.find(kind), std::string::npos) << kind;
 }
 
 } // namespace skyvane

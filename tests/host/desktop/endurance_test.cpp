@@ -75,7 +75,7 @@ protected:
                           last = content;
                           window.showContent(content);
                           window.grab();
-                          ++shown;
+                          shown += content.isRefreshing ? 0 : 1;
                       }};
 };
 

@@ -73,8 +73,8 @@ TEST(ExtensionClient, nonsenseIsTold)
 
 TEST(ExtensionClient, moreThanAnAnswerMayHoldIsRefused)
 {
-    EXPECT_EQ(failure("huge"), "the widget extension's answer is larger than 256 KiB");
-    EXPECT_EQ(failure("endless"), "the widget extension's answer is larger than 256 KiB");
+    EXPECT_EQ(failure("huge"), "the widget extension's answer is larger than 4096 KiB");
+    EXPECT_EQ(failure("endless"), "the widget extension's answer is larger than 4096 KiB");
 }
 
 TEST(ExtensionClient, aRefusalIsToldInTheExtensionsWords)

@@ -76,15 +76,37 @@ void answer(const std::string& id, const std::string& result)
               << std::endl;
 }
 
+std::string timeline(const std::string& shown, const std::string& reload = "1700000900")
+{
+    return R"({"entries":[)" + shown + R"(],"reload":{"policy":"after","date":)" + reload + "}}";
+}
+
+std::size_t widgetCount(const std::string& request)
+{
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = request.find("\"kind\"", at)) != std::string::npos; ++at)
+        ++count;
+    return count;
+}
+
+void answerTogether(const std::string& request, const std::function<std::string(std::size_t index)>& make)
+{
+    std::string list;
+    for (std::size_t index = 0; index < widgetCount(request); ++index)
+        list += (index == 0 ? "" : ",") + make(index);
+    answer(idOf(request), R"({"timelines":[)" + list + "]}");
+}
+
 void good(const std::string& request, const std::string& shown)
 {
     if (asks(request, "widgets.list"))
         answer(idOf(request), widgets);
     else if (asks(request, "widgets.snapshot") || asks(request, "widgets.placeholder"))
         answer(idOf(request), R"({"entry":)" + shown + "}");
+    else if (asks(request, "widgets.timelines"))
+        answerTogether(request, [&](std::size_t) { return timeline(shown); });
     else
-        answer(
-            idOf(request), R"({"entries":[)" + shown + R"(],"reload":{"policy":"after","date":1700000900}})");
+        answer(idOf(request), timeline(shown));
 }
 
 void refuse(const std::string& request)
@@ -100,6 +122,14 @@ Behaviour later(Behaviour behaviour)
 {
     return [=](const std::string& request) {
         asks(request, "widgets.list") ? good(request, entry) : behaviour(request);
+    };
+}
+
+/// Does this when it is asked for several timelines, and everything else well.
+Behaviour together(Behaviour behaviour)
+{
+    return [=](const std::string& request) {
+        asks(request, "widgets.timelines") ? behaviour(request) : good(request, entry);
     };
 }
 
@@ -125,6 +155,24 @@ std::map<std::string, Behaviour> behaviours()
             [](const std::string& request) {
                 asks(request, "widgets.placeholder") ? good(request, entry) : refuse(request);
             }},
+        {"picky",
+            [](const std::string& request) {
+                request.find("org.example.unheard-of") != std::string::npos ? refuse(request)
+                                                                            : good(request, entry);
+            }},
+        {"of-two-dates", together([](const std::string& request) {
+             answerTogether(
+                 request, [](std::size_t index) { // In the year 2100, an hour or ten minutes later.
+                     return timeline(entry, index == 0 ? "4102448400" : "4102445400");
+                 });
+         })},
+        {"sparing", together([](const std::string& request) {
+             answer(idOf(request), R"({"timelines":[)" + timeline(entry) + "]}");
+         })},
+        {"half-empty", together([](const std::string& request) {
+             answerTogether(request, [](std::size_t index) { return timeline(index == 0 ? "" : entry); });
+         })},
+        {"crashing-together", together(crash)},
         {"babbling", later([](const std::string&) { std::cout << "hello there" << std::endl; })},
         {"misnumbering", [](const std::string&) { answer("77", widgets); }},
         {"mistyping", later([](const std::string& request) {
@@ -134,7 +182,7 @@ std::map<std::string, Behaviour> behaviours()
              answer(idOf(request), R"({"entries":[],"reload":{"policy":"after","date":1}})");
          })},
         {"huge", later([](const std::string& request) {
-             answer(idOf(request), "\"" + std::string(300'000, 'x') + "\"");
+             answer(idOf(request), "\"" + std::string(5'000'000, 'x') + "\"");
          })},
         {"reversing",
             [held = std::string{}](const std::string& request) mutable {

@@ -97,6 +97,50 @@ TEST(ExtensionProcess, timelinesKeepTheirDistanceAndHoldNothingElseUp)
     EXPECT_GT(between, quick.betweenTimelines) << between.count();
 }
 
+TEST(ExtensionProcess, aCallThatIsMadeInTurnIsMadeOnceAndNotBefore)
+{
+    const test::FakeExtension extension{"good"};
+    ExtensionProcess process{extension.program(), quick};
+    Tally tally;
+    tally.askTimeline(process);
+    EXPECT_TRUE(test::waitFor([&] { return tally.answers == 1; }));
+    int made = 0;
+    std::string what;
+    const auto make = [&] {
+        ++made;
+        return std::optional{Protocol::TimelinesCall{.params = {.widgets = {{what, WidgetFamily::small}}}}};
+    };
+    std::optional<std::size_t> count;
+    process.askInTurn<Protocol::TimelinesCall>(
+        make, [&](const auto& answer) { count = answer.value().timelines.size(); });
+    EXPECT_EQ(made, 0);
+    what = "org.example.wanted-by-now";
+    EXPECT_TRUE(test::waitFor([&] { return count.has_value(); }));
+    EXPECT_EQ(made, 1);
+    EXPECT_EQ(count, 1U);
+    const auto asked = extension.events("widgets.timeline");
+    ASSERT_EQ(asked.size(), 2U);
+    EXPECT_THAT(asked[1].what, testing::HasSubstr(what));
+    EXPECT_GE(asked[1].at - asked[0].at, quick.betweenTimelines - 5ms);
+}
+
+TEST(ExtensionProcess, aCallThatIsNotWantedAfterAllHoldsNobodyUp)
+{
+    const test::FakeExtension extension{"good"};
+    ExtensionPace pace = quick;
+    pace.betweenTimelines = 1h;
+    pace.idle = 50ms;
+    ExtensionProcess process{extension.program(), pace};
+    std::vector<std::string> order;
+    process.askInTurn<Protocol::TimelinesCall>([] { return std::optional<Protocol::TimelinesCall>{}; },
+        [&](const auto& answer) { order.emplace_back(answer ? "an answer" : "none"); });
+    Tally tally;
+    tally.askTimeline(process);
+    EXPECT_TRUE(test::waitFor([&] { return tally.answers == 1; }));
+    EXPECT_THAT(order, ElementsAre("none"));
+    EXPECT_TRUE(test::waitFor([&] { return extension.events("end").size() == 1; }));
+}
+
 TEST(ExtensionProcess, endsWhenIdleAndStartsAfreshWhenAsked)
 {
     const test::FakeExtension extension{"good"};
@@ -124,8 +168,8 @@ TEST(ExtensionProcess, everyKindOfFailureIsOneLineInTheJournal)
         ElementsAre("the widget extension answered nonsense: id: is that of no request"));
     EXPECT_THAT(journalOf("mistyping"),
         ElementsAre(testing::StartsWith("the widget extension answered nonsense: entries[0].date: ")));
-    EXPECT_THAT(journalOf("huge"), ElementsAre("the widget extension's answer is larger than 256 KiB"));
-    EXPECT_THAT(journalOf("endless"), ElementsAre("the widget extension's answer is larger than 256 KiB"));
+    EXPECT_THAT(journalOf("huge"), ElementsAre("the widget extension's answer is larger than 4096 KiB"));
+    EXPECT_THAT(journalOf("endless"), ElementsAre("the widget extension's answer is larger than 4096 KiB"));
     EXPECT_THAT(journalOf("refusing"), ElementsAre("the widget extension refused: no such kind"));
     EXPECT_THAT(journalOf(ExtensionProgram{.path = "/nowhere/extension"}),
         ElementsAre("the widget extension cannot be started: /nowhere/extension"));

@@ -1,26 +1,9 @@
-#include "host/extension/schedule.h"
-
-#include "platform/pinned.h"
-#include "tests/host/extension/fake_extension.h"
-#include "tests/session/journal.h"
-#include "tests/session/wait_for.h"
+#include "tests/host/extension/schedule_fixture.h"
 #include "ui/tree/build.h"
-
-#include <gmock/gmock.h>
 
 namespace skyvane {
 
 namespace {
-
-using namespace std::chrono_literals;
-
-const WidgetTarget clock{.kind = "org.example.clock", .family = WidgetFamily::small};
-
-constexpr ExtensionPace quick{
-    .betweenTimelines = 250ms, .idle = 10s, .firstBackOff = 50ms, .longestBackOff = 50ms};
-
-/// A time that no real timer reaches, so that only the test moves the clock.
-constexpr Date future{std::chrono::sys_days{std::chrono::year{2100} / 1 / 1}};
 
 WidgetEntry entryOf(Date date)
 {
@@ -33,37 +16,10 @@ WidgetEntry entryOf(Date date)
     };
 }
 
-class ScheduleTest : public testing::Test {
+/// The first widget's timeline is good for an hour, every other's for ten minutes.
+class TwoDatesScheduleTest : public ScheduleTest {
 protected:
-    explicit ScheduleTest(const std::string& behaviour = "good") : extension(behaviour) { }
-
-    /// Asked so often, and every answer taken: the extension answers in order.
-    bool waitForTimelines(std::size_t count)
-    {
-        if (!test::waitFor([&] { return extension.events("widgets.timeline").size() == count; }))
-            return false;
-        process.ask(Protocol::ListCall{}, [this, wanted = ++asked](const auto&) { answered = wanted; });
-        return test::waitFor([&] { return answered == asked; });
-    }
-
-    test::Journal journal;
-    Pinned<Date> now{future};
-    test::FakeExtension extension;
-    ExtensionProcess process{extension.program(), quick};
-    int asked = 0;
-    int answered = 0;
-    std::map<int, std::vector<ShownEntry>> shown;
-    Schedule schedule{process, [this](int widget, const ShownEntry& content) {
-                          auto& list = shown[widget];
-                          if (list.empty() || list.back() != content)
-                              list.push_back(content);
-                      }};
-};
-
-/// Knows placeholders, and answers no timeline.
-class ForgetfulScheduleTest : public ScheduleTest {
-protected:
-    ForgetfulScheduleTest() : ScheduleTest("forgetful") { }
+    TwoDatesScheduleTest() : ScheduleTest("of-two-dates") { }
 };
 
 } // namespace
@@ -72,77 +28,176 @@ TEST_F(ScheduleTest, thePlaceholderIsAskedForFirstThenTheTimeline)
 {
     schedule.add(1, clock);
     EXPECT_TRUE(waitForTimelines(1));
-    const auto questions = extension.events("\"method\"");
-    EXPECT_THAT(questions[0].what, testing::HasSubstr("widgets.placeholder"));
-    EXPECT_THAT(questions[1].what, testing::HasSubstr("widgets.timeline"));
+    const auto all = extension.events("\"method\"");
+    EXPECT_THAT(all[0].what, testing::HasSubstr("widgets.placeholder"));
+    EXPECT_THAT(all[1].what, testing::HasSubstr("widgets.timelines"));
     EXPECT_FALSE(shown[1].empty());
 }
 
-TEST_F(ScheduleTest, twoHoursOfClockJumpedAreOneRefreshAWidgetSpaced)
+TEST_F(ScheduleTest, oneQuestionIsForAllWidgets)
 {
-    for (int widget = 1; widget <= 3; ++widget)
-        schedule.add(widget, clock);
-    EXPECT_TRUE(waitForTimelines(3));
+    schedule.add(1, clock);
+    schedule.add(2, moon);
+    schedule.add(3, mediumClock);
+    EXPECT_TRUE(waitForTimelines(1));
+    EXPECT_THAT(questions()[0].what,
+        testing::HasSubstr(R"("widgets":[{"kind":"org.example.clock","family":"small"},)"
+                           R"({"kind":"org.example.moon","family":"large"},)"
+                           R"({"kind":"org.example.clock","family":"medium"}])"));
     EXPECT_EQ(shown.size(), 3U);
-    {
-        const Pinned<Date> later{future + 2h};
-        schedule.lookAtClock();
-        schedule.lookAtClock();
-        EXPECT_TRUE(waitForTimelines(6));
-        EXPECT_FALSE(test::waitFor([&] { return extension.events("widgets.timeline").size() > 6; }, 300ms));
-    }
-    const auto timelines = extension.events("widgets.timeline");
-    EXPECT_GT(timelines[5].at - timelines[3].at, quick.betweenTimelines);
+    EXPECT_TRUE(staysAt(1));
+}
+
+TEST_F(ScheduleTest, widgetsOfTheSameKindAndFamilyShareATimeline)
+{
+    schedule.add(1, clock);
+    schedule.add(2, clock);
+    EXPECT_TRUE(waitForTimelines(1));
+    EXPECT_THAT(questions()[0].what,
+        testing::HasSubstr(R"("widgets":[{"kind":"org.example.clock","family":"small"}])"));
+    EXPECT_EQ(shown[1], shown[2]);
+}
+
+TEST_F(ScheduleTest, twoHoursOfClockJumpedAreOneRefresh)
+{
+    schedule.add(1, clock);
+    schedule.add(2, moon);
+    EXPECT_TRUE(waitForTimelines(1));
+    const Pinned<Date> later{future + 2h};
+    schedule.lookAtClock();
+    schedule.lookAtClock();
+    EXPECT_TRUE(waitForTimelines(2));
+    EXPECT_TRUE(staysAt(2));
 }
 
 TEST_F(ScheduleTest, aReloadDateThatIsPastIsNoReasonToHurry)
 {
     schedule.add(1, clock);
     EXPECT_TRUE(waitForTimelines(1));
-    EXPECT_FALSE(test::waitFor([&] { return extension.events("widgets.timeline").size() > 1; }, 300ms));
+    EXPECT_TRUE(staysAt(1));
 }
 
-TEST_F(ScheduleTest, aRefreshByHandIsOneMoreQuestionForEachWidget)
+TEST_F(ScheduleTest, aWidgetThatIsPlacedLaterIsAskedForSoonAndTheOthersWithIt)
 {
     schedule.add(1, clock);
-    schedule.add(2, clock);
+    EXPECT_TRUE(waitForTimelines(1));
+    schedule.add(2, moon);
     EXPECT_TRUE(waitForTimelines(2));
+    EXPECT_THAT(questions()[1].what, testing::HasSubstr(R"("small"},{"kind":"org.example.moon")"));
+    EXPECT_GE(questions()[1].at - questions()[0].at, quick.betweenTimelines - 5ms);
+    EXPECT_TRUE(staysAt(2));
+}
+
+TEST_F(ScheduleTest, aWidgetThatIsPlacedWhileAQuestionWaitsForItsTurnIsInIt)
+{
+    schedule.add(1, clock);
+    EXPECT_TRUE(waitForTimelines(1));
     schedule.refresh(1);
-    EXPECT_TRUE(waitForTimelines(3));
-    schedule.refreshAll();
-    EXPECT_TRUE(waitForTimelines(5));
+    schedule.add(2, moon);
+    EXPECT_TRUE(waitForTimelines(2));
+    EXPECT_THAT(questions()[1].what, testing::HasSubstr("org.example.moon"));
+    EXPECT_TRUE(staysAt(2));
 }
 
-TEST_F(ScheduleTest, aRefreshWhileOneIsUnderWayIsMadeAfterwards)
+TEST_F(TwoDatesScheduleTest, theEarliestReloadDateIsThatOfAll)
 {
     schedule.add(1, clock);
+    schedule.add(2, moon);
+    EXPECT_TRUE(waitForTimelines(1));
+    {
+        const Pinned<Date> before{future + 10min - 1s};
+        schedule.lookAtClock();
+        EXPECT_TRUE(staysAt(1));
+    }
+    const Pinned<Date> then{future + 10min};
+    schedule.lookAtClock();
+    EXPECT_TRUE(waitForTimelines(2));
+    EXPECT_THAT(questions()[1].what, testing::HasSubstr("org.example.clock"));
+    EXPECT_THAT(questions()[1].what, testing::HasSubstr("org.example.moon"));
+}
+
+TEST_F(ScheduleTest, aRefreshByHandIsOneMoreQuestionForAllWidgets)
+{
+    schedule.add(1, clock);
+    schedule.add(2, moon);
+    EXPECT_TRUE(waitForTimelines(1));
+    schedule.refresh(1);
+    EXPECT_TRUE(waitForTimelines(2));
+    schedule.refreshAll();
+    EXPECT_TRUE(waitForTimelines(3));
+    EXPECT_THAT(questions()[1].what, testing::HasSubstr("org.example.moon"));
+}
+
+TEST_F(ScheduleTest, howeverOftenTheUserPressesTheQuestionsKeepTheirDistance)
+{
+    schedule.add(1, clock);
+    EXPECT_TRUE(waitForTimelines(1));
+    for (int press = 0; press < 20; ++press) {
+        schedule.refresh(1);
+        schedule.refreshAll();
+    }
+    EXPECT_TRUE(waitForTimelines(2));
+    EXPECT_GE(questions()[1].at - questions()[0].at, quick.betweenTimelines - 5ms);
+    EXPECT_TRUE(staysAt(2));
+}
+
+TEST_F(ScheduleTest, aRefreshWhileTheQuestionIsUnderWayIsMadeAfterwards)
+{
+    schedule.add(1, clock);
+    EXPECT_TRUE(test::waitFor([&] { return !questions().empty(); }));
     schedule.refreshAll();
     schedule.refreshAll();
     EXPECT_TRUE(waitForTimelines(2));
-    EXPECT_FALSE(test::waitFor([&] { return extension.events("widgets.timeline").size() > 2; }, 300ms));
+    EXPECT_TRUE(staysAt(2));
 }
 
-TEST_F(ScheduleTest, aWidgetThatIsRemovedIsShownNoMore)
+TEST_F(ScheduleTest, aWidgetShowsAtOnceThatItWasAskedToRefreshUntilItIs)
+{
+    schedule.add(1, clock);
+    schedule.add(2, moon);
+    EXPECT_TRUE(waitForTimelines(1));
+    const std::size_t before = shown[1].size();
+    schedule.refresh(1);
+    EXPECT_TRUE(shown[1].back().isRefreshing);
+    EXPECT_FALSE(shown[2].back().isRefreshing);
+    EXPECT_TRUE(waitForTimelines(2));
+    EXPECT_FALSE(shown[1].back().isRefreshing);
+    EXPECT_EQ(shown[1].size(), before + 2) << "painted once when asked and once when answered";
+    schedule.refreshAll();
+    EXPECT_TRUE(shown[1].back().isRefreshing && shown[2].back().isRefreshing);
+    EXPECT_TRUE(waitForTimelines(3));
+    EXPECT_FALSE(shown[1].back().isRefreshing || shown[2].back().isRefreshing);
+}
+
+TEST_F(ScheduleTest, aPressWhileTheQuestionIsUnderWayIsShownUntilItsOwnAnswer)
+{
+    schedule.add(1, clock);
+    EXPECT_TRUE(test::waitFor([&] { return !questions().empty(); }));
+    schedule.refresh(1);
+    EXPECT_TRUE(waitForTimelines(1));
+    EXPECT_TRUE(shown[1].back().isRefreshing);
+    EXPECT_TRUE(waitForTimelines(2));
+    EXPECT_FALSE(shown[1].back().isRefreshing);
+}
+
+TEST_F(ScheduleTest, aWidgetThatIsRemovedIsNeitherShownNorAskedFor)
 {
     schedule.add(1, clock);
     schedule.remove(1);
-    EXPECT_TRUE(waitForTimelines(1));
     EXPECT_FALSE(test::waitFor([&] { return !shown.empty(); }, 200ms));
+    EXPECT_TRUE(staysAt(0));
 }
 
-TEST_F(ForgetfulScheduleTest, whatIsShownStaysAndIsStaleAfterTwoMisses)
+TEST_F(ScheduleTest, whenAllAreRemovedTheQuestionThatWaitsIsDropped)
 {
     schedule.add(1, clock);
     EXPECT_TRUE(waitForTimelines(1));
-    EXPECT_EQ(test::Journal::lines().size(), 1U);
-    ASSERT_EQ(shown[1].size(), 1U);
-    EXPECT_FALSE(shown[1].back().isStale);
-    const Pinned<Date> later{future + 1h};
-    schedule.lookAtClock();
-    EXPECT_TRUE(test::waitFor([&] { return shown[1].back().isStale; }));
-    EXPECT_EQ(shown[1].size(), 2U);
-    EXPECT_EQ(shown[1].front().entry, shown[1].back().entry);
-    EXPECT_EQ(test::Journal::lines().size(), 1U);
+    schedule.refresh(1);
+    schedule.remove(1);
+    EXPECT_TRUE(staysAt(1));
+    schedule.add(2, moon);
+    EXPECT_TRUE(waitForTimelines(2));
+    EXPECT_FALSE(shown[2].empty());
 }
 
 TEST(RetryAfter, doublesFromFiveSecondsToFiveMinutes)

@@ -152,6 +152,17 @@ TEST(Answers, noRecordOfAFeedMakesOneTooLong)
     }
 }
 
+TEST(Answers, severalTimelinesMayBeAsManyTimesAsLong)
+{
+    const std::string result(300'000, 'x');
+    EXPECT_THAT(resultLine("1", result, /*timelines=*/2), testing::HasSubstr("\"result\""));
+    EXPECT_EQ(resultLine("1", std::string(600'000, 'x'), /*timelines=*/2),
+        errorLine("1", ErrorCode::internalError, "the answer is longer than 512 KiB"));
+    const WidgetTarget target{.kind = "a", .family = WidgetFamily::small};
+    EXPECT_EQ(timelineCount(Protocol::TimelineCall{.params = target}), 1U);
+    EXPECT_EQ(timelineCount(Protocol::TimelinesCall{.params = {.widgets = {target, target}}}), 2U);
+}
+
 TEST(Answers, aResultThatIsTooLongBecomesAnError)
 {
     constexpr std::size_t limit = std::size_t{256} << 10;

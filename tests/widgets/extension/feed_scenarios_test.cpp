@@ -33,6 +33,35 @@ TEST_F(ExtensionScenario, aTimelineShowsWhatTheFirstSourceSees)
     EXPECT_EQ(stage.server().connectionCount(), 1U);
 }
 
+TEST_F(ExtensionScenario, severalTimelinesAreOfOneSkyAndOneRequest)
+{
+    setHome();
+    stage.server().answer(firstSource, {.body = twoNearHome});
+    stage.ask(1, "widgets.timelines", {{"widgets", allThree}, {"alerts", "passed over"}});
+    const json answer = stage.hear();
+    const json& timelines = answer["result"]["timelines"];
+    ASSERT_EQ(timelines.size(), 3U) << answer;
+    EXPECT_EQ(shownInTimeline(timelines[1]), (std::set<std::string>{"abc001", "abc002"}));
+    EXPECT_EQ(shownInTimeline(timelines[2]), (std::set<std::string>{"abc001", "abc002"}));
+    EXPECT_EQ(timelines[0]["entries"][0]["url"], "skyvane://aircraft/abc002");
+    for (const json& timeline : timelines) {
+        EXPECT_EQ(timeline["entries"][0]["date"], timelines[0]["entries"][0]["date"]);
+        EXPECT_EQ(timeline["reload"], timelines[0]["reload"]);
+    }
+    EXPECT_EQ(stage.server().requests().size(), 1U);
+    EXPECT_EQ(answer["result"].size(), 1U);
+}
+
+TEST_F(ExtensionScenario, severalTimelinesWithoutASkyAreOneAskingOfBothSources)
+{
+    setHome();
+    stage.server().answer("/", {.status = 500});
+    stage.ask(1, "widgets.timelines", {{"widgets", allThree}});
+    for (const json& timeline : stage.hear()["result"]["timelines"])
+        EXPECT_EQ(shownInTimeline(timeline), std::set<std::string>{});
+    EXPECT_EQ(stage.server().requests().size(), 2U);
+}
+
 TEST_F(ExtensionScenario, theListMayHaveEitherName)
 {
     setHome();

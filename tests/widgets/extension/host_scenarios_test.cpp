@@ -96,6 +96,12 @@ TEST_F(ExtensionScenario, whatCannotBeServedIsRefusedByName)
     expectError(-32602, 9, "isPreview");
     stage.ask(10, "widgets.list", json::array());
     expectError(-32602, 10, "params");
+    stage.ask(11, "widgets.timelines", {{"widgets", json::array()}});
+    expectError(-32602, 11, "widgets");
+    stage.ask(12, "widgets.timelines", {{"widgets", std::vector<json>(17, radar)}});
+    expectError(-32602, 12, "1 to 16");
+    stage.ask(13, "widgets.timelines", {{"widgets", {radar, {{"kind", "x"}, {"family", "small"}}}}});
+    expectError(-32602, 13, "widgets[1]");
     expectStillAnswers();
 }
 

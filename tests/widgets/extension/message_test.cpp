@@ -43,6 +43,16 @@ Message read(const std::string& method, const std::string& params)
     return read(R"({"jsonrpc":"2.0","id":1,"method":)" + method + R"(,"params":)" + params + "}");
 }
 
+/// A request for the timelines of one widget so often.
+std::string severalTimelines(std::size_t count)
+{
+    const std::string one = R"({"kind":"test.one","family":"large"})";
+    std::string list = one;
+    for (std::size_t index = 1; index < count; ++index)
+        list += ',' + one;
+    return R"({"jsonrpc":"2.0","id":1,"method":"widgets.timelines","params":{"widgets":[)" + list + "]}}";
+}
+
 template <class Call>
 Call call(const Message& message)
 {
@@ -112,7 +122,23 @@ INSTANTIATE_TEST_SUITE_P(Message, RefusedLines,
         params("previewAsANumber", "widgets.snapshot",
             R"({"kind":"test.two","family":"small","isPreview":0})", "isPreview is not true or false"),
         params("previewAsNull", "widgets.snapshot",
-            R"({"kind":"test.two","family":"small","isPreview":null})", "isPreview is not true or false")),
+            R"({"kind":"test.two","family":"small","isPreview":null})", "isPreview is not true or false"),
+        params("noWidgets", "widgets.timelines", "{}", "widgets is missing"),
+        params("aWidgetForWidgets", "widgets.timelines",
+            R"({"widgets":{"kind":"test.two","family":"small"}})", "widgets is not an array"),
+        params("anEmptyListOfWidgets", "widgets.timelines", R"({"widgets":[]})",
+            "widgets is not an array of 1 to 16"),
+        RefusalCase{"oneWidgetTooMany", severalTimelines(17), ErrorCode::invalidParams,
+            "widgets is not an array of 1 to 16", "1"},
+        params("anUnknownKindAmongWidgets", "widgets.timelines",
+            R"({"widgets":[{"kind":"test.one","family":"large"},{"kind":"test.three","family":"small"}]})",
+            "widgets[1]: unknown kind \"test.three\""),
+        params("aFamilyThatAmongWidgetsOneLacks", "widgets.timelines",
+            R"({"widgets":[{"kind":"test.one","family":"small"}]})",
+            "widgets[0]: test.one does not support family \"small\""),
+        params("anUnknownFamilyAmongWidgets", "widgets.timelines",
+            R"({"widgets":[{"kind":"test.one","family":"large"},{"kind":"test.two","family":"huge"}]})",
+            "unknown widgets[1].family \"huge\"")),
     [](const auto& row) { return std::string{row.param.situation}; });
 
 TEST(Message, whatIsNotJSONIsAParseErrorOfNoRequest)
@@ -138,6 +164,20 @@ TEST(Message, requestsNameAWidgetInAFamily)
     const OfferedWidget two = OfferedWidget::find(timeline.params, offered());
     EXPECT_EQ(two.widget, &offered()[0]);
     EXPECT_EQ(two.family, WidgetFamily::medium);
+}
+
+TEST(Message, oneToSixteenWidgetsMayBeNamedAtOnce)
+{
+    for (const std::size_t count : {std::size_t{1}, Protocol::Limits::mostWidgets})
+        EXPECT_EQ(call<Protocol::TimelinesCall>(read(severalTimelines(count))).params.widgets.size(), count);
+}
+
+TEST(Message, membersThatNobodyKnowsArePassedOver)
+{
+    const auto timelines = call<Protocol::TimelinesCall>(read(R"("widgets.timelines")",
+        R"({"widgets":[{"kind":"test.two","family":"medium","colour":7}],"alerts":7})"));
+    EXPECT_EQ(timelines.params.widgets,
+        (std::vector<WidgetTarget>{{.kind = "test.two", .family = WidgetFamily::medium}}));
 }
 
 TEST(Message, aSnapshotIsLiveUnlessAPreviewIsAskedFor)

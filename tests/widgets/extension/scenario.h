@@ -39,7 +39,9 @@ protected:
     }
 
     /// The identities of the aircraft that the answer's entry shows.
-    static std::set<std::string> shownIn(const json& answer)
+    static std::set<std::string> shownIn(const json& answer) { return shownInTimeline(answer.at("result")); }
+
+    static std::set<std::string> shownInTimeline(const json& timeline)
     {
         std::set<std::string> shown;
         const auto collect = [&](const auto& self, const json& place) -> void {
@@ -49,7 +51,7 @@ protected:
                 for (const json& member : place)
                     self(self, member);
         };
-        collect(collect, answer.at("result").at("entries").at(0).at("view"));
+        collect(collect, timeline.at("entries").at(0).at("view"));
         return shown;
     }
 
@@ -78,6 +80,8 @@ protected:
     }
 
     const json radar{{"kind", "org.skyvane.widgets.radar"}, {"family", "medium"}};
+    const json allThree{{{"kind", "org.skyvane.widgets.nearest"}, {"family", "small"}}, radar,
+        {{"kind", "org.skyvane.widgets.skyboard"}, {"family", "large"}}};
     Stage stage;
 };
 
