@@ -42,11 +42,11 @@ void DisplayListView::showEmptyCard()
 
 void DisplayListView::showCard(View view, const Color& background, const QString& state)
 {
-    if (m_view == view && m_background == background && m_state == state)
-        return;
+    const bool isSameState = std::exchange(m_state, state) == state;
+    if (m_view == view && m_background == background)
+        return isSameState ? void() : describe();
     m_view = std::move(view);
     m_background = background;
-    m_state = state;
     layOut();
 }
 
@@ -59,18 +59,18 @@ void DisplayListView::layOut()
     m_parts = spokenParts(m_list);
     if (m_focusedLink >= m_list.links.size())
         m_focusedLink.reset();
-    setAccessibleDescription(spokenText());
+    describe();
     if (AccessibleView* accessible = accessibleOf(*this))
         accessible->renew();
-    update();
 }
 
-QString DisplayListView::spokenText() const
+void DisplayListView::describe()
 {
     QStringList texts;
     for (const SpokenPart& part : m_parts)
         texts += toQString(part.text);
-    return (m_state + QLatin1Char{' '} + texts.join(QStringLiteral(", "))).trimmed();
+    setAccessibleDescription((m_state + QLatin1Char{' '} + texts.join(QStringLiteral(", "))).trimmed());
+    update();
 }
 
 void DisplayListView::setFocusShown(bool isShown)

@@ -62,7 +62,7 @@ private:
     };
 
     void layOut();
-    QString spokenText() const;
+    void describe();
     std::optional<std::size_t> linkAt(QPointF place) const;
     std::optional<Target> targetAt(QPointF place) const;
     void focusLink(std::optional<std::size_t> link);

@@ -36,14 +36,18 @@ void paintFocus(const QRectF& frame, double radius, QPainter& painter)
     painter.drawRoundedRect(frame.adjusted(half, half, -half, -half), radius - half, radius - half);
 }
 
-void paintStale(double width, QPainter& painter)
+void paintMark(Mark mark, double width, QPainter& painter)
 {
     constexpr double inset = 13;
     constexpr double radius = 3;
-    constexpr Color color{1, 0.7, 0.2};
+    constexpr Color stale{1, 0.7, 0.2};
+    constexpr Color refreshing{0.65, 0.7, 0.75};
+    if (mark == Mark::none)
+        return;
+    const bool isDot = mark == Mark::stale;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(toQt(color));
+    painter.setPen(isDot ? QPen{Qt::NoPen} : QPen{toQt(refreshing), 1.5});
+    painter.setBrush(isDot ? QBrush{toQt(stale)} : QBrush{Qt::NoBrush});
     painter.drawEllipse(QPointF{width - inset, inset}, radius, radius);
 }
 

@@ -22,7 +22,13 @@ void paint(const DisplayList& list, const Color& background, QPainter& painter, 
 /// Paints a ring just inside the frame.
 void paintFocus(const QRectF& frame, double radius, QPainter& painter);
 
-/// Paints the mark of a widget that is no longer up to date.
-void paintStale(double width, QPainter& painter);
+/// The mark in a widget's corner.
+enum class Mark {
+    none,
+    stale, ///< It is no longer up to date: a dot.
+    refreshing, ///< A refresh is still to come: a ring.
+};
+
+void paintMark(Mark mark, double width, QPainter& painter);
 
 } // namespace skyvane::WidgetCard

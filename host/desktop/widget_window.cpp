@@ -16,6 +16,31 @@
 
 namespace skyvane {
 
+namespace {
+
+using WidgetCard::Mark;
+
+Mark markOf(const ShownEntry& content)
+{
+    return content.isRefreshing ? Mark::refreshing : content.isStale ? Mark::stale : Mark::none;
+}
+
+/// For a screen reader and the tool tip.
+QString stateOf(Mark mark)
+{
+    switch (mark) {
+    case Mark::none:
+        return {};
+    case Mark::stale:
+        return localizedText("Not up to date.");
+    case Mark::refreshing:
+        break;
+    }
+    return localizedText("Refreshing.");
+}
+
+} // namespace
+
 WidgetWindow::WidgetWindow(WidgetFamily family, const FontMeasurer& fonts, WidgetActions actions)
     : DisplayListView(fonts, [this](const URL* link) { open(link); }), m_actions(std::move(actions))
 {
@@ -34,8 +59,8 @@ void WidgetWindow::setNames(const QString& name, const QString& description)
 
 void WidgetWindow::showContent(const ShownEntry& content)
 {
-    m_shown = Shown{.url = content.entry.url, .isStale = content.isStale};
-    const QString state = content.isStale ? localizedText("Not up to date.") : QString{};
+    m_shown = Shown{.url = content.entry.url, .mark = markOf(content)};
+    const QString state = stateOf(m_shown->mark);
     showCard(content.entry.view, content.entry.background, state);
     setToolTip(state);
 }
@@ -56,9 +81,9 @@ void WidgetWindow::paintEvent(QPaintEvent* event)
     if (m_isShaped && background())
         QPainter{this}.fillRect(rect(), toQt(*background()));
     DisplayListView::paintEvent(event);
-    if (m_shown && m_shown->isStale) {
+    if (m_shown) {
         QPainter painter{this};
-        WidgetCard::paintStale(width(), painter);
+        WidgetCard::paintMark(m_shown->mark, width(), painter);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "desk/display_list_view.h"
 #include "host/extension/schedule.h"
+#include "paint/widget_card.h"
 #include "ui/layout/widget_container.h"
 
 namespace skyvane {
@@ -38,7 +39,7 @@ private:
     /// Of the content, beside what the card shows.
     struct Shown {
         std::optional<URL> url;
-        bool isStale;
+        WidgetCard::Mark mark;
     };
 
     void open(const URL* link);

@@ -175,6 +175,24 @@ TEST_F(WidgetWindowTest, whatIsStaleIsMarkedAndSaidSo)
     EXPECT_EQ(window.accessibleDescription(), "Not up to date.");
 }
 
+TEST_F(WidgetWindowTest, whatIsRefreshingIsMarkedAndSaidSoWhateverElseItIs)
+{
+    ShownEntry shown = content({spacer()});
+    window.showContent(shown);
+    const QImage fresh = picture();
+    shown.isStale = true;
+    window.showContent(shown);
+    const QImage stale = picture();
+    shown.isRefreshing = true;
+    window.showContent(shown);
+    EXPECT_NE(picture(), fresh);
+    EXPECT_NE(picture(), stale);
+    EXPECT_EQ(window.accessibleDescription(), "Refreshing.");
+    window.showContent(content({spacer()}));
+    EXPECT_EQ(picture(), fresh);
+    EXPECT_EQ(window.accessibleDescription(), "");
+}
+
 TEST_F(WidgetWindowTest, shapedItIsCutAlongItsRoundCorners)
 {
     window.setShaped(true);
