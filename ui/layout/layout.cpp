@@ -142,7 +142,7 @@ private:
     {
         m_list.items.push_back(Pictogram{
             .center = onCanvas(symbol.center, frame),
-            .side = m_sizing.side(symbol.font),
+            .side = Sizing::side(symbol.font),
             .name = symbol.name,
             .rotation = symbol.rotation,
             .color = symbol.color,

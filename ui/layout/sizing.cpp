@@ -80,7 +80,7 @@ Size Sizing::answer(const View& view, Size offer)
         Size operator()(const Text& text) { return layoutText(text, offer.width, sizing.m_measurer).size(); }
         Size operator()(const Symbol& symbol)
         {
-            const double side = sizing.side(symbol.font);
+            const double side = Sizing::side(symbol.font);
             return {.width = side, .height = side};
         }
         Size operator()(const HStack& stack) { return sizing.arrange(stack, offer).size; }
@@ -172,9 +172,12 @@ Size Sizing::offerInside(const Frame& frame, Size offer)
     return {.width = limited(offer.width, frame.maxWidth), .height = limited(offer.height, frame.maxHeight)};
 }
 
-double Sizing::side(const Font& symbolFont) const
+/// About as high as a line of the usual interface faces, in whatever face, and so with whatever line, texts
+/// are shown.
+double Sizing::side(const Font& symbolFont)
 {
-    return m_measurer.lineMetrics(faceOf(symbolFont)).height();
+    constexpr double lineHeight = 1.17;
+    return faceOf(symbolFont).size * lineHeight;
 }
 
 } // namespace skyvane

@@ -37,7 +37,8 @@ public:
     /// What a frame offers its child.
     static Size offerInside(const Frame& frame, Size offer);
 
-    double side(const Font& symbolFont) const;
+    /// Of a symbol's square.
+    static double side(const Font& symbolFont);
     const TextMeasurer& measurer() const { return m_measurer; }
 
 private:

@@ -29,6 +29,8 @@ View glyph(double size = 10)
 {
     return symbol("airplane").font({.size = size});
 }
+constexpr double lineHeight = 1.17; ///< Of a symbol, in sizes of its font.
+
 URL url(const char* string)
 {
     return URL::parse(string).value();
@@ -97,18 +99,18 @@ TEST(Layout, aStackPutsItsSpacingBetweenItsChildren)
 TEST(Layout, aStackAlignsItsChildrenAcrossIt)
 {
     const auto row = [](VerticalAlignment align) {
-        return texts(laidOut(HStack{.align = align}({tenPoint("A"), glyph(30)}))).at(0).corner.y;
+        return texts(laidOut(HStack{.align = align}({tenPoint("A"), glyph(30 / lineHeight)}))).at(0).corner.y;
     };
-    EXPECT_EQ(row(VerticalAlignment::top), 15);
-    EXPECT_EQ(row(VerticalAlignment::center), 25);
-    EXPECT_EQ(row(VerticalAlignment::bottom), 35);
+    EXPECT_DOUBLE_EQ(row(VerticalAlignment::top), 15);
+    EXPECT_DOUBLE_EQ(row(VerticalAlignment::center), 25);
+    EXPECT_DOUBLE_EQ(row(VerticalAlignment::bottom), 35);
 
     const auto column = [](HorizontalAlignment align) {
-        return texts(laidOut(VStack{.align = align}({tenPoint("A"), glyph(30)}))).at(0).corner.x;
+        return texts(laidOut(VStack{.align = align}({tenPoint("A"), glyph(30 / lineHeight)}))).at(0).corner.x;
     };
-    EXPECT_EQ(column(HorizontalAlignment::leading), 35);
-    EXPECT_EQ(column(HorizontalAlignment::center), 47);
-    EXPECT_EQ(column(HorizontalAlignment::trailing), 59);
+    EXPECT_DOUBLE_EQ(column(HorizontalAlignment::leading), 35);
+    EXPECT_DOUBLE_EQ(column(HorizontalAlignment::center), 47);
+    EXPECT_DOUBLE_EQ(column(HorizontalAlignment::trailing), 59);
 }
 
 TEST(Layout, theShortTextsOfARowKeepTheirWidthAndTheLongestTruncates)
@@ -232,15 +234,21 @@ TEST(Layout, canvasItemsArePlacedInUnitCoordinates)
     EXPECT_THAT(laidOut(view).items,
         ElementsAre(DisplayItem{Segment{.from = {0, 5}, .to = {100, 55}, .stroke = stroke}},
             DisplayItem{Ellipse{.center = {25, 30}, .diameter = 5, .paint = stroke}},
-            DisplayItem{Pictogram{
-                .center = {50, 55}, .side = 7, .name = "house", .rotation = 30, .color = {0, 1, 0}}}));
+            DisplayItem{Pictogram{.center = {50, 55},
+                .side = 7 * lineHeight,
+                .name = "house",
+                .rotation = 30,
+                .color = {0, 1, 0}}}));
 }
 
-TEST(Layout, aSymbolIsASquareAsHighAsItsLine)
+TEST(Layout, aSymbolIsASquareByTheSizeOfItsFontWhateverTheFacesLines)
 {
     EXPECT_THAT(laidOut(symbol("airplane").font({.size = 12}).rotated(90)).items,
-        ElementsAre(DisplayItem{Pictogram{
-            .center = {50, 30}, .side = 12, .name = "airplane", .rotation = 90, .color = {0, 0, 0}}}));
+        ElementsAre(DisplayItem{Pictogram{.center = {50, 30},
+            .side = 12 * lineHeight,
+            .name = "airplane",
+            .rotation = 90,
+            .color = {0, 0, 0}}}));
 }
 
 TEST(Layout, rotationChangesNoLayout)
