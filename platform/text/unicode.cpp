@@ -106,6 +106,19 @@ std::vector<std::string_view> words(std::string_view text)
     return list;
 }
 
+/// The text's beginning up to and with the first punctuation that ends a word: all but apostrophes. The
+/// library (UAX #29) takes the full stops inside "U.S." for parts of one word.
+std::string_view throughPunctuation(std::string_view text)
+{
+    constexpr UChar32 apostrophe = 0x2019;
+    for (std::int32_t at = 0; at < length(text);) {
+        const UChar32 character = nextCodePoint(text, at);
+        if (u_ispunct(character) != 0 && character != '\'' && character != apostrophe)
+            return text.substr(0, static_cast<std::size_t>(at));
+    }
+    return text;
+}
+
 /// One of a kind is made from the library's rules, which takes long; the others are copies.
 template <auto make>
 std::unique_ptr<icu::BreakIterator> breakIterator()
@@ -161,10 +174,15 @@ std::string uppercased(std::string_view text)
 std::string wordsCapitalized(std::string_view text)
 {
     std::string result;
-    icu::StringByteSink<std::string> sink{&result, length(text)};
-    UErrorCode status = U_ZERO_ERROR;
-    icu::CaseMap::utf8ToTitle(
-        "", U_TITLECASE_ADJUST_TO_CASED, nullptr, {text.data(), length(text)}, sink, nullptr, status);
+    const auto words = breakIterator<icu::BreakIterator::createWordInstance>();
+    while (!text.empty()) {
+        const std::string_view stretch = throughPunctuation(text);
+        icu::StringByteSink<std::string> sink{&result, length(stretch)};
+        UErrorCode status = U_ZERO_ERROR;
+        icu::CaseMap::utf8ToTitle("", U_TITLECASE_ADJUST_TO_CASED, words.get(),
+            {stretch.data(), length(stretch)}, sink, nullptr, status);
+        text.remove_prefix(stretch.size());
+    }
     return result;
 }
 

@@ -15,7 +15,7 @@ std::string_view trimmed(std::string_view text);
 std::string uppercased(std::string_view text);
 
 /// The first letter of every word upper case, digits before it or not, the rest lower case: "CESSNA 172R"
-/// becomes "Cessna 172R".
+/// becomes "Cessna 172R". Punctuation ends a word, an apostrophe does not: "U.S. Air Force", "De L'air".
 std::string wordsCapitalized(std::string_view text);
 
 /// The user-perceived characters (extended grapheme clusters, UAX #29) in order. Views into `text`.

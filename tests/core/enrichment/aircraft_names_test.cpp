@@ -22,6 +22,13 @@ TEST(AircraftTypeName, withoutADesignatorIsTheFeedsDescriptionCapitalized)
     EXPECT_EQ((Aircraft{.hex = "a", .typeDescription = "BOEING 737-800"}.typeName()), "Boeing 737-800");
 }
 
+TEST(AircraftTypeName, andTheOperatorsKeepTheCapitalsOfAnAbbreviation)
+{
+    const Aircraft aircraft{.hex = "a", .typeDescription = "D.H.C. BEAVER", .operatorName = "U.S. AIR FORCE"};
+    EXPECT_EQ(aircraft.typeName(), "D.H.C. Beaver");
+    EXPECT_EQ(aircraft.operatorDisplayName(), "U.S. Air Force");
+}
+
 TEST(AircraftTypeName, isAbsentWhenNeitherSaysAnything)
 {
     EXPECT_EQ((Aircraft{.hex = "a"}.typeName()), std::nullopt);

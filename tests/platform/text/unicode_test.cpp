@@ -64,6 +64,18 @@ TEST(Unicode, wordsAreCapitalizedOneByOne)
     EXPECT_EQ(Unicode::wordsCapitalized("2EXCEL AVIATION LTD, 3D"), "2Excel Aviation Ltd, 3D");
     EXPECT_EQ(Unicode::wordsCapitalized("1ST ǆungla 42"), "1St ǅungla 42");
     EXPECT_EQ(Unicode::wordsCapitalized("ÉCOLE DE L'AIR"), "École De L'air");
+    EXPECT_EQ(Unicode::wordsCapitalized(""), "");
+}
+
+TEST(Unicode, aWordEndsAtPunctuationButNotAtAnApostrophe)
+{
+    EXPECT_EQ(Unicode::wordsCapitalized("U.S. AIR FORCE"), "U.S. Air Force");
+    EXPECT_EQ(Unicode::wordsCapitalized("A.B.C. AIR"), "A.B.C. Air");
+    EXPECT_EQ(Unicode::wordsCapitalized("WWW.AIR-TAXI.EU, S.À.R.L."), "Www.Air-Taxi.Eu, S.À.R.L.");
+    EXPECT_EQ(Unicode::wordsCapitalized("AIR_TAXI:COL·LEGI (UK)/EU"), "Air_Taxi:Col·Legi (Uk)/Eu");
+    EXPECT_EQ(Unicode::wordsCapitalized("O'BRIEN’S JET"), "O'brien’s Jet");
+    EXPECT_EQ(Unicode::wordsCapitalized("E\u0301COLE.E\u0301TAT"), "E\u0301cole.E\u0301tat");
+    EXPECT_EQ(Unicode::wordsCapitalized(".A\xff.B\xe2"), ".A\xff.B\xe2");
 }
 
 TEST(Unicode, charactersAreWhatPeopleSeeAsOne)
