@@ -1,5 +1,6 @@
 #include "platform/files/files.h"
 
+#include "tests/support/namespaces.h"
 #include "tests/support/scratch_folder.h"
 
 #include "platform/pinned.h"
@@ -56,6 +57,22 @@ TEST_F(FilesTest, theUserDatabaseKnowsTheHomeFolderBetterThanTheEnvironment)
         setenv("HOME", home.c_str(), /*overwrite=*/1);
     else
         unsetenv("HOME");
+}
+
+TEST_F(FilesTest, anEmptyHomeFolderInTheUserDatabaseIsNone)
+{
+    const auto homeOf = [&](const std::string& folder, const char* expected) {
+        const std::string user = std::to_string(getuid()) + ":" + std::to_string(getgid());
+        put("tester:x:" + user + "::" + folder + ":/bin/sh\n");
+        const std::filesystem::path order = scratch.path() / "order";
+        std::ofstream{order} << "passwd: files\n";
+        test::enterOwnNamespaces(
+            {{.path = "/etc/passwd", .standIn = file}, {.path = "/etc/nsswitch.conf", .standIn = order}});
+        setenv("HOME", "/elsewhere", /*overwrite=*/1);
+        std::_Exit(Files::homeFolder() == expected ? 0 : 1);
+    };
+    EXPECT_EXIT(homeOf("/home/tester", "/home/tester"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(homeOf("", "/elsewhere"), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(FilesTest, readsAWholeFile)
