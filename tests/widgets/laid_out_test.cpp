@@ -5,7 +5,6 @@
 #include "tests/ui/layout/even_measurer.h"
 #include "tests/widgets/layout_check.h"
 #include "ui/layout/dump.h"
-#include "widgets/skyvane_widget_bundle.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,29 +16,9 @@
 namespace skyvane {
 namespace {
 
+using test::LaidOut;
+using test::laidOut;
 using testing::IsEmpty;
-
-struct LaidOut {
-    std::string title;
-    DisplayList list;
-};
-
-/// Every widget in each of its families.
-std::vector<LaidOut> laidOut(const SkyEntry& entry)
-{
-    std::vector<LaidOut> all;
-    for (const Widget& widget : SkyvaneWidgetBundle{}.body()) {
-        for (const WidgetFamily family : widget.supportedFamilies) {
-            const std::string_view name = WidgetContainer::name(family);
-            all.push_back({
-                .title = widget.displayName + ", " + std::string{name},
-                .list
-                = WidgetContainer::layout(widget.content(entry, family).view, family, test::EvenMeasurer{}),
-            });
-        }
-    }
-    return all;
-}
 
 SkyEntry withoutHome()
 {

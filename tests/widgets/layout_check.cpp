@@ -1,5 +1,8 @@
 #include "tests/widgets/layout_check.h"
 
+#include "tests/ui/layout/even_measurer.h"
+#include "widgets/skyvane_widget_bundle.h"
+
 namespace skyvane::test {
 
 namespace {
@@ -31,6 +34,21 @@ bool overlap(const Rect& one, const Rect& other)
 }
 
 } // namespace
+
+std::vector<LaidOut> laidOut(const SkyEntry& entry)
+{
+    std::vector<LaidOut> all;
+    for (const Widget& widget : SkyvaneWidgetBundle{}.body()) {
+        for (const WidgetFamily family : widget.supportedFamilies) {
+            const std::string_view name = WidgetContainer::name(family);
+            all.push_back({
+                .title = widget.displayName + ", " + std::string{name},
+                .list = WidgetContainer::layout(widget.content(entry, family).view, family, EvenMeasurer{}),
+            });
+        }
+    }
+    return all;
+}
 
 std::vector<std::string> layoutProblems(const DisplayList& list, const TextMeasurer& measurer)
 {

@@ -1,11 +1,20 @@
 #pragma once
 
+#include "core/views/sky_entry.h"
 #include "ui/layout/widget_container.h"
 
 #include <string>
 #include <vector>
 
 namespace skyvane::test {
+
+struct LaidOut {
+    std::string title;
+    DisplayList list;
+};
+
+/// Every widget in each of its families, by the even measurer.
+std::vector<LaidOut> laidOut(const SkyEntry& entry);
 
 /// What is wrong with a laid-out widget: a text or a pictogram beyond its margins, two texts over each other.
 std::vector<std::string> layoutProblems(const DisplayList& list, const TextMeasurer& measurer);
