@@ -12,7 +12,8 @@ namespace skyvane::JSON::Exact {
 
 namespace {
 
-constexpr std::size_t shortestRun = 16; ///< Digits and point of a number that a double may round.
+/// Digits and point of a number that a double may round: 15 digits are safe without an exponent only.
+constexpr std::size_t shortestRun = 15;
 
 bool isDigit(char character)
 {
@@ -237,7 +238,7 @@ std::optional<std::string_view> numberToken(std::string_view string)
 
 bool mayBeRounded(std::string_view text)
 {
-    constexpr std::size_t step = sizeof(Eight); // A run of 16 digits holds eight from one of these places on.
+    constexpr std::size_t step = sizeof(Eight); // A run of 15 digits holds eight from one of these places on.
     std::size_t place = 0;
     while (place + step <= text.size()) {
         const Eight next{text.data() + place};

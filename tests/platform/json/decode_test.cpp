@@ -142,6 +142,17 @@ TEST(JSONDecoding, wholeNumbersMayBeWrittenInAnyWay)
     EXPECT_EQ(integerIn("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
 }
 
+TEST(JSONDecoding, aWholeNumberWithAnExponentIsExactWhereverItStands)
+{
+    for (std::size_t blanks = 0; blanks < 9; ++blanks) {
+        const std::string before(blanks, ' ');
+        EXPECT_EQ(integerIn(before + "123456789012345e3"), 123456789012345000) << blanks;
+        EXPECT_EQ(integerIn(before + "-98765432109876.5E4"), -987654321098765000) << blanks;
+        EXPECT_THROW(integerIn(before + "123456789012345e5"), JSON::DecodingError) << blanks;
+        EXPECT_EQ(doubleIn(before + "123456789012345e3"), 123456789012345000.0) << blanks;
+    }
+}
+
 TEST(JSONDecoding, wholeNumbersBeyond64BitsAreNoIntegersButDoubles)
 {
     for (const char* text : {"9223372036854775808", "-9223372036854775809", "18446744073709551615",
