@@ -2,9 +2,11 @@
 
 #include "paint/painter.h"
 #include "paint/to_qt.h"
+#include "paint/widget_card.h"
 
 #include <QBuffer>
 #include <QPainter>
+#include <QPainterPath>
 #include <QSvgGenerator>
 
 #include <algorithm>
@@ -38,38 +40,58 @@ QByteArray labelled(QByteArray svg, const SvgLabels& labels)
     return svg;
 }
 
+/// The generator gives the natural size in millimetres, which are no whole number of pixels.
+QByteArray sizedInPixels(QByteArray svg, QSize size)
+{
+    const qsizetype start = svg.indexOf(" width=");
+    const qsizetype end = svg.indexOf("viewBox=", start);
+    const QByteArray words = " width=\"" + QByteArray::number(size.width()) + "\" height=\""
+        + QByteArray::number(size.height()) + "\"\n ";
+    return start < 0 || end < 0 ? svg : svg.replace(start, end - start, words);
+}
+
+void paintBackground(QPainter& painter, const QRectF& box, const Color& color, Corners corners)
+{
+    const double radius = corners == Corners::round ? WidgetCard::cornerRadius : 0;
+    QPainterPath shape;
+    shape.addRoundedRect(box, radius, radius);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(shape, toQt(color));
+}
+
 } // namespace
 
-QImage renderImage(const DisplayList& list, const Color& background, double scale, const FontMeasurer& fonts)
+QImage renderImage(const DisplayList& list, const Color& background, double scale, const FontMeasurer& fonts,
+    Corners corners)
 {
     QImage image{pixels(list.size, scale), QImage::Format_ARGB32_Premultiplied};
-    image.fill(toQt(background));
+    image.fill(Qt::transparent);
     QPainter painter{&image};
     painter.scale(scale, scale);
+    paintBackground(painter, {{}, QSizeF{image.size()} / scale}, background, corners);
     paint(list, painter, fonts);
     return image;
 }
 
-QByteArray renderSvg(
-    const DisplayList& list, const Color& background, const SvgLabels& labels, const FontMeasurer& fonts)
+QByteArray renderSvg(const DisplayList& list, const Color& background, const SvgLabels& labels,
+    const FontMeasurer& fonts, Corners corners)
 {
-    constexpr int pixelsPerInch = 96; // Those of the web: at its natural size, a point is a pixel.
+    const QSize size = pixels(list.size, 1);
     const QRectF box{0, 0, list.size.width, list.size.height};
 
     QBuffer buffer;
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
-    generator.setResolution(pixelsPerInch);
-    generator.setSize(pixels(list.size, 1));
+    generator.setSize(size);
     generator.setViewBox(box);
     generator.setTitle(QString::fromLatin1(titleToCome));
     generator.setDescription(QString::fromLatin1(descriptionToCome));
 
     QPainter painter{&generator};
-    painter.fillRect(box, toQt(background));
+    paintBackground(painter, box, background, corners);
     paint(list, painter, fonts, TextForm::outlines);
     painter.end();
-    return labelled(buffer.data(), labels);
+    return labelled(sizedInPixels(buffer.data(), size), labels);
 }
 
 } // namespace skyvane

@@ -1,7 +1,6 @@
 #include "host/commands/render_command.h"
 
 #include "host/commands/operands.h"
-#include "paint/render.h"
 #include "ui/layout/widget_container.h"
 
 #include <QBuffer>
@@ -89,12 +88,12 @@ QByteArray picture(const RenderWords& words, const WidgetInfo& widget, const Wid
     const FontMeasurer fonts;
     const DisplayList list = WidgetContainer::layout(entry.view, words.family, fonts);
     if (words.format == PictureFormat::png)
-        return png(renderImage(list, entry.background, words.scale, fonts));
+        return png(renderImage(list, entry.background, words.scale, fonts, words.corners));
     const SvgLabels labels{
         .title = QString::fromStdString(widget.displayName),
         .description = QString::fromStdString(widget.description),
     };
-    return renderSvg(list, entry.background, labels, fonts);
+    return renderSvg(list, entry.background, labels, fonts, words.corners);
 }
 
 void write(const std::filesystem::path& path, const QByteArray& bytes)
@@ -149,6 +148,7 @@ RenderWords RenderWords::read(const Arguments& arguments)
         .format = output ? skyvane::format(*output) : PictureFormat::png,
         .scale = skyvane::scale(arguments.option("--scale").value_or("1")),
         .isSample = arguments.option("--sample").has_value(),
+        .corners = arguments.option("--square") ? Corners::square : Corners::round,
     };
 }
 
@@ -174,6 +174,10 @@ Command renderCommand()
             {
                 .name = "--sample",
                 .help = "the built-in sample instead of live data",
+            },
+            {
+                .name = "--square",
+                .help = "without the round corners that it has on the desktop",
             },
         },
         .help = "Writes a widget as a picture and prints the file's name.",

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/commands/command.h"
+#include "paint/render.h"
 
 #include <filesystem>
 
@@ -21,6 +22,7 @@ struct RenderWords {
     PictureFormat format = PictureFormat::png; ///< By the output's ending.
     double scale = 1; ///< Pixels a point, up to 8.
     bool isSample = false;
+    Corners corners = Corners::round;
 
     /// Throws `UsageError`.
     static RenderWords read(const Arguments& arguments);

@@ -1,5 +1,6 @@
 #include "paint/render.h"
 
+#include "paint/widget_card.h"
 #include "tests/paint/picture.h"
 #include "ui/layout/layout.h"
 #include "ui/tree/build.h"
@@ -60,7 +61,7 @@ TEST(Render, twiceTheScaleIsTheSamePicture)
     const QImage once = renderImage(list, test::black, 1, fonts);
     const QImage twice = renderImage(list, test::black, 2, fonts);
     const QImage halved = twice.scaled(once.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    EXPECT_LT(test::difference(once, halved), 2.5);
+    EXPECT_LT(test::difference(once, halved), 3);
     EXPECT_GT(test::difference(once, renderImage({.size = list.size}, test::black, 1, fonts)), 5);
 }
 
@@ -85,6 +86,52 @@ TEST(Render, anSvgShowsWhatTheImageShows)
     renderer.render(&painter);
     painter.end();
     EXPECT_LT(test::difference(image, renderImage(list, test::black, 2, fonts)), 3);
+}
+
+TEST(Render, anSvgIsAsManyWholePixelsAsItHasPoints)
+{
+    const FontMeasurer fonts;
+    for (const Size size : {Size{170, 170}, Size{364, 170}, Size{364, 382}}) {
+        const QByteArray svg = renderSvg({.size = size}, test::black, {.title = "Sample"}, fonts);
+        const QByteArray width = QByteArray::number(size.width);
+        const QByteArray height = QByteArray::number(size.height);
+        EXPECT_TRUE(svg.contains("<svg width=\"" + width + "\" height=\"" + height + "\"\n viewBox=\"0 0 "
+            + width + " " + height + "\""))
+            << svg.left(300).toStdString();
+        EXPECT_EQ(QSvgRenderer{svg}.defaultSize(), QSizeF(size.width, size.height).toSize());
+    }
+}
+
+TEST(Render, roundCornersAreThoseOfTheCardOnTheDesktop)
+{
+    const FontMeasurer fonts;
+    const DisplayList list = sampleList(fonts);
+    for (const double scale : {1.0, 2.0}) {
+        QImage card{QSizeF(120 * scale, 100 * scale).toSize(), QImage::Format_ARGB32_Premultiplied};
+        card.fill(Qt::transparent);
+        QPainter painter{&card};
+        painter.scale(scale, scale);
+        WidgetCard::paint(list, test::black, painter, fonts);
+        painter.end();
+        EXPECT_EQ(renderImage(list, test::black, scale, fonts, Corners::round), card);
+    }
+    EXPECT_EQ(renderImage(list, test::black, 1, fonts, Corners::square).pixelColor(0, 0), QColor(0, 0, 0));
+}
+
+TEST(Render, anSvgsCornersAreThoseOfTheImage)
+{
+    const FontMeasurer fonts;
+    const DisplayList list = sampleList(fonts);
+    for (const Corners corners : {Corners::round, Corners::square}) {
+        QImage image{120, 100, QImage::Format_ARGB32_Premultiplied};
+        image.fill(Qt::transparent);
+        QPainter painter{&image};
+        QSvgRenderer{renderSvg(list, test::white, {.title = "Sample"}, fonts, corners)}.render(&painter);
+        painter.end();
+        const QImage pixels = renderImage(list, test::white, 1, fonts, corners);
+        for (const QPoint place : {QPoint{0, 0}, QPoint{119, 99}, QPoint{4, 4}, QPoint{30, 0}})
+            EXPECT_NEAR(image.pixelColor(place).alpha(), pixels.pixelColor(place).alpha(), 3) << place.x();
+    }
 }
 
 TEST(Render, anSvgIsDrawnInLinesNotInPixels)

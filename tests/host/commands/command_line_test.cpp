@@ -57,10 +57,13 @@ TEST(CommandLine, optionsStandAnywhere)
         .format = PictureFormat::svg,
         .scale = 1.5,
         .isSample = true,
+        .corners = Corners::square,
     };
     EXPECT_EQ(
-        render({"render", "--scale", "1.5", "radar", "--sample", "large", "--output", "a.SVG"}), expected);
-    EXPECT_EQ(render({"render", "radar", "large", "--output=a.SVG", "--sample", "--scale=1.5"}), expected);
+        render({"render", "--scale", "1.5", "radar", "--sample", "large", "--square", "--output", "a.SVG"}),
+        expected);
+    EXPECT_EQ(render({"render", "--square", "radar", "large", "--output=a.SVG", "--sample", "--scale=1.5"}),
+        expected);
 }
 
 TEST(CommandLine, listHelpAndVersionStandAlone)

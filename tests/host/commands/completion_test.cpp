@@ -54,8 +54,9 @@ TEST(Completion, aFamilyIsOneOfTheKindBeforeIt)
 
 TEST(Completion, optionsStandAnywhereButOnce)
 {
-    EXPECT_THAT(offered({"render", "-"}), ElementsAre("--output", "--scale", "--sample"));
-    EXPECT_THAT(offered({"render", "--sample", "clock", "small", ""}), ElementsAre("--output", "--scale"));
+    EXPECT_THAT(offered({"render", "-"}), ElementsAre("--output", "--scale", "--sample", "--square"));
+    EXPECT_THAT(offered({"render", "--sample", "clock", "small", ""}),
+        ElementsAre("--output", "--scale", "--square"));
     EXPECT_THAT(offered({"render", "--scale", "2", "clock", ""}), ElementsAre("small", "medium"));
 }
 

@@ -68,7 +68,7 @@ TEST_F(RunCommand, aWidgetIsWrittenAndItsFilePrinted)
     EXPECT_EQ(outcome.out, output.string() + "\n");
     const QImage image{QString::fromStdString(output.string())};
     EXPECT_EQ(image.size(), QSize(170, 170));
-    EXPECT_EQ(image.pixelColor(2, 2), QColor(0, 0, 255));
+    EXPECT_EQ(image.pixelColor(2, 30), QColor(0, 0, 255));
     EXPECT_EQ(image.pixelColor(85, 85), QColor(255, 0, 0));
 }
 
@@ -83,6 +83,19 @@ TEST_F(RunCommand, aSampleIsRenderedOnRequest)
     EXPECT_EQ(render("empty", {"clock", "small"}).error,
         "skyvane-host: the widget extension answered a timeline without entries\n");
     EXPECT_EQ(render("good", {"clock", "small", "--sample"}).status, 0);
+}
+
+TEST_F(RunCommand, cornersAreRoundAsOnTheDesktopUnlessSquareOnesAreAskedFor)
+{
+    const auto corner = [&](const std::vector<std::string>& words) {
+        EXPECT_EQ(render("good", words).status, 0);
+        return QImage{QString::fromStdString(output.string())}.pixelColor(2, 2);
+    };
+    EXPECT_EQ(corner({"clock", "small"}).alpha(), 0);
+    EXPECT_EQ(corner({"clock", "small", "--square"}), QColor(0, 0, 255));
+    output = folder.path() / "picture.svg";
+    EXPECT_EQ(corner({"clock", "small"}).alpha(), 0);
+    EXPECT_EQ(corner({"clock", "small", "--square"}), QColor(0, 0, 255));
 }
 
 TEST_F(RunCommand, anSVGIsWrittenByItsEnding)
