@@ -8,6 +8,7 @@
 #include <QTextLayout>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 
@@ -21,14 +22,6 @@ constexpr std::size_t mostScaledFonts = 64;
 /// Fonts come in whole pixels only. Everything is shaped at this size and scaled, which makes widths
 /// proportional.
 constexpr int shapingSize = 128;
-
-QFont unhinted(const QString& family)
-{
-    QFont font{family};
-    font.setHintingPreference(QFont::PreferNoHinting);
-    font.setStyleStrategy(QFont::PreferAntialias);
-    return font;
-}
 
 /// Some desktops, and every session without one, name a proportional family here.
 QString fixedFamily()
@@ -86,13 +79,15 @@ std::unique_ptr<QTextLayout> oneLine(QString text, const QFont& font)
 }
 
 /// What makes the shape of a line, `tracking` a share of the size.
-std::string keyOf(std::string_view text, const FontFace& face, double tracking)
+std::string keyOf(std::string_view text, const FontFace& face, double tracking, Hinting hinting)
 {
     struct {
         double tracking;
-        int weight;
-        int design;
-    } const fields{tracking, static_cast<int>(face.weight), static_cast<int>(face.design)};
+        std::int16_t weight;
+        std::int16_t design;
+        std::int32_t hinting;
+    } const fields{tracking, static_cast<std::int16_t>(face.weight), static_cast<std::int16_t>(face.design),
+        static_cast<std::int32_t>(hinting)};
     std::string key(sizeof fields, '\0');
     std::memcpy(key.data(), &fields, sizeof fields);
     return key.append(text);
@@ -101,15 +96,15 @@ std::string keyOf(std::string_view text, const FontFace& face, double tracking)
 } // namespace
 
 FontMeasurer::FontMeasurer()
-    : m_interfaceFont(unhinted(QFontDatabase::systemFont(QFontDatabase::GeneralFont).family()))
-    , m_fixedFont(unhinted(fixedFamily()))
+    : m_interfaceFont(QFontDatabase::systemFont(QFontDatabase::GeneralFont).family())
+    , m_fixedFont(fixedFamily())
 {
     m_fixedFont.setStyleHint(QFont::Monospace);
 }
 
 double FontMeasurer::width(std::string_view text, const FontFace& face, double tracking) const
 {
-    return shapedLine(text, face, tracking / face.size).width * face.size / shapingSize;
+    return shapedLine(text, face, tracking / face.size, Hinting::none).width * face.size / shapingSize;
 }
 
 LineMetrics FontMeasurer::lineMetrics(const FontFace& face) const
@@ -119,10 +114,11 @@ LineMetrics FontMeasurer::lineMetrics(const FontFace& face) const
     return {.ascent = metrics.ascent * scale, .descent = metrics.descent * scale};
 }
 
-QList<QGlyphRun> FontMeasurer::glyphs(std::string_view text, const FontFace& face, double tracking) const
+QList<QGlyphRun> FontMeasurer::glyphs(
+    std::string_view text, const FontFace& face, double tracking, Hinting hinting) const
 {
     const double scale = face.size / shapingSize;
-    QList<QGlyphRun> runs = shapedLine(text, face, tracking / face.size).runs;
+    QList<QGlyphRun> runs = shapedLine(text, face, tracking / face.size, hinting).runs;
     for (QGlyphRun& run : runs) {
         QList<QPointF> positions = run.positions();
         for (QPointF& position : positions)
@@ -135,14 +131,18 @@ QList<QGlyphRun> FontMeasurer::glyphs(std::string_view text, const FontFace& fac
 
 /// Texts are measured before they are painted, and tried in several sizes: their shape is the same in all.
 const FontMeasurer::ShapedLine& FontMeasurer::shapedLine(
-    std::string_view text, const FontFace& face, double tracking) const
+    std::string_view text, const FontFace& face, double tracking, Hinting hinting) const
 {
-    std::string key = keyOf(text, face, tracking);
+    std::string key = keyOf(text, face, tracking, hinting);
     if (const auto known = m_lines.find(key); known != m_lines.end())
         return known->second;
     if (m_lines.size() == mostLines)
         m_lines.clear();
     QFont font = shapingFace(face).font;
+    if (hinting == Hinting::usual) {
+        font.setHintingPreference(QFont::PreferDefaultHinting);
+        font.setStyleStrategy(QFont::PreferDefault);
+    }
     if (tracking != 0)
         font.setLetterSpacing(QFont::AbsoluteSpacing, tracking * shapingSize);
     return m_lines.emplace(std::move(key), shape(toQString(text), font)).first->second;
@@ -185,6 +185,8 @@ const FontMeasurer::ShapingFace& FontMeasurer::shapingFace(const FontFace& face)
     QFont font = face.design == FontDesign::monospaced ? m_fixedFont : m_interfaceFont;
     font.setPixelSize(shapingSize);
     font.setWeight(weight(face.weight));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::PreferAntialias);
     const QFontMetricsF metrics{font};
     return m_faces.emplace(key, ShapingFace{font, {metrics.ascent(), metrics.descent()}}).first->second;
 }

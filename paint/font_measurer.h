@@ -16,8 +16,15 @@
 
 namespace skyvane {
 
-/// The system's fonts: its interface family and its fixed-width one, looked up once. Unhinted, so that a
-/// width holds at every scale and grows with the size. Needs a QGuiApplication; used from its thread only.
+/// Whether a glyph's shape bends to the pixels; its advance never does.
+enum class Hinting {
+    none,
+    usual, ///< As the user's settings of font rendering have it, in most cases slightly: up and down only.
+};
+
+/// The system's fonts: its interface family and its fixed-width one, looked up once. Measured unhinted, so
+/// that a width holds at every scale and grows with the size. Needs a QGuiApplication; used from its thread
+/// only.
 class FontMeasurer : public TextMeasurer {
 public:
     FontMeasurer();
@@ -25,8 +32,10 @@ public:
     double width(std::string_view text, const FontFace& face, double tracking) const override;
     LineMetrics lineMetrics(const FontFace& face) const override;
 
-    /// The glyphs of one line from its baseline's beginning at (0, 0), sized in points whatever the device.
-    QList<QGlyphRun> glyphs(std::string_view text, const FontFace& face, double tracking) const;
+    /// The glyphs of one line from its baseline's beginning at (0, 0), in the unit of the face's size. Hinted
+    /// ones want it to be a pixel.
+    QList<QGlyphRun> glyphs(
+        std::string_view text, const FontFace& face, double tracking, Hinting hinting = Hinting::none) const;
 
 private:
     /// One line at the shaping size.
@@ -48,7 +57,8 @@ private:
         QRawFont font;
     };
 
-    const ShapedLine& shapedLine(std::string_view text, const FontFace& face, double tracking) const;
+    const ShapedLine& shapedLine(
+        std::string_view text, const FontFace& face, double tracking, Hinting hinting) const;
     static ShapedLine shape(const QString& text, const QFont& font);
     const ShapingFace& shapingFace(const FontFace& face) const;
     QRawFont scaled(const QRawFont& shaped, double scale) const;

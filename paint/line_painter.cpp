@@ -8,6 +8,9 @@
 #include <QPainter>
 #include <QPen>
 
+#include <algorithm>
+#include <cmath>
+
 namespace skyvane {
 
 namespace {
@@ -34,6 +37,35 @@ void drawOnLayer(QPainter& painter, double reach, QPointF from, QPointF to)
     painter.setTransform(before);
 }
 
+/// The stretch between two edges, moved to whole pixels; at least one wide.
+struct PixelRange {
+    int first;
+    int count;
+
+    PixelRange(double one, double other)
+        : first(nearest(std::min(one, other))), count(std::max(1, nearest(std::abs(one - other))))
+    {
+    }
+
+    static int nearest(double edge) { return static_cast<int>(std::floor(edge + 0.5)); }
+};
+
+/// A line along a row or a column of pixels would lie on two at half its strength.
+void drawOnWholePixels(QPainter& painter, const QColor& color, double reach, QPointF from, QPointF to)
+{
+    const bool isRow = from.y() == to.y();
+    const QPointF sideways = isRow ? QPointF{0, reach} : QPointF{reach, 0};
+    const QTransform toDevice = painter.deviceTransform();
+    const QPointF one = toDevice.map(from - sideways);
+    const QPointF other = toDevice.map(to + sideways);
+    const PixelRange columns{one.x(), other.x()};
+    const PixelRange rows{one.y(), other.y()};
+    const QTransform before = painter.transform();
+    painter.setTransform(DevicePixels::transform(painter));
+    painter.fillRect(columns.first, rows.first, columns.count, rows.count, color);
+    painter.setTransform(before);
+}
+
 } // namespace
 
 /// Blending a translucent line, the toolkit hands every few pixels of it to a pool of threads and waits for
@@ -42,7 +74,10 @@ void paintLine(QPainter& painter, const Stroke& stroke, QPointF from, QPointF to
 {
     painter.setPen(QPen{toQt(stroke.color), stroke.width, Qt::SolidLine, Qt::FlatCap});
     const bool hasPixels = painter.paintEngine()->type() == QPaintEngine::Raster;
-    if (hasPixels && stroke.color.opacity < 1)
+    const bool isAlongAnAxis = (from.x() == to.x()) != (from.y() == to.y());
+    if (isAlongAnAxis && DevicePixels::scale(painter))
+        drawOnWholePixels(painter, toQt(stroke.color), stroke.width / 2, from, to);
+    else if (hasPixels && stroke.color.opacity < 1)
         drawOnLayer(painter, stroke.width / 2, from, to);
     else
         painter.drawLine(from, to);

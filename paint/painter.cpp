@@ -1,5 +1,6 @@
 #include "paint/painter.h"
 
+#include "paint/device_pixels.h"
 #include "paint/line_painter.h"
 #include "paint/pictograms.h"
 #include "paint/ring_painter.h"
@@ -42,12 +43,12 @@ struct ItemPainter {
         if (!isNear(line.origin))
             return;
         painter.setPen(toQt(line.color));
-        for (const QGlyphRun& run : fonts.glyphs(line.string, line.face, line.tracking)) {
-            if (form == TextForm::glyphs)
-                painter.drawGlyphRun(toQt(line.origin), run);
-            else
-                painter.fillPath(outline(run).translated(toQt(line.origin)), toQt(line.color));
-        }
+        constexpr double fine = 1.5; // From there on, pixels are too small to bend to.
+        const auto scale = form == TextForm::glyphs ? DevicePixels::scale(painter) : std::nullopt;
+        if (scale && *scale < fine)
+            paintOnPixels(line, *scale);
+        else
+            paintAnywhere(line);
     }
 
     void operator()(const Pictogram& pictogram) const
@@ -82,6 +83,29 @@ struct ItemPainter {
         if (!isNear(segment.from) || !isNear(segment.to) || !isVisible(segment.stroke))
             return;
         paintLine(painter, segment.stroke, toQt(segment.from), toQt(segment.to));
+    }
+
+    void paintAnywhere(const TextLine& line) const
+    {
+        for (const QGlyphRun& run : fonts.glyphs(line.string, line.face, line.tracking)) {
+            if (form == TextForm::glyphs)
+                painter.drawGlyphRun(toQt(line.origin), run);
+            else
+                painter.fillPath(outline(run).translated(toQt(line.origin)), toQt(line.color));
+        }
+    }
+
+    /// With hinted glyphs, which are made for the size and place at which they stand.
+    void paintOnPixels(const TextLine& line, double scale) const
+    {
+        FontFace face = line.face;
+        face.size *= scale;
+        const QPointF origin = painter.deviceTransform().map(toQt(line.origin));
+        const QTransform before = painter.transform();
+        painter.setTransform(DevicePixels::transform(painter));
+        for (const QGlyphRun& run : fonts.glyphs(line.string, face, line.tracking * scale, Hinting::usual))
+            painter.drawGlyphRun({origin.x(), std::round(origin.y())}, run);
+        painter.setTransform(before);
     }
 
     static QPainterPath outline(const QGlyphRun& run)

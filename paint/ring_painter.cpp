@@ -4,7 +4,6 @@
 #include "paint/to_qt.h"
 
 #include <QImage>
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
 
@@ -128,13 +127,6 @@ void drawStrips(QPainter& painter, const Ring& ring, const Shades& shades, const
     }
 }
 
-/// Whether a circle stays one, on pixels.
-bool isRoundInPixels(const QPainter& painter, const QTransform& toDevice)
-{
-    return painter.paintEngine()->type() == QPaintEngine::Raster && toDevice.type() <= QTransform::TxScale
-        && qFuzzyCompare(toDevice.m11(), toDevice.m22());
-}
-
 } // namespace
 
 /// The toolkit takes millions of instructions for a ring of some hundred pixels, and hands a translucent one
@@ -142,17 +134,19 @@ bool isRoundInPixels(const QPainter& painter, const QTransform& toDevice)
 void paintRing(QPainter& painter, const Stroke& stroke, QPointF center, double radius)
 {
     constexpr double smallest = 4; // Below it a rim is no longer nearly straight within a pixel.
-    const QTransform toDevice = painter.deviceTransform();
-    const double scale = toDevice.m11();
+    const auto scale = DevicePixels::scale(painter);
     const double reach = stroke.width / 2;
-    const Ring ring{
-        .center = toDevice.map(center), .inner = (radius - reach) * scale, .outer = (radius + reach) * scale};
-    if (!isRoundInPixels(painter, toDevice) || ring.inner < smallest) {
+    if (!scale || (radius - reach) * *scale < smallest) {
         painter.setPen(QPen{toQt(stroke.color), stroke.width});
         painter.setBrush(Qt::NoBrush);
         painter.drawEllipse(center, radius, radius);
         return;
     }
+    const Ring ring{
+        .center = painter.deviceTransform().map(center),
+        .inner = (radius - reach) * *scale,
+        .outer = (radius + reach) * *scale,
+    };
     const QPointF corner{radius + reach, radius + reach};
     const QRect visible = DevicePixels::visible(painter, {center - corner, center + corner});
     const QTransform before = painter.transform();

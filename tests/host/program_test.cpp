@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace skyvane {
@@ -76,6 +77,26 @@ TEST(Program, theSampleOfEveryListedWidgetAndFamilyIsRendered)
                 QSizeF(size.width, size.height).toSize());
         }
     }
+}
+
+TEST(Program, theUsersHintingOfFontsIsHeededWherePixelsAreLarge)
+{
+    const test::ScratchFolder folder;
+    const QString environmentsFonts = qEnvironmentVariable("FONTCONFIG_FILE");
+    const auto picture = [&](const char* hintStyle, const char* scale) {
+        const std::filesystem::path fonts = folder.path() / "fonts.conf";
+        std::ofstream{fonts} << "<fontconfig><include>" << environmentsFonts.toStdString() << "</include>"
+                             << "<match target=\"pattern\"><edit name=\"hintstyle\"><const>" << hintStyle
+                             << "</const></edit></match></fontconfig>";
+        const QString variable = QStringLiteral("FONTCONFIG_FILE=") + QString::fromStdString(fonts.string());
+        const Outcome outcome = runProgram({"render", "radar", "medium", "--sample", "--scale", scale},
+            folder.path(), withoutDisplay(folder.path(), {variable}));
+        EXPECT_EQ(outcome.error, "");
+        return QImage{QString::fromStdString((folder.path() / "radar-medium.png").string())};
+    };
+    EXPECT_NE(picture("hintslight", "1"), picture("hintnone", "1"));
+    EXPECT_EQ(picture("hintslight", "2"), picture("hintnone", "2"));
+    EXPECT_FALSE(picture("hintslight", "1").isNull());
 }
 
 TEST(Program, withoutADisplayItEndsWithOneLine)

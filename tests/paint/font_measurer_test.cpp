@@ -128,6 +128,20 @@ TEST(FontMeasurer, theInkOfEveryScaleFillsTheSameWidth)
     EXPECT_NEAR(inkOf(fonts, "nearest aircraft", plain, 3.5).width(), 3.5 * once, 5);
 }
 
+TEST(FontMeasurer, hintingMovesNoGlyph)
+{
+    const FontMeasurer fonts;
+    for (const FontFace& face : {plain, bold, fixed}) {
+        const auto plainRuns = fonts.glyphs("Nearest 12,500 ft ✈", face, 0.5);
+        const auto hintedRuns = fonts.glyphs("Nearest 12,500 ft ✈", face, 0.5, Hinting::usual);
+        ASSERT_EQ(hintedRuns.size(), plainRuns.size());
+        for (qsizetype run = 0; run < plainRuns.size(); ++run) {
+            EXPECT_EQ(hintedRuns[run].glyphIndexes(), plainRuns[run].glyphIndexes());
+            EXPECT_EQ(hintedRuns[run].positions(), plainRuns[run].positions());
+        }
+    }
+}
+
 TEST(FontMeasurer, textOutsideTheFamilyIsStillMeasured)
 {
     const FontMeasurer fonts;

@@ -1,5 +1,6 @@
 #include "paint/painter.h"
 
+#include "tests/paint/canvas.h"
 #include "tests/paint/picture.h"
 #include "ui/layout/layout.h"
 #include "ui/tree/build.h"
@@ -20,6 +21,52 @@ using test::ink;
 using test::picture;
 
 constexpr Stroke thick{.color = test::white, .width = 4};
+
+TextLine letters(double size)
+{
+    return {
+        .origin = {4, 20},
+        .width = 0,
+        .string = "EFHE 528",
+        .face = {.size = size, .design = FontDesign::monospaced},
+        .tracking = 0,
+        .color = test::white,
+    };
+}
+
+/// `pixels` large on pixels of that scale.
+QImage lettersPainted(double scale, double pixels)
+{
+    const test::Canvas canvas{.background = Qt::black, .transform = QTransform::fromScale(scale, scale)};
+    return test::painted(canvas, [&](QPainter& painter) {
+        paint({.size = {100, 40}, .items = {letters(pixels / scale)}}, painter, FontMeasurer{});
+    });
+}
+
+QImage lettersUnhinted(double scale, double pixels)
+{
+    const test::Canvas canvas{.background = Qt::black, .transform = QTransform::fromScale(scale, scale)};
+    return test::painted(canvas, [&](QPainter& painter) {
+        const TextLine line = letters(pixels / scale);
+        painter.setPen(Qt::white);
+        for (const QGlyphRun& run : FontMeasurer{}.glyphs(line.string, line.face, line.tracking))
+            painter.drawGlyphRun({line.origin.x, line.origin.y}, run);
+    });
+}
+
+/// How bright ink is, all in all.
+double sharpness(const QImage& image)
+{
+    double ink = 0;
+    double brightInk = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            ink += brightness(image, x, y);
+            brightInk += brightness(image, x, y) * brightness(image, x, y);
+        }
+    }
+    return brightInk / ink;
+}
 
 } // namespace
 
@@ -112,6 +159,17 @@ TEST(Painter, textIsPlacedBetweenPixels)
     };
     EXPECT_GT(test::difference(at(10), at(10.5)), 0.5);
     EXPECT_EQ(at(10).copy(0, 0, 39, 30), at(11).copy(1, 0, 39, 30));
+}
+
+TEST(Painter, glyphsBendToPixelsWherePixelsAreLargeOnly)
+{
+    for (const double scale : {1.0, 1.25, 1.49}) {
+        for (const double pixels : {8, 9, 10})
+            EXPECT_GT(sharpness(lettersPainted(scale, pixels)), sharpness(lettersUnhinted(scale, pixels)) + 5)
+                << scale << ", " << pixels;
+    }
+    for (const double scale : {1.5, 2.0, 3.0})
+        EXPECT_EQ(lettersPainted(scale, 9), lettersUnhinted(scale, 9)) << scale;
 }
 
 TEST(Painter, theInkOfALaidOutViewStaysInsideItsFrame)
