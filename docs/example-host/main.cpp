@@ -61,7 +61,7 @@ protected:
         painter.fillRect(rect(), toQt(m_content ? m_content->entry.background : WidgetCard::emptyBackground));
         paint(m_list, painter, m_fonts);
         if (m_content && m_content->isStale)
-            WidgetCard::paintStale(width(), painter);
+            WidgetCard::paintMark(WidgetCard::Mark::stale, width(), painter);
     }
 
     /// Opens what was clicked: a link, or beside every link the widget's own.
