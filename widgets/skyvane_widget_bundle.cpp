@@ -20,7 +20,9 @@ WidgetContent inContainer(View view, std::optional<URL> url, const SkyEntry& ent
         .containerBackground = entry.palette().background};
 }
 
-Widget nearestAircraftWidget()
+} // namespace
+
+Widget NearestAircraftWidget::body() const
 {
     return {
         .kind = "org.skyvane.widgets.nearest",
@@ -34,7 +36,7 @@ Widget nearestAircraftWidget()
     };
 }
 
-Widget radarWidget()
+Widget RadarWidget::body() const
 {
     return {
         .kind = "org.skyvane.widgets.radar",
@@ -48,7 +50,7 @@ Widget radarWidget()
     };
 }
 
-Widget skyBoardWidget()
+Widget SkyBoardWidget::body() const
 {
     return {
         .kind = "org.skyvane.widgets.skyboard",
@@ -62,11 +64,13 @@ Widget skyBoardWidget()
     };
 }
 
-} // namespace
-
 std::vector<Widget> SkyvaneWidgetBundle::body() const
 {
-    return {nearestAircraftWidget(), radarWidget(), skyBoardWidget()};
+    return {
+        NearestAircraftWidget{}.body(),
+        RadarWidget{}.body(),
+        SkyBoardWidget{}.body(),
+    };
 }
 
 } // namespace skyvane

@@ -30,7 +30,22 @@ struct Widget {
     std::function<WidgetContent(const SkyEntry&, WidgetFamily)> content;
 };
 
-/// Everything that the extension offers.
+/// The aircraft that is nearest to home, in detail.
+struct NearestAircraftWidget {
+    Widget body() const;
+};
+
+/// The scope, alone or beside a short list.
+struct RadarWidget {
+    Widget body() const;
+};
+
+/// The scope above the nearest aircraft.
+struct SkyBoardWidget {
+    Widget body() const;
+};
+
+/// Everything that the extension offers, in the gallery's order: the one list of widgets.
 struct SkyvaneWidgetBundle {
     std::vector<Widget> body() const;
 };

@@ -33,9 +33,9 @@ Q_LOGGING_CATEGORY(journal, "skyvane.companion")
 constexpr std::chrono::seconds longestWaitForRequest{10};
 
 /// What was asked for, as the window does it.
-class Companion {
+class OpenCompanion {
 public:
-    Companion(const CompanionSetup& setup, PhotoDecoder& decoder)
+    OpenCompanion(const CompanionSetup& setup, PhotoDecoder& decoder)
         : m_pacer(setup.transport)
         , m_feed(m_errands, m_pacer.transport())
         , m_lookups(m_errands, decoder, m_pacer.transport())
@@ -97,7 +97,7 @@ private:
 };
 
 /// Called in the event loop only, by which time there is one.
-CompanionActions actionsOf(std::optional<Companion>& companion)
+CompanionActions actionsOf(std::optional<OpenCompanion>& companion)
 {
     return {
         .activate = [&](const QString& token) { companion->activate(token); },
@@ -143,7 +143,7 @@ int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QSt
     const QDBusConnection& bus = setup.sessionBus;
     PhotoDecoder decoder{setup.decode};
     // There to be found before the name is; what it is asked waits for the event loop.
-    std::optional<Companion> companion;
+    std::optional<OpenCompanion> companion;
     std::optional<CompanionService> service;
     service.emplace(bus, actionsOf(companion));
     std::optional<SingleInstance> instance;

@@ -11,9 +11,9 @@ namespace skyvane {
 
 namespace {
 
-class Placing {
+class Arrangement {
 public:
-    Placing(Size space, const TextMeasurer& measurer) : m_sizing(measurer), m_list{.size = space} { }
+    Arrangement(Size space, const TextMeasurer& measurer) : m_sizing(measurer), m_list{.size = space} { }
 
     DisplayList place(const View& view) &&
     {
@@ -159,7 +159,7 @@ private:
 
 DisplayList layout(const View& view, Size space, const TextMeasurer& measurer)
 {
-    return Placing{space, measurer}.place(view);
+    return Arrangement{space, measurer}.place(view);
 }
 
 } // namespace skyvane
