@@ -2,26 +2,24 @@
 
 #include <QImage>
 
-#include <algorithm>
-
 namespace skyvane::bench {
 
 const std::vector<Subject>& subjects()
 {
-    static const std::vector<Subject> list{
-        {"nearest", WidgetFamily::small},
-        {"radar", WidgetFamily::small},
-        {"radar", WidgetFamily::medium},
-        {"skyboard", WidgetFamily::large},
-    };
+    static const std::vector<Subject> list = [] {
+        std::vector<Subject> all;
+        for (const Widget& widget : SkyvaneWidgetBundle{}.body()) {
+            for (const WidgetFamily family : widget.supportedFamilies)
+                all.push_back({.widget = widget, .family = family});
+        }
+        return all;
+    }();
     return list;
 }
 
 WidgetContent contentOf(const Subject& subject, const SkyEntry& entry)
 {
-    const auto widgets = SkyvaneWidgetBundle{}.body();
-    return std::ranges::find(widgets, "org.skyvane.widgets." + subject.kind, &Widget::kind)
-        ->content(entry, subject.family);
+    return subject.widget.content(entry, subject.family);
 }
 
 void fillEmptyPicture(const Subject& subject, double scale)

@@ -10,12 +10,18 @@ namespace skyvane::bench {
 
 /// A widget in one of its families.
 struct Subject {
-    std::string kind;
+    Widget widget;
     WidgetFamily family;
 
-    std::string name() const { return kind + " " + std::string{WidgetContainer::name(family)}; }
+    /// "radar small"
+    std::string name() const
+    {
+        const std::string kind = widget.kind.substr(widget.kind.rfind('.') + 1);
+        return kind + " " + std::string{WidgetContainer::name(family)};
+    }
 };
 
+/// Every widget in every family that it supports.
 const std::vector<Subject>& subjects();
 
 WidgetContent contentOf(const Subject& subject, const SkyEntry& entry);

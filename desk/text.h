@@ -11,10 +11,10 @@ inline QString localizedText(const char* key)
     return toQString(localized(key));
 }
 
-/// The same with each "%lld" of the text replaced by the next number, plainly printed.
-inline QString localizedText(const char* key, std::initializer_list<std::int64_t> numbers)
+/// The same with its placeholders filled, as `localized` fills them.
+inline QString localizedText(const char* key, std::initializer_list<Filling> fillings)
 {
-    return toQString(localized(key, numbers));
+    return toQString(localized(key, fillings));
 }
 
 } // namespace skyvane

@@ -12,18 +12,6 @@ namespace {
 
 constexpr std::chrono::seconds reloadInterval{300};
 
-SkyEntry entryWithoutHome()
-{
-    return {
-        .date = Clock::now(),
-        .aircraft = {},
-        .radiusNM = 25.0,
-        .home = std::nullopt,
-        .isSample = false,
-        .unit = "mi",
-    };
-}
-
 } // namespace
 
 SkyEntry SkyProvider::placeholder() const
@@ -46,7 +34,7 @@ SkyEntry SkyProvider::liveEntry(const std::stop_token& stop) const
 {
     const auto config = SharedState::read();
     if (!config)
-        return entryWithoutHome();
+        return SkyEntry::around(std::nullopt);
 
     std::vector<Aircraft> aircraft;
     try {
@@ -56,15 +44,7 @@ SkyEntry SkyProvider::liveEntry(const std::stop_token& stop) const
     } catch (...) {
         // An empty sky; the widgets show no errors.
     }
-    return {
-        .date = Clock::now(),
-        .aircraft = std::move(aircraft),
-        .radiusNM = config->radiusNM,
-        .home = config->home,
-        .isSample = false,
-        .unit = config->distanceUnit.value_or("mi"),
-        .accentHex = config->widgetColorHex,
-    };
+    return SkyEntry::around(config, std::move(aircraft));
 }
 
 } // namespace skyvane

@@ -1,11 +1,13 @@
 #include "bench/field/own_world.h"
 
 #include "bench/synthetic_sky.h"
+#include "tests/support/service_hosts.h"
 
 #include <unistd.h>
 
 #include <csignal>
 #include <fstream>
+#include <string>
 
 namespace skyvane::bench {
 
@@ -26,7 +28,10 @@ OwnWorld::OwnWorld()
 
     const std::string user = std::to_string(getuid()) + ":" + std::to_string(getgid());
     bind("/etc/passwd", "bench:x:" + user + "::" + home.string() + ":/bin/sh\n");
-    bind("/etc/hosts", "127.0.0.1 localhost api.adsb.lol opendata.adsb.fi\n");
+    std::string names = "127.0.0.1 localhost";
+    for (const std::string& host : test::feedHosts())
+        names += " " + host;
+    bind("/etc/hosts", names + "\n");
     bind("/etc/nsswitch.conf", "passwd: files\nhosts: files\n");
     const std::filesystem::path certificates = m_folder.path() / "certs";
     std::filesystem::copy("/etc/ssl/certs", certificates);
@@ -37,8 +42,7 @@ OwnWorld::OwnWorld()
     authority.linkIn(certificates);
     std::ofstream{certificates / "ca-certificates.crt", std::ios::app}
         << std::ifstream{authority.file()}.rdbuf();
-    m_server = std::make_unique<test::HttpsServer>(
-        authority, std::vector<std::string>{"api.adsb.lol", "opendata.adsb.fi"}, std::uint16_t{443});
+    m_server = std::make_unique<test::HttpsServer>(authority, test::feedHosts(), std::uint16_t{443});
     m_server->answer("/v2/point/", {.body = syntheticAnswer(1000)});
 }
 

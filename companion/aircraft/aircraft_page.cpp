@@ -7,8 +7,8 @@
 #include "companion/aircraft/watch_words.h"
 #include "companion/aircraft/where_to_look.h"
 #include "companion/look/contrast.h"
+#include "companion/look/credits.h"
 #include "companion/look/notice_bar.h"
-#include "companion/look/sources.h"
 #include "companion/look/type_scale.h"
 #include "companion/sky/empty_sky.h"
 #include "core/radar/radar_view.h"
@@ -136,7 +136,7 @@ QWidget* AircraftPage::makeDetails()
     column->addSpacing(margin);
     column->addWidget(m_facts);
     column->addSpacing(margin / 2);
-    column->addWidget(makeSourcesLabel({Source::firstAggregator, Source::secondAggregator}));
+    column->addWidget(Credits::makeLabel(Credits::aircraft()));
     return details;
 }
 

@@ -1,6 +1,7 @@
 #include "companion/aircraft/photo_panel.h"
 
 #include "companion/aircraft/photo_card.h"
+#include "companion/look/credits.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
 
@@ -11,8 +12,6 @@ namespace skyvane {
 
 namespace {
 
-constexpr const char* service = "planespotters.net";
-
 QUrl pageOf(const PlanePhoto& photo)
 {
     if (!photo.pageURL || photo.pageURL->scheme() != "https")
@@ -22,11 +21,10 @@ QUrl pageOf(const PlanePhoto& photo)
 
 QString creditOf(const PlanePhoto& photo)
 {
+    const std::string service = Credits::photoService().toStdString();
     if (!photo.photographer || photo.photographer->empty())
-        return localizedText("Photo: %1").arg(QLatin1String{service});
-    return localizedText("Photo: %1")
-        .arg(QStringLiteral("© ") + toQString(*photo.photographer) + QStringLiteral(" · ")
-            + QLatin1String{service});
+        return localizedText("Photo: %1", {service});
+    return localizedText("Photo: %1", {"© " + *photo.photographer + " · " + service});
 }
 
 } // namespace

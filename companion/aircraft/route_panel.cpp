@@ -1,6 +1,6 @@
 #include "companion/aircraft/route_panel.h"
 
-#include "companion/look/sources.h"
+#include "companion/look/credits.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
 
@@ -31,7 +31,7 @@ RoutePanel::RoutePanel(QWidget* parent) : QWidget(parent), m_airports(new QLabel
     auto* last = new QHBoxLayout;
     last->setSpacing(12);
     last->addWidget(m_cities, /*stretch=*/1);
-    last->addWidget(makeSourcesLabel({Source::routeDatabase}));
+    last->addWidget(Credits::makeLabel(Credits::routes()));
     auto* column = new QVBoxLayout{this};
     column->setContentsMargins(0, 20, 0, 0);
     column->setSpacing(2);

@@ -2,22 +2,17 @@
 
 #include "companion/look/range_text.h"
 #include "companion/sky/sky_words.h"
+#include "core/feed/search_radius.h"
 #include "desk/text.h"
-#include "platform/text/locale.h"
 #include "platform/text/unicode.h"
 
 namespace skyvane::WatchWords {
 
 namespace {
 
-QString address(const AircraftWatch& watch)
+std::string address(const AircraftWatch& watch)
 {
-    return toQString(Unicode::uppercased(watch.hex()));
-}
-
-QString time(Date date)
-{
-    return localizedText("as of ") + toQString(shortTime(date));
+    return Unicode::uppercased(watch.hex());
 }
 
 } // namespace
@@ -26,10 +21,10 @@ Heading heading(const AircraftWatch& watch)
 {
     const QString title = localizedText("Aircraft");
     if (!watch.aircraft())
-        return {.title = title, .window = address(watch)};
+        return {.title = title, .window = toQString(address(watch))};
     return {
         .title = title,
-        .details = time(watch.seenAt()),
+        .details = toQString(SkyWords::asOf(watch.seenAt())),
         .window = toQString(watch.aircraft()->displayName()),
     };
 }
@@ -41,7 +36,7 @@ std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyRepo
     case AircraftWatch::State::noHome:
         return SkyWords::instead(report);
     case AircraftWatch::State::lookedFor:
-        return EmptySky::Words{.title = localizedText("Looking for %1…").arg(address(watch))};
+        return EmptySky::Words{.title = localizedText("Looking for %1…", {address(watch)})};
     case AircraftWatch::State::noAnswer:
         return EmptySky::Words{
             .title = localizedText("No answer"),
@@ -50,11 +45,10 @@ std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyRepo
         };
     case AircraftWatch::State::elsewhere:
         return EmptySky::Words{
-            .title = localizedText("%1 is not in range").arg(address(watch)),
-            .explanation
-            = localizedText("It is not within %1 of home, %2.")
-                  .arg(toQString(rangeText(askedRadiusNM(report.entry.radiusNM), report.entry.unit)),
-                      time(report.entry.date)),
+            .title = localizedText("%1 is not in range", {address(watch)}),
+            .explanation = localizedText("It is not within %1 of home, %2.",
+                {rangeText(SearchRadius::asked(report.entry.radiusNM), report.entry.unit),
+                    SkyWords::asOf(report.entry.date)}),
             .action = askAgain,
         };
     case AircraftWatch::State::inRange:
@@ -67,8 +61,8 @@ std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyRepo
 QString notice(const AircraftWatch& watch, const SkyReport& report)
 {
     if (watch.state() == AircraftWatch::State::gone)
-        return localizedText("It is no longer in range. This is what was last seen of it, %1.")
-            .arg(time(watch.seenAt()));
+        return localizedText("It is no longer in range. This is what was last seen of it, %1.",
+            {SkyWords::asOf(watch.seenAt())});
     if (watch.state() == AircraftWatch::State::inRange && !report.problem.empty())
         return SkyWords::notice(report);
     return {};

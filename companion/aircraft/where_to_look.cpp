@@ -55,14 +55,6 @@ std::string direction(double bearing)
     }
 }
 
-/// The sentence with the direction in the place of "%1".
-std::string sentence(std::string words, const std::string& direction)
-{
-    if (const std::size_t place = words.find("%1"); place != std::string::npos)
-        words.replace(place, 2, direction);
-    return words;
-}
-
 } // namespace
 
 std::optional<WhereToLook> whereToLook(const Aircraft& aircraft, const std::optional<HomeLocation>& home)
@@ -82,15 +74,15 @@ std::string lookText(const WhereToLook& where)
 {
     const std::string to = direction(where.bearingDeg);
     if (!where.elevationDeg)
-        return sentence(localized("Look %1."), to);
+        return localized("Look %1.", {to});
     const std::int64_t degrees = std::llround(*where.elevationDeg);
     if (degrees >= 80)
         return localized("Look straight up.");
     if (*where.elevationDeg < 0)
-        return sentence(localized("It is in the %1, below the horizon."), to);
+        return localized("It is in the %1, below the horizon.", {to});
     if (degrees == 0)
-        return sentence(localized("Look %1, right at the horizon."), to);
-    return sentence(localized("Look %1, about %lld° above the horizon.", {degrees}), to);
+        return localized("Look %1, right at the horizon.", {to});
+    return localized("Look %1, about %2° above the horizon.", {to, degrees});
 }
 
 } // namespace skyvane

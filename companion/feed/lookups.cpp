@@ -3,8 +3,8 @@
 #include "core/enrichment/airlines.h"
 #include "core/enrichment/ascii.h"
 #include "core/enrichment/photo_api.h"
+#include "core/enrichment/polite_request.h"
 #include "core/enrichment/route_api.h"
-#include "core/enrichment/user_agent.h"
 #include "platform/text/at_most.h"
 #include "platform/text/unicode.h"
 

@@ -11,21 +11,6 @@ namespace skyvane {
 
 namespace {
 
-constexpr double radiusWithoutHome = 25;
-
-SkyEntry emptyEntry(const std::optional<SharedState::Config>& config)
-{
-    return {
-        .date = Clock::now(),
-        .aircraft = {},
-        .radiusNM = config ? config->radiusNM : radiusWithoutHome,
-        .home = config ? std::optional{config->home} : std::nullopt,
-        .isSample = false,
-        .unit = config ? config->distanceUnit.value_or("mi") : "mi",
-        .accentHex = config ? config->widgetColorHex : std::nullopt,
-    };
-}
-
 /// With no more of any text than anybody is shown: a toolkit takes minutes to lay out a megabyte.
 std::vector<Aircraft> withShownTexts(std::vector<Aircraft> list)
 {
@@ -54,7 +39,7 @@ SkyFeed::SkyFeed(Errands& errands, Transport transport, std::chrono::millisecond
     , m_transport(std::move(transport))
     , m_interval(interval)
     , m_config(SharedState::read())
-    , m_report{.entry = emptyEntry(m_config)}
+    , m_report{.entry = SkyEntry::around(m_config)}
 {
     m_timer.setSingleShot(true);
     m_timer.callOnTimeout([this] { refresh(); });
@@ -89,7 +74,7 @@ void SkyFeed::reload()
 void SkyFeed::readConfiguration()
 {
     m_config = SharedState::read();
-    SkyEntry entry = emptyEntry(m_config);
+    SkyEntry entry = SkyEntry::around(m_config);
     if (isSameSky(entry, m_report.entry)) {
         entry.date = m_report.entry.date;
         entry.aircraft = std::move(m_report.entry.aircraft);

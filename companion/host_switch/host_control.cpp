@@ -65,7 +65,7 @@ void HostControl::start()
         m_patience.start();
     } else {
         m_owesGallery = false;
-        emit failed(localizedText("The widgets’ program cannot be started: %1").arg(m_program));
+        emit failed(localizedText("The widgets’ program cannot be started: %1", {m_program.toStdString()}));
     }
 }
 

@@ -75,8 +75,8 @@ void HostSwitch::keep(bool isOn)
     const bool hasTaken
         = isOn ? Autostart::turnOn(m_folders, m_host.program().toStdString()) : Autostart::turnOff(m_folders);
     if (!hasTaken)
-        showProblem(localizedText("What starts when you log in cannot be changed: %1")
-                        .arg(toQString(m_folders.own.string())));
+        showProblem(
+            localizedText("What starts when you log in cannot be changed: %1", {m_folders.own.string()}));
 }
 
 void HostSwitch::showProblem(const QString& problem)

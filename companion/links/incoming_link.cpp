@@ -1,6 +1,7 @@
 #include "companion/links/incoming_link.h"
 
 #include "core/enrichment/ascii.h"
+#include "core/views/deep_link_url.h"
 #include "platform/text/localized.h"
 
 #include <algorithm>
@@ -10,7 +11,6 @@ namespace skyvane::IncomingLink {
 
 namespace {
 
-constexpr std::size_t longestText = 256;
 constexpr std::size_t longestHex = 8;
 
 bool isPrintable(char character)
@@ -52,21 +52,23 @@ Target aircraft(std::string_view hex)
 
 Target read(std::string_view text)
 {
-    if (text.size() > longestText)
+    if (text.size() > DeepLinkURL::longest)
         return Problem::tooLong;
     if (!std::ranges::all_of(text, isPrintable))
         return Problem::unprintable;
-    if (!take(text, "skyvane://"))
+    if (!take(text, DeepLinkURL::scheme))
         return Problem::foreign;
     if (text.ends_with('/'))
         text.remove_suffix(1);
     if (text.empty())
         return Problem::nowhere;
-    if (isInAnyCase(text, "open"))
+    if (isInAnyCase(text, DeepLinkURL::skyPlace))
         return Sky{};
-    if (isInAnyCase(text, "aircraft"))
+    if (!take(text, DeepLinkURL::aircraftPlace))
+        return Problem::unknownPlace;
+    if (text.empty())
         return Problem::noAircraft;
-    return take(text, "aircraft/") ? aircraft(text) : Problem::unknownPlace;
+    return take(text, "/") ? aircraft(text) : Problem::unknownPlace;
 }
 
 std::string description(Problem problem)

@@ -4,33 +4,17 @@
 #include "platform/text/localized.h"
 #include "ui/tree/build.h"
 
-#include <algorithm>
-
 namespace skyvane {
 
 namespace {
 
 constexpr Font captionFont{.size = TextStyle::caption, .weight = FontWeight::semibold};
 
-SkyEntry emptySkyAround(const SettingsDraft& draft)
-{
-    const auto config = draft.toConfig();
-    return {
-        .date = {},
-        .aircraft = {},
-        .radiusNM = std::clamp(draft.radiusNM, smallestRadiusNM, largestRadiusNM),
-        .home = config ? std::optional{config->home} : std::nullopt,
-        .isSample = false,
-        .unit = draft.unit.value_or("mi"),
-        .accentHex = draft.accentHex,
-    };
-}
-
 } // namespace
 
 View HomeScope::body() const
 {
-    const SkyEntry entry = emptySkyAround(draft);
+    const SkyEntry entry = draft.asChosen(SkyEntry::around(draft.toConfig()));
     const ScopePalette palette = entry.palette();
     const std::string caption = entry.home ? entry.home->label : localized("No home yet");
     return VStack{.spacing = 8}({

@@ -1,7 +1,8 @@
 #include "companion/settings/radius_field.h"
 
 #include "companion/look/type_scale.h"
-#include "companion/settings/settings_draft.h"
+#include "core/feed/search_radius.h"
+#include "core/model/aircraft.h"
 #include "desk/text.h"
 #include "platform/text/locale.h"
 
@@ -12,7 +13,6 @@
 #include <QSignalBlocker>
 #include <QSlider>
 
-#include <algorithm>
 #include <cmath>
 
 namespace skyvane {
@@ -38,7 +38,7 @@ QString otherUnitText(double radiusNM, const std::string& unit)
 
 int sliderPlace(double radiusNM)
 {
-    return static_cast<int>(std::lround(std::clamp(radiusNM, smallestRadiusNM, largestRadiusNM)));
+    return static_cast<int>(std::lround(SearchRadius::bounded(radiusNM)));
 }
 
 } // namespace
@@ -49,7 +49,7 @@ RadiusField::RadiusField(QLabel& note, QWidget* parent)
     , m_number(new MarkedLineEdit{note})
     , m_inOtherUnit(new QLabel)
 {
-    m_slider->setRange(sliderPlace(smallestRadiusNM), sliderPlace(largestRadiusNM));
+    m_slider->setRange(sliderPlace(SearchRadius::smallest), sliderPlace(SearchRadius::largest));
     m_slider->setPageStep(10);
     m_slider->setAccessibleName(localizedText("Radius"));
     m_number->setAlignment(Qt::AlignRight);
@@ -81,7 +81,7 @@ std::optional<double> RadiusField::read(const QString& text)
     double radiusNM = locale.toDouble(text.trimmed(), &isNumber);
     if (!isNumber)
         radiusNM = QLocale::c().toDouble(text.trimmed(), &isNumber);
-    const bool isRadius = isNumber && radiusNM >= smallestRadiusNM && radiusNM <= largestRadiusNM;
+    const bool isRadius = isNumber && radiusNM >= SearchRadius::smallest && radiusNM <= SearchRadius::largest;
     return isRadius ? std::optional{radiusNM} : std::nullopt;
 }
 
@@ -102,8 +102,10 @@ void RadiusField::showRadius(double radiusNM, const std::string& unit)
 void RadiusField::readNumber()
 {
     const auto radiusNM = read(m_number->text());
-    m_number->setProblem(
-        radiusNM ? QString{} : localizedText("The radius is a number from 1 to 250 nautical miles."));
+    m_number->setProblem(radiusNM
+            ? QString{}
+            : localizedText("The radius is a number from %1 to %2 nautical miles.",
+                {std::lround(SearchRadius::smallest), std::lround(SearchRadius::largest)}));
     const QScopedValueRollback isReading{m_isReading, true};
     emit typed(radiusNM);
 }

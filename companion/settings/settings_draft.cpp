@@ -1,5 +1,7 @@
 #include "companion/settings/settings_draft.h"
 
+#include "core/model/distance_unit.h"
+
 namespace skyvane {
 
 SettingsDraft SettingsDraft::of(const SharedState::Config& config)
@@ -23,6 +25,14 @@ std::optional<SharedState::Config> SettingsDraft::toConfig() const
         .distanceUnit = unit,
         .widgetColorHex = accentHex,
     };
+}
+
+SkyEntry SettingsDraft::asChosen(SkyEntry entry) const
+{
+    entry.radiusNM = SearchRadius::bounded(radiusNM);
+    entry.unit = unit.value_or(DistanceUnit::standard);
+    entry.accentHex = accentHex;
+    return entry;
 }
 
 SettingsDraft merged(const SettingsDraft& draft, const SettingsDraft& before, const SettingsDraft& now)

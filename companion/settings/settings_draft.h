@@ -1,22 +1,21 @@
 #pragma once
 
 #include "core/config/shared_state.h"
+#include "core/feed/search_radius.h"
 #include "core/model/aircraft.h"
+#include "core/views/sky_entry.h"
 
 #include <optional>
 #include <string>
 
 namespace skyvane {
 
-inline constexpr double smallestRadiusNM = 1;
-inline constexpr double largestRadiusNM = 250;
-
 /// What has been chosen so far. What a file says is kept as it stands until it is chosen anew, even where
 /// nothing here would offer it.
 struct SettingsDraft {
     std::optional<Coordinate> place{}; ///< Without one there is nothing to write.
     std::string label{};
-    double radiusNM = 25;
+    double radiusNM = SearchRadius::standard;
     std::optional<std::string> unit{}; ///< As `SharedState::Config` has it.
     std::optional<std::string> accentHex{};
 
@@ -24,6 +23,9 @@ struct SettingsDraft {
 
     /// Absent without a place.
     std::optional<SharedState::Config> toConfig() const;
+
+    /// The sky with the unit, the colour and, within its bounds, the radius that are chosen.
+    SkyEntry asChosen(SkyEntry entry) const;
 
     bool operator==(const SettingsDraft&) const = default;
 };

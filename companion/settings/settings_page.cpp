@@ -8,6 +8,7 @@
 #include "companion/settings/radius_field.h"
 #include "companion/settings/unit_field.h"
 #include "companion/settings/widget_previews.h"
+#include "core/model/distance_unit.h"
 #include "desk/text.h"
 
 #include <QAccessible>
@@ -161,8 +162,8 @@ void SettingsPage::connectFields()
         emit changed();
     });
     connect(&m_settings, &Settings::failedToWrite, this, [this] {
-        showState(localizedText("Your choices could not be saved. Nothing can be written to this folder: ")
-            + toQString(SharedState::directory().string()));
+        showState(localizedText("Your choices could not be saved. Nothing can be written to this folder: %1",
+            {SharedState::directory().string()}));
     });
 }
 
@@ -180,7 +181,7 @@ void SettingsPage::showDraft()
             ? localizedText("What you choose here is saved at once, and your widgets follow.")
             : localizedText(
                 "Welcome! Tell Skyvane where you live, and the sky above it comes to your desktop."));
-    m_radius->showRadius(draft.radiusNM, draft.unit.value_or("mi"));
+    m_radius->showRadius(draft.radiusNM, draft.unit.value_or(DistanceUnit::standard));
     m_unit->showUnit(draft.unit);
     m_color->showColor(draft.accentHex);
     m_forget->setEnabled(draft.place.has_value());

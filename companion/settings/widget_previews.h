@@ -2,12 +2,16 @@
 
 #include "companion/settings/settings_draft.h"
 #include "desk/display_list_view.h"
+#include "widgets/skyvane_widget_bundle.h"
 
 #include <QWidget>
 
+#include <vector>
+
 namespace skyvane {
 
-/// The three widgets as they come out with what is chosen, drawn from the built-in sample.
+/// Every widget in the smallest family that it supports, as it comes out with what is chosen, drawn from the
+/// built-in sample.
 class WidgetPreviews : public QWidget {
     Q_OBJECT
 public:
@@ -16,9 +20,12 @@ public:
     void showDraft(const SettingsDraft& draft);
 
 private:
-    DisplayListView* m_nearest;
-    DisplayListView* m_radar;
-    DisplayListView* m_board;
+    struct Preview {
+        Widget widget;
+        DisplayListView* view;
+    };
+
+    std::vector<Preview> m_previews;
 };
 
 } // namespace skyvane

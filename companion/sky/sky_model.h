@@ -2,6 +2,7 @@
 
 #include "core/config/scope_palette.h"
 #include "core/model/aircraft.h"
+#include "core/model/distance_unit.h"
 
 #include <QAbstractTableModel>
 
@@ -41,7 +42,7 @@ private:
     void bringIntoOrder(std::vector<Aircraft> now);
 
     std::vector<Aircraft> m_aircraft;
-    std::string m_unit = "mi";
+    std::string m_unit = DistanceUnit::standard;
     ScopePalette m_palette = ScopePalette::standard();
 };
 

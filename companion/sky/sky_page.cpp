@@ -1,9 +1,9 @@
 #include "companion/sky/sky_page.h"
 
+#include "companion/look/credits.h"
 #include "companion/look/line_icon.h"
 #include "companion/look/notice_bar.h"
 #include "companion/look/range_text.h"
-#include "companion/look/sources.h"
 #include "companion/look/type_scale.h"
 #include "companion/sky/empty_sky.h"
 #include "companion/sky/sky_table.h"
@@ -48,7 +48,7 @@ SkyPage::SkyPage(SkyFeed& feed, const FontMeasurer& fonts, QWidget* parent)
     m_range->setAlignment(Qt::AlignCenter);
     m_range->setFont(TypeScale::small(font()));
     TypeScale::makeQuiet(*m_range);
-    layOut(makeSourcesLabel({Source::firstAggregator, Source::secondAggregator}));
+    layOut(Credits::makeLabel(Credits::aircraft()));
 
     connect(&m_feed, &SkyFeed::changed, this, &SkyPage::showReport);
     connect(m_filter, &QLineEdit::textChanged, m_table, &SkyTable::setWords);
@@ -119,8 +119,8 @@ void SkyPage::showReport()
     const SkyReport& report = m_feed.report();
     m_table->showEntry(report.entry);
     m_scope->showCard(RadarView{.entry = report.entry}.body(), report.entry.palette().background);
-    m_range->setText(localizedText("The outer ring is at %1.")
-                         .arg(toQString(rangeText(report.entry.radiusNM, report.entry.unit))));
+    m_range->setText(
+        localizedText("The outer ring is at %1.", {rangeText(report.entry.radiusNM, report.entry.unit)}));
     m_feedProblem->showText(SkyWords::notice(report));
     showListOrWords();
     emit headingChanged();
@@ -134,8 +134,8 @@ void SkyPage::showListOrWords()
     else if (m_table->rowCount() == 0)
         m_empty->show({
             .title = localizedText("No match"),
-            .explanation
-            = localizedText("No aircraft in range has “%1” about it.").arg(m_filter->text().trimmed()),
+            .explanation = localizedText(
+                "No aircraft in range has “%1” about it.", {m_filter->text().trimmed().toStdString()}),
             .action = localizedText("Clear the filter"),
         });
     const bool isList = !instead && m_table->rowCount() > 0;

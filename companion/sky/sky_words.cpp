@@ -1,6 +1,7 @@
 #include "companion/sky/sky_words.h"
 
 #include "companion/look/range_text.h"
+#include "core/feed/search_radius.h"
 #include "desk/text.h"
 #include "platform/text/locale.h"
 
@@ -8,35 +9,33 @@ namespace skyvane::SkyWords {
 
 namespace {
 
-QString range(const SkyEntry& entry)
+std::string range(const SkyEntry& entry)
 {
-    return toQString(rangeText(askedRadiusNM(entry.radiusNM), entry.unit));
+    return rangeText(SearchRadius::asked(entry.radiusNM), entry.unit);
 }
 
-QString count(const SkyReport& report)
+std::string count(const SkyEntry& entry)
 {
-    const auto number = static_cast<std::int64_t>(report.entry.aircraft.size());
-    if (number == 1)
-        return localizedText("1 aircraft within %1").arg(range(report.entry));
-    return localizedText("%1 aircraft within %2").arg(toQString(groupedInteger(number)), range(report.entry));
-}
-
-QString time(const SkyEntry& entry)
-{
-    return localizedText("as of ") + toQString(shortTime(entry.date));
+    const std::size_t count = entry.aircraft.size();
+    return localizedCount("%1 aircraft within %2", "%1 aircraft within %2", count,
+        {groupedInteger(static_cast<std::int64_t>(count)), range(entry)});
 }
 
 } // namespace
 
+std::string asOf(Date date)
+{
+    return localized("as of %1", {shortTime(date)});
+}
+
 Heading heading(const SkyReport& report)
 {
     const auto& home = report.entry.home;
-    const QString title = home && !home->label.empty()
-        ? localizedText("The sky over %1").arg(toQString(home->label))
-        : localizedText("The sky");
+    const QString title = home && !home->label.empty() ? localizedText("The sky over %1", {home->label})
+                                                       : localizedText("The sky");
     if (!report.hasAnswer)
         return {.title = title, .details = report.isAsking ? localizedText("Asking…") : QString{}};
-    return {.title = title, .details = count(report) + QStringLiteral(" · ") + time(report.entry)};
+    return {.title = title, .details = toQString(count(report.entry) + " · " + asOf(report.entry.date))};
 }
 
 std::optional<EmptySky::Words> instead(const SkyReport& report)
@@ -60,7 +59,7 @@ std::optional<EmptySky::Words> instead(const SkyReport& report)
         return EmptySky::Words{
             .title = localizedText("Quiet skies"),
             .explanation
-            = localizedText("No aircraft within %1, %2.").arg(range(report.entry), time(report.entry)),
+            = localizedText("No aircraft within %1, %2.", {range(report.entry), asOf(report.entry.date)}),
             .action = askAgain,
         };
     if (report.isAsking)
@@ -76,8 +75,8 @@ QString notice(const SkyReport& report)
 {
     if (report.problem.empty() || report.entry.aircraft.empty())
         return {};
-    return localizedText("What is shown here is %1. The last try failed: %2")
-        .arg(time(report.entry), toQString(report.problem));
+    return localizedText(
+        "What is shown here is %1. The last try failed: %2", {asOf(report.entry.date), report.problem});
 }
 
 } // namespace skyvane::SkyWords

@@ -5,9 +5,13 @@
 #include "companion/sky/empty_sky.h"
 
 #include <optional>
+#include <string>
 
 /// What the sky page says in words.
 namespace skyvane::SkyWords {
+
+/// "as of 10:42", in the user's language.
+std::string asOf(Date date);
 
 Heading heading(const SkyReport& report);
 

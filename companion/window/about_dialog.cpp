@@ -1,7 +1,7 @@
 #include "companion/window/about_dialog.h"
 
+#include "companion/look/credits.h"
 #include "companion/look/link_label.h"
-#include "companion/look/sources.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
 
@@ -27,10 +27,9 @@ QStringList paragraphs()
         = [](const QString& words, const QString& links) { return words + QStringLiteral("<br>") + links; };
     return {
         localizedText("The aircraft around your home, on your desktop."),
-        from(localizedText("Aircraft, from the receivers of volunteers:"),
-            linkTo(Source::firstAggregator) + QStringLiteral(" · ") + linkTo(Source::secondAggregator)),
-        from(localizedText("Routes:"), linkTo(Source::routeDatabase)),
-        from(localizedText("Photos, each its photographer’s:"), linkTo(Source::photoService)),
+        from(localizedText("Aircraft, from the receivers of volunteers:"), Credits::aircraft()),
+        from(localizedText("Routes:"), Credits::routes()),
+        from(localizedText("Photos, each its photographer’s:"), Credits::photos()),
         localizedText("Free software under the MIT licence."),
     };
 }
@@ -42,7 +41,7 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent)
     setWindowTitle(localizedText("About Skyvane"));
     auto* name = new QLabel{QStringLiteral("Skyvane")};
     name->setFont(TypeScale::display(font()));
-    auto* version = new QLabel{localizedText("Version %1").arg(QStringLiteral(SKYVANE_VERSION))};
+    auto* version = new QLabel{localizedText("Version %1", {SKYVANE_VERSION})};
     TypeScale::makeQuiet(*version);
     auto* buttons = new QDialogButtonBox{QDialogButtonBox::Close};
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -1,4 +1,4 @@
-#include "core/enrichment/aircraft_type_rows.h"
+#include "core/enrichment/aircraft_types.h"
 
 #include <array>
 
@@ -6,7 +6,7 @@ namespace skyvane {
 
 namespace {
 
-constexpr auto typeRows = std::to_array<TableRow>({
+constexpr auto list = std::to_array<TableRow>({
     {"A19N", "Airbus A319neo"},
     {"A20N", "Airbus A320neo"},
     {"A21N", "Airbus A321neo"},
@@ -280,13 +280,13 @@ constexpr auto typeRows = std::to_array<TableRow>({
     {"AN2", "Antonov An-2"},
     {"A124", "Antonov An-124"},
 });
-static_assert(typeRows.size() == 272);
+static_assert(list.size() == 272);
 
 } // namespace
 
-std::span<const TableRow> aircraftTypeRows()
+std::span<const TableRow> AircraftTypes::rows()
 {
-    return typeRows;
+    return list;
 }
 
 } // namespace skyvane

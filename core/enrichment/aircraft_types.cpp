@@ -1,6 +1,5 @@
 #include "core/enrichment/aircraft_types.h"
 
-#include "core/enrichment/aircraft_type_rows.h"
 #include "core/enrichment/ascii.h"
 #include "platform/text/unicode.h"
 
@@ -8,7 +7,7 @@ namespace skyvane {
 
 const TextTable& AircraftTypes::table()
 {
-    static const TextTable table = uniqueTable(aircraftTypeRows());
+    static const TextTable table = uniqueTable(rows());
     return table;
 }
 

@@ -3,10 +3,14 @@
 #include "core/enrichment/unique_table.h"
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 /// Models in words for the type designators that the feed reports. Any thread may ask.
 namespace skyvane::AircraftTypes {
+
+/// Type designators with their models, in the list's order.
+std::span<const TableRow> rows();
 
 /// The models, found by type designator in upper case.
 const TextTable& table();

@@ -1,4 +1,4 @@
-#include "core/enrichment/airline_rows.h"
+#include "core/enrichment/airlines.h"
 
 #include <array>
 
@@ -6,7 +6,7 @@ namespace skyvane {
 
 namespace {
 
-constexpr auto rows = std::to_array<TableRow>({
+constexpr auto list = std::to_array<TableRow>({
     {"AAL", "American Airlines"},
     {"DAL", "Delta Air Lines"},
     {"UAL", "United Airlines"},
@@ -100,13 +100,13 @@ constexpr auto rows = std::to_array<TableRow>({
     {"CFC", "Canadian Forces"},
     {"N", "Private"},
 });
-static_assert(rows.size() == 92);
+static_assert(list.size() == 92);
 
 } // namespace
 
-std::span<const TableRow> airlineRows()
+std::span<const TableRow> Airlines::rows()
 {
-    return rows;
+    return list;
 }
 
 } // namespace skyvane

@@ -1,6 +1,5 @@
 #include "core/enrichment/airlines.h"
 
-#include "core/enrichment/airline_rows.h"
 #include "core/enrichment/ascii.h"
 #include "platform/text/unicode.h"
 
@@ -55,7 +54,7 @@ std::optional<std::string> operatorDesignator(std::string_view callsign)
 
 const TextTable& Airlines::table()
 {
-    static const TextTable table = uniqueTable(airlineRows());
+    static const TextTable table = uniqueTable(rows());
     return table;
 }
 

@@ -3,10 +3,14 @@
 #include "core/enrichment/unique_table.h"
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 /// Airlines in words for the callsigns that flights report. Any thread may ask.
 namespace skyvane::Airlines {
+
+/// Operator designators with their airlines, in the list's order.
+std::span<const TableRow> rows();
 
 /// The airlines' names, found by operator designator in upper case.
 const TextTable& table();

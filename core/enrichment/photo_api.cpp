@@ -1,6 +1,6 @@
 #include "core/enrichment/photo_api.h"
 
-#include "core/enrichment/json_answer.h"
+#include "core/enrichment/polite_request.h"
 #include "platform/json/object.h"
 
 #include <string>
@@ -53,7 +53,7 @@ std::optional<PlanePhoto> planePhoto(JSON::Value answer)
 
 std::optional<PlanePhoto> fetch(std::string_view hex, const Transport& transport, std::stop_token stop)
 {
-    const std::string url = "https://api.planespotters.net/pub/photos/hex/" + std::string{hex};
+    const std::string url = "https://" + std::string{host} + "/pub/photos/hex/" + std::string{hex};
     return answerAt(url, transport, stop, planePhoto);
 }
 

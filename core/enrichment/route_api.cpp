@@ -1,6 +1,6 @@
 #include "core/enrichment/route_api.h"
 
-#include "core/enrichment/json_answer.h"
+#include "core/enrichment/polite_request.h"
 #include "platform/json/object.h"
 
 #include <string>
@@ -49,7 +49,7 @@ std::optional<FlightRoute> flightRoute(JSON::Value answer)
 
 std::optional<FlightRoute> fetch(std::string_view callsign, const Transport& transport, std::stop_token stop)
 {
-    const std::string url = "https://api.adsbdb.com/v0/callsign/" + std::string{callsign};
+    const std::string url = "https://" + std::string{host} + "/v0/callsign/" + std::string{callsign};
     return answerAt(url, transport, stop, flightRoute);
 }
 

@@ -10,6 +10,9 @@
 /// Which airports a flight connects, from a public route database. Nothing is cached.
 namespace skyvane::RouteAPI {
 
+inline constexpr std::string_view host = "api.adsbdb.com";
+inline constexpr std::string_view website = "www.adsbdb.com"; ///< Where people read about the service.
+
 /// One request for the callsign as it stands. Absent on every failure, cancellation included; never throws.
 std::optional<FlightRoute> fetch(
     std::string_view callsign, const Transport& transport, std::stop_token stop = {});

@@ -1,13 +1,12 @@
 #include "core/feed/adsb.h"
 
+#include "core/feed/search_radius.h"
+#include "core/feed/sources.h"
 #include "core/model/fields.h"
-#include "platform/text/format.h"
 #include "platform/text/localized.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
-#include <cmath>
 #include <limits>
 #include <string>
 #include <utility>
@@ -16,46 +15,6 @@
 namespace skyvane::ADSB {
 
 namespace {
-
-struct Source {
-    std::string name; ///< For messages.
-    std::string (*url)(const HomeLocation& home, int radiusNM);
-};
-
-std::string degrees(double value)
-{
-    return Format::fixed(value, 5);
-}
-
-const std::array<Source, 2>& sources()
-{
-    static const std::array<Source, 2> list{{
-        {
-            .name = "api.adsb.lol",
-            .url =
-                [](const HomeLocation& home, int radiusNM) {
-                    return "https://api.adsb.lol/v2/point/" + degrees(home.latitude) + "/"
-                        + degrees(home.longitude) + "/" + std::to_string(radiusNM);
-                },
-        },
-        {
-            .name = "opendata.adsb.fi",
-            .url =
-                [](const HomeLocation& home, int radiusNM) {
-                    return "https://opendata.adsb.fi/api/v2/lat/" + degrees(home.latitude) + "/lon/"
-                        + degrees(home.longitude) + "/dist/" + std::to_string(radiusNM);
-                },
-        },
-    }};
-    return list;
-}
-
-/// A radius that is not a number asks for the most, like every one that is not below it.
-int queryRadius(double radiusNM)
-{
-    const double rounded = std::round(radiusNM);
-    return static_cast<int>(rounded < 250 ? std::max(rounded, 1.0) : 250.0);
-}
 
 bool hasFreshPosition(const Aircraft& aircraft)
 {
@@ -150,7 +109,7 @@ Outcome ask(const Source& source, const URL& url, const Transport& transport, co
 std::vector<Aircraft> fetch(
     const HomeLocation& home, double radiusNM, const Transport& transport, std::stop_token stop)
 {
-    const int radius = queryRadius(radiusNM);
+    const int radius = SearchRadius::asked(radiusNM);
     bool hasEmptySky = false;
     FetchError lastError{"No flight data source reachable"};
     for (const Source& source : sources()) {

@@ -1,5 +1,6 @@
 #include "core/model/aircraft.h"
 
+#include "core/model/distance_unit.h"
 #include "platform/text/format.h"
 #include "platform/text/locale.h"
 #include "platform/text/unicode.h"
@@ -14,8 +15,6 @@ namespace skyvane {
 
 namespace {
 
-constexpr double milesPerNauticalMile = 1.15078;
-constexpr double kilometresPerNauticalMile = 1.852;
 constexpr double metresPerNauticalMile = 1852;
 constexpr double metresPerFoot = 0.3048;
 constexpr std::int64_t levelFlightBand
@@ -38,13 +37,6 @@ const std::unordered_set<std::string>& helicopterTypes()
         "B505", "AS50", "EC30", "EC35", "EC45", "EC55", "EC75", "A109", "A139", "A169", "S76", "S92", "H60",
         "MD50", "UH1", "H64", "H47", "B212", "B222", "B230"};
     return types;
-}
-
-std::string withUnit(std::string number, std::string_view unit, bool compact)
-{
-    if (!compact)
-        number += ' ';
-    return number.append(unit);
 }
 
 } // namespace
@@ -121,7 +113,7 @@ std::optional<double> Aircraft::distanceMiles() const
 {
     if (!distanceNM)
         return std::nullopt;
-    return *distanceNM * milesPerNauticalMile;
+    return *distanceNM * DistanceUnit::named("mi").perNauticalMile;
 }
 
 bool Aircraft::isHelicopter() const
@@ -146,11 +138,8 @@ std::optional<std::string> Aircraft::distanceText(std::string_view unit, bool co
 {
     if (!distanceNM)
         return std::nullopt;
-    if (unit == "nm")
-        return withUnit(Format::fixed(*distanceNM, 1), "nm", compact);
-    if (unit == "km")
-        return withUnit(Format::fixed(*distanceNM * kilometresPerNauticalMile, 1), "km", compact);
-    return withUnit(Format::fixed(*distanceMiles(), 1), "mi", compact);
+    const auto [word, perNauticalMile] = DistanceUnit::named(unit);
+    return Format::fixed(*distanceNM * perNauticalMile, 1) + (compact ? "" : " ") + std::string{word};
 }
 
 } // namespace skyvane

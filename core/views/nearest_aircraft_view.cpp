@@ -1,7 +1,7 @@
 #include "core/views/nearest_aircraft_view.h"
 
-#include "core/views/heading_glyph.h"
 #include "core/views/setup_prompt.h"
+#include "core/views/widget_aircraft_row.h"
 #include "platform/text/locale.h"
 #include "platform/text/localized.h"
 #include "ui/tree/build.h"
@@ -33,16 +33,17 @@ std::string identity(const Aircraft& aircraft)
 
 View NearestAircraftView::body() const
 {
+    const ScopePalette palette = entry.palette();
     if (entry.needsSetup())
-        return SetupPrompt{.palette = entry.palette()}.body();
+        return SetupPrompt{.palette = palette}.body();
     if (entry.aircraft.empty())
-        return quietSkies();
-    return detail(entry.aircraft.front());
+        return quietSkies(palette);
+    return detail(entry.aircraft.front(), palette);
 }
 
-View NearestAircraftView::quietSkies() const
+View NearestAircraftView::quietSkies(const ScopePalette& palette) const
 {
-    const Color dim = entry.palette().dim();
+    const Color dim = palette.dim();
     return VStack{.spacing = 4}({
         symbol("airplane.departure").font({.size = TextStyle::title3}).foreground(dim),
         text(localized("Quiet skies")).font({.size = TextStyle::caption}).foreground(dim),
@@ -50,9 +51,8 @@ View NearestAircraftView::quietSkies() const
     });
 }
 
-View NearestAircraftView::detail(const Aircraft& aircraft) const
+View NearestAircraftView::detail(const Aircraft& aircraft, const ScopePalette& palette) const
 {
-    const ScopePalette palette = entry.palette();
     const auto distanceLine = [&](const std::string& distance) {
         return text(distance + separator + aircraft.altitudeText())
             .font(distanceFont)

@@ -12,8 +12,8 @@ struct NearestAircraftView {
     View body() const;
 
 private:
-    View quietSkies() const;
-    View detail(const Aircraft& aircraft) const;
+    View quietSkies(const ScopePalette& palette) const;
+    View detail(const Aircraft& aircraft, const ScopePalette& palette) const;
 };
 
 } // namespace skyvane

@@ -1,8 +1,8 @@
 #include "core/views/radar_widget_view.h"
 
 #include "core/radar/radar_view.h"
-#include "core/views/linked_rows.h"
 #include "core/views/setup_prompt.h"
+#include "core/views/widget_aircraft_row.h"
 #include "platform/text/locale.h"
 #include "platform/text/localized.h"
 #include "ui/tree/build.h"
@@ -31,16 +31,16 @@ std::int64_t count(const SkyEntry& entry)
 
 View RadarWidgetView::body(WidgetFamily family) const
 {
+    const ScopePalette palette = entry.palette();
     if (entry.needsSetup())
-        return SetupPrompt{.palette = entry.palette()}.body();
+        return SetupPrompt{.palette = palette}.body();
     if (forcedFamily.value_or(family) == WidgetFamily::medium)
-        return scopeBesideList();
-    return captionedScope();
+        return scopeBesideList(palette);
+    return captionedScope(palette);
 }
 
-View RadarWidgetView::captionedScope() const
+View RadarWidgetView::captionedScope(const ScopePalette& palette) const
 {
-    const ScopePalette palette = entry.palette();
     const auto caption = [&](std::string string) {
         return text(std::move(string)).font(captionFont).foreground(palette.dim());
     };
@@ -58,23 +58,22 @@ View RadarWidgetView::captionedScope() const
         });
 }
 
-View RadarWidgetView::scopeBesideList() const
+View RadarWidgetView::scopeBesideList(const ScopePalette& palette) const
 {
     return HStack{.spacing = 12}({
         RadarView{.entry = entry, .maxBlips = 40}.body(),
-        Frame{.maxWidth = unbounded, .align = Alignment::leading}(list()),
+        Frame{.maxWidth = unbounded, .align = Alignment::leading}(list(palette)),
     });
 }
 
-View RadarWidgetView::list() const
+View RadarWidgetView::list(const ScopePalette& palette) const
 {
-    const ScopePalette palette = entry.palette();
     return VStack{.spacing = 5, .align = HorizontalAlignment::leading}({
         text(localized("%lld AIRCRAFT · %lld NM", {count(entry), entry.wholeRadiusNM()}))
             .font(listHeaderFont)
             .tracking(1)
             .foreground(palette.dim()),
-        linkedRows(entry, listedAircraft, linksEnabled),
+        linkedRows(entry, palette, listedAircraft, linksEnabled),
         spacer(),
         text(localized("as of ") + shortTime(entry.date)).font(captionFont).foreground(palette.dim()),
     });

@@ -18,9 +18,9 @@ struct RadarWidgetView {
     View body(WidgetFamily family) const;
 
 private:
-    View captionedScope() const;
-    View scopeBesideList() const;
-    View list() const;
+    View captionedScope(const ScopePalette& palette) const;
+    View scopeBesideList(const ScopePalette& palette) const;
+    View list(const ScopePalette& palette) const;
 };
 
 } // namespace skyvane

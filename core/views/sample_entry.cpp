@@ -1,5 +1,7 @@
 #include "core/views/sample_entry.h"
 
+#include "core/feed/search_radius.h"
+#include "core/model/distance_unit.h"
 #include "core/model/fields.h"
 
 #include <string_view>
@@ -33,10 +35,10 @@ SkyEntry sampleEntry(std::optional<std::string> accentHex)
     return {
         .date = Clock::now(),
         .aircraft = sampleAircraft(),
-        .radiusNM = 25.0,
+        .radiusNM = SearchRadius::standard,
         .home = HomeLocation{.latitude = 45.5, .longitude = -122.6, .label = "Home"},
         .isSample = true,
-        .unit = "mi",
+        .unit = DistanceUnit::standard,
         .accentHex = std::move(accentHex),
     };
 }

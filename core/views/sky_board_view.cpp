@@ -1,8 +1,8 @@
 #include "core/views/sky_board_view.h"
 
 #include "core/radar/radar_view.h"
-#include "core/views/linked_rows.h"
 #include "core/views/setup_prompt.h"
+#include "core/views/widget_aircraft_row.h"
 #include "platform/text/locale.h"
 #include "platform/text/localized.h"
 #include "ui/tree/build.h"
@@ -40,7 +40,7 @@ View SkyBoardView::body() const
     });
     const View list = VStack{.spacing = 6}({
         when(entry.aircraft.empty(), quietSkies),
-        linkedRows(entry, listedAircraft, linksEnabled),
+        linkedRows(entry, palette, listedAircraft, linksEnabled),
     });
     return VStack{.spacing = 10}({
         titleBar,

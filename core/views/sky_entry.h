@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/config/scope_palette.h"
+#include "core/config/shared_state.h"
 #include "core/model/aircraft.h"
 #include "core/model/home_location.h"
 #include "platform/clock.h"
@@ -21,6 +22,11 @@ struct SkyEntry {
     bool isSample; ///< Made from the built-in sample.
     std::string unit; ///< As `Aircraft::distanceText` takes it.
     std::optional<std::string> accentHex{}; ///< As `HexColor` reads it.
+
+    /// The sky of this moment as it is configured. Without a configuration: nobody, no home, and the standard
+    /// radius, unit and colour.
+    static SkyEntry around(
+        const std::optional<SharedState::Config>& config, std::vector<Aircraft> aircraft = {});
 
     ScopePalette palette() const { return ScopePalette::fromHex(accentHex); }
 

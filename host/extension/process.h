@@ -20,11 +20,12 @@ namespace skyvane {
 
 /// How the host spaces what it asks and how often it tries.
 struct ExtensionPace {
-    std::chrono::milliseconds betweenTimelines{
-        Protocol::Limits::betweenTimelines}; ///< Questions to the feed.
-    std::chrono::milliseconds idle{std::chrono::seconds{10}}; ///< Without a question, then it is ended.
-    std::chrono::milliseconds grace{Protocol::Limits::timeToEnd}; ///< To end by itself.
-    std::chrono::milliseconds firstBackOff{std::chrono::seconds{5}}; ///< Before a restart; doubles.
+    /// Between two questions that the feed is asked for.
+    std::chrono::milliseconds betweenTimelines{Protocol::Limits::betweenTimelines};
+    std::chrono::milliseconds idle{std::chrono::seconds{10}}; ///< Without a question until it is ended.
+    std::chrono::milliseconds grace{Protocol::Limits::timeToEnd}; ///< Time-out for it to end by itself.
+    /// Exponential back-off: the wait before a restart, doubled each time.
+    std::chrono::milliseconds firstBackOff{std::chrono::seconds{5}};
     std::chrono::milliseconds longestBackOff{std::chrono::minutes{5}};
 };
 
@@ -42,7 +43,7 @@ public:
     ExtensionProcess(const ExtensionProcess&) = delete;
     ExtensionProcess& operator=(const ExtensionProcess&) = delete;
 
-    /// Ahead of the first question, which then finds it ready.
+    /// Starts the process ahead of the first question, which then finds it ready.
     void start() { startWhenAllowed(); }
 
     template <class Call>
@@ -121,8 +122,8 @@ private:
     std::string m_toldFailure; ///< What the journal knows already.
     QDeadlineTimer m_nextStart{0};
     QDeadlineTimer m_nextToFeed{0};
-    QTimer m_wake; ///< For what waits.
-    QTimer m_patience; ///< For the oldest question's answer.
+    QTimer m_wake; ///< Wakes for questions that wait for their turn.
+    QTimer m_patience; ///< Time-out of the oldest question.
     QTimer m_idle;
 };
 

@@ -34,15 +34,14 @@ public:
         return value;
     }
 
-    /// The text that this entry of a table leads to, up to the zero that ends it.
+    /// The text that this entry of a table leads to, without the zero that ends it.
     std::optional<std::string_view> text(std::size_t entry) const
     {
         const auto length = number(entry);
         const auto place = number(entry + 4);
         if (!length || !place || *place >= m_bytes.size() || *length >= m_bytes.size() - *place)
             return std::nullopt;
-        const std::string_view whole = m_bytes.substr(*place, *length);
-        return whole.substr(0, whole.find('\0'));
+        return m_bytes.substr(*place, *length);
     }
 
 private:
@@ -114,8 +113,10 @@ Catalogue read(std::string_view bytes)
         const auto text = reader.text(*texts + 8 * i);
         if (!key || !text)
             return {};
-        if (!key->empty()) // It would stand for the catalogue's own head.
-            catalogue.emplace(*key, *text);
+        if (key->empty())
+            catalogue.plural = PluralRule{*text};
+        else
+            catalogue.texts.emplace(key->substr(0, key->find('\0')), *text);
     }
     return catalogue;
 }

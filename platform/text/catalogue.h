@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text/plural_rule.h"
+
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -7,13 +9,16 @@
 
 namespace skyvane {
 
-/// The translations of texts, by the English text.
-using Catalogue = std::unordered_map<std::string, std::string>;
+/// The texts of one language.
+struct Catalogue {
+    /// By the English text. One that counts has all its forms, each but the last followed by a zero.
+    std::unordered_map<std::string, std::string> texts{};
+    PluralRule plural{};
+};
 
 namespace Catalogues {
 
-/// What msgfmt(1) compiled, made on a machine of either byte order; empty for anything else. Of a text with
-/// plural forms it holds the first alone.
+/// What msgfmt(1) compiled, made on a machine of either byte order; empty for anything else.
 Catalogue read(std::string_view bytes);
 
 /// The names under which catalogues are looked for, the most wanted first: "de_AT", "de". They are

@@ -4,17 +4,65 @@
 #include "platform/text/catalogue.h"
 
 #include <clocale>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 namespace skyvane {
 
 namespace {
 
-/// Written once, before any other thread runs.
-Catalogue& translations()
+/// The most wanted first. Written once, before any other thread runs.
+std::vector<Catalogue>& catalogues()
 {
-    static Catalogue catalogue;
-    return catalogue;
+    static std::vector<Catalogue> list;
+    return list;
+}
+
+/// Of forms that are separated by zeros; the first where there are not so many.
+std::string formAt(std::size_t index, std::string_view forms)
+{
+    std::string_view rest = forms;
+    for (; index > 0; --index) {
+        const std::size_t end = rest.find('\0');
+        if (end == std::string_view::npos)
+            return formAt(0, forms);
+        rest.remove_prefix(end + 1);
+    }
+    return std::string{rest.substr(0, rest.find('\0'))};
+}
+
+struct Placeholder {
+    std::size_t length;
+    std::size_t filling; ///< From 0.
+};
+
+/// The one that the text, which begins with a per cent sign, begins with. `next` is that of "%lld".
+std::optional<Placeholder> placeholder(std::string_view text, std::size_t next)
+{
+    constexpr std::string_view unnumbered = "%lld";
+    if (text.starts_with(unnumbered))
+        return Placeholder{.length = unnumbered.size(), .filling = next};
+    if (text.size() > 1 && text[1] >= '1' && text[1] <= '9')
+        return Placeholder{.length = 2, .filling = static_cast<std::size_t>(text[1] - '1')};
+    return std::nullopt;
+}
+
+/// In one go, so that what looks like a placeholder in a filling stays.
+std::string filled(std::string_view text, std::initializer_list<Filling> fillings)
+{
+    std::string result;
+    std::size_t next = 0;
+    for (std::size_t at = text.find('%'); at != std::string_view::npos; at = text.find('%')) {
+        result += text.substr(0, at);
+        text.remove_prefix(at);
+        const auto found = placeholder(text, next);
+        const bool isFilled = found && found->filling < fillings.size();
+        result += isFilled ? std::string_view{fillings.begin()[found->filling].text} : text.substr(0, 1);
+        text.remove_prefix(isFilled ? found->length : 1);
+        next += isFilled ? 1 : 0;
+    }
+    return result.append(text);
 }
 
 } // namespace
@@ -23,35 +71,37 @@ void useCatalogues(const std::filesystem::path& folder)
 {
     constexpr std::size_t longest = 4 << 20; // Bytes.
     std::setlocale(LC_MESSAGES, ""); // For the texts of libraries.
-    translations().clear();
+    catalogues().clear();
     // The C library's own reader would translate only into languages whose locale is generated on this
     // machine.
     for (const std::string& name : Catalogues::wanted()) {
         if (const auto bytes = Files::read(folder / name / "LC_MESSAGES/skyvane.mo", longest))
-            translations().merge(Catalogues::read(*bytes));
+            catalogues().push_back(Catalogues::read(*bytes));
     }
 }
 
 std::string localized(const char* key)
 {
-    const auto found = translations().find(key);
-    return found != translations().end() ? found->second : key;
+    for (const Catalogue& catalogue : catalogues()) {
+        if (const auto found = catalogue.texts.find(key); found != catalogue.texts.end())
+            return formAt(0, found->second);
+    }
+    return key;
 }
 
-std::string localized(const char* key, std::initializer_list<std::int64_t> numbers)
+std::string localized(const char* key, std::initializer_list<Filling> fillings)
 {
-    constexpr std::string_view placeholder = "%lld";
-    std::string text = localized(key);
-    std::size_t from = 0;
-    for (const std::int64_t number : numbers) {
-        const std::size_t at = text.find(placeholder, from);
-        if (at == std::string::npos)
-            break;
-        const std::string digits = std::to_string(number);
-        text.replace(at, placeholder.size(), digits);
-        from = at + digits.size();
+    return filled(localized(key), fillings);
+}
+
+std::string localizedCount(
+    const char* one, const char* other, std::uint64_t count, std::initializer_list<Filling> fillings)
+{
+    for (const Catalogue& catalogue : catalogues()) {
+        if (const auto found = catalogue.texts.find(one); found != catalogue.texts.end())
+            return filled(formAt(catalogue.plural.form(count), found->second), fillings);
     }
-    return text;
+    return filled(PluralRule{}.form(count) == 0 ? one : other, fillings);
 }
 
 } // namespace skyvane

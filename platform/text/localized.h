@@ -1,9 +1,11 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <filesystem>
 #include <initializer_list>
 #include <string>
+#include <utility>
 
 namespace skyvane {
 
@@ -12,10 +14,25 @@ namespace skyvane {
 /// stay English.
 void useCatalogues(const std::filesystem::path& folder);
 
+/// What a placeholder becomes: a text, or a number plainly printed.
+struct Filling {
+    std::string text;
+
+    Filling(std::string string) : text(std::move(string)) { }
+    Filling(const char* string) : text(string) { }
+    Filling(std::integral auto number) : text(std::to_string(number)) { }
+};
+
 /// The text for this key, which is its English form, in the user's language.
 std::string localized(const char* key);
 
-/// The same with each "%lld" of the text replaced by the next number, plainly printed.
-std::string localized(const char* key, std::initializer_list<std::int64_t> numbers);
+/// The same with its placeholders filled: "%1" is the first filling, "%2" the second, and each "%lld" the
+/// next one.
+std::string localized(const char* key, std::initializer_list<Filling> fillings);
+
+/// The form of a text that goes with this number, filled likewise: `one` with 1 and `other` with all others,
+/// in English.
+std::string localizedCount(
+    const char* one, const char* other, std::uint64_t count, std::initializer_list<Filling> fillings);
 
 } // namespace skyvane

@@ -13,6 +13,7 @@
 #include "tests/support/certificate_authority.h"
 #include "tests/support/https_server.h"
 #include "tests/support/scratch_folder.h"
+#include "tests/support/service_hosts.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -70,8 +71,7 @@ public:
     Pinned<HomeFolder> home{{.path = scratch.path() / "home"}};
     Pinned<Locale> locale{{.numbers = "en_US", .times = "en_GB", .timeZone = "UTC"}};
     CertificateAuthority authority{scratch.path() / "authority.pem"};
-    HttpsServer server{authority,
-        {"api.adsb.lol", "opendata.adsb.fi", "api.adsbdb.com", "api.planespotters.net", "t.plnspttrs.net"}};
+    HttpsServer server{authority, serviceHosts()};
     Pinned<Network> network{server.network()};
     Pacer pacer{UrlSession{}, std::chrono::milliseconds{20}};
     PhotoDecoder decoder;

@@ -1,8 +1,11 @@
 #include "tests/companion/own_machine.h"
 
+#include "tests/support/service_hosts.h"
+
 #include <unistd.h>
 
 #include <fstream>
+#include <string>
 
 namespace skyvane::test {
 
@@ -17,9 +20,10 @@ void OwnMachine::SetUp()
     m_scratch.emplace();
     const std::string user = std::to_string(getuid()) + ":" + std::to_string(getgid());
     bind("/etc/passwd", "tester:x:" + user + "::" + home().string() + ":/bin/sh\n");
-    bind("/etc/hosts",
-        "127.0.0.1 localhost api.adsb.lol opendata.adsb.fi api.adsbdb.com api.planespotters.net "
-        "t.plnspttrs.net\n");
+    std::string names = "127.0.0.1 localhost";
+    for (const std::string& host : serviceHosts())
+        names += " " + host;
+    bind("/etc/hosts", names + "\n");
     bind("/etc/nsswitch.conf", "passwd: files\nhosts: files\n");
     bind("/etc/ssl/certs/ca-certificates.crt", "");
     enterOwnNamespaces(m_files);

@@ -1,6 +1,7 @@
 #include "tests/companion/companion_stage.h"
 #include "tests/companion/own_machine.h"
 #include "tests/session/x_session.h"
+#include "tests/support/service_hosts.h"
 #include "tests/support/surroundings.h"
 
 #include <QCoreApplication>
@@ -105,9 +106,7 @@ protected:
 
     Pinned<HomeFolder> homeFolder{{.path = home()}};
     test::CertificateAuthority authority{test::OwnMachine::instance().authorityFile()};
-    test::HttpsServer server{authority,
-        {"api.adsb.lol", "opendata.adsb.fi", "api.adsbdb.com", "api.planespotters.net", "t.plnspttrs.net"},
-        443};
+    test::HttpsServer server{authority, test::serviceHosts(), 443};
     test::XSession session;
     QDBusConnection bus
         = QDBusConnection::connectToBus(session.environment().value("DBUS_SESSION_BUS_ADDRESS"), "program");

@@ -1,5 +1,6 @@
 #include "tests/support/fault_server.h"
 #include "tests/support/process_status.h"
+#include "tests/support/service_hosts.h"
 #include "tests/widgets/extension/scenario.h"
 
 #include <poll.h>
@@ -58,7 +59,7 @@ protected:
 
     void goWrong(const Fault& fault)
     {
-        for (const char* host : {"api.adsb.lol", "opendata.adsb.fi"})
+        for (const std::string& host : test::feedHosts())
             test::goWrong(stage.server(), stage.authority(), host, fault);
     }
 

@@ -4,6 +4,8 @@
 #include "tests/ui/layout/even_measurer.h"
 #include "tests/widgets/layout_check.h"
 #include "ui/archive/archive.h"
+#include "ui/layout/widget_container.h"
+#include "widgets/skyvane_widget_bundle.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,6 +16,7 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace skyvane {
@@ -78,6 +81,17 @@ private:
     std::filesystem::path m_program{m_scratch.path() / "libexec/skyvane/skyvane-widgets"};
 };
 
+/// Last components of the kinds, each with every family that it supports.
+std::vector<std::pair<std::string, std::string>> everyWidget()
+{
+    std::vector<std::pair<std::string, std::string>> all;
+    for (const Widget& widget : SkyvaneWidgetBundle{}.body()) {
+        for (const WidgetFamily family : widget.supportedFamilies)
+            all.emplace_back(widget.kind.substr(widget.kind.rfind('.') + 1), WidgetContainer::name(family));
+    }
+    return all;
+}
+
 constexpr const char* listRequest = R"({"jsonrpc":"2.0","id":1,"method":"widgets.list"})";
 
 TEST(Languages, textsAndNumbersFollowTheUsersLocale)
@@ -111,10 +125,8 @@ TEST(Languages, namesAndDescriptionsAreTranslated)
 TEST(Languages, theLayoutHoldsInEveryLanguage)
 {
     const InstalledExtension extension;
-    const std::vector<std::pair<std::string, std::string>> widgets{
-        {"nearest", "small"}, {"radar", "small"}, {"radar", "medium"}, {"skyboard", "large"}};
     for (const char* locale : {"de_DE.UTF-8", "es_ES.UTF-8", "fr_FR.UTF-8"}) {
-        for (const auto& [kind, family] : widgets) {
+        for (const auto& [kind, family] : everyWidget()) {
             const DisplayList list = extension.placeholder(locale, kind, family);
             EXPECT_THAT(test::layoutProblems(list, test::EvenMeasurer{}), IsEmpty())
                 << locale << ", " << kind;

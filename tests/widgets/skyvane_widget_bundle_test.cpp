@@ -3,16 +3,22 @@
 #include "core/views/nearest_aircraft_view.h"
 #include "core/views/radar_widget_view.h"
 #include "core/views/sky_board_view.h"
+#include "platform/files/files.h"
 #include "tests/core/sample_sky.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 namespace skyvane {
 namespace {
+
+using testing::AnyOf;
+using testing::HasSubstr;
 
 Widget widgetNamed(const std::string& name)
 {
@@ -40,6 +46,17 @@ TEST(SkyvaneWidgetBundle, declaresThreeWidgetsInOrder)
             {WidgetFamily::large}},
     };
     EXPECT_EQ(declared, expected);
+}
+
+TEST(SkyvaneWidgetBundle, isNamedInFullByTheProtocolsPaperAndTheHostsManual)
+{
+    for (const char* path : {"docs/protocol.md", "packaging/man/skyvane-host.1.in"}) {
+        const std::string paper = Files::read(std::filesystem::path{SKYVANE_SOURCES} / path, 1 << 20).value();
+        for (const Widget& widget : SkyvaneWidgetBundle{}.body()) {
+            const std::string name = widget.kind.substr(widget.kind.rfind('.') + 1);
+            EXPECT_THAT(paper, AnyOf(HasSubstr('"' + name + '"'), HasSubstr(".Li " + name))) << path;
+        }
+    }
 }
 
 TEST(SkyvaneWidgetBundle, theNearestWidgetOpensTheAircraftThatItShows)

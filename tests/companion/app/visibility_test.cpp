@@ -1,7 +1,7 @@
 #include "companion/app/appearance.h"
 #include "companion/look/contrast.h"
+#include "companion/look/credits.h"
 #include "companion/look/link_label.h"
-#include "companion/look/sources.h"
 #include "companion/settings/swatch_button.h"
 #include "companion/sky/sky_table.h"
 #include "companion/window/header_bar.h"
@@ -231,7 +231,7 @@ TEST_P(VisibilityTest, theMenuIsSeenAlsoUnderThePointer)
 
 TEST_P(VisibilityTest, linksCanBeRead)
 {
-    auto* label = new LinkLabel{linkTo(Source::firstAggregator)};
+    auto* label = new LinkLabel{Credits::aircraft()};
     QFont font = label->font();
     font.setPointSize(30); // With strokes that fill pixels.
     label->setFont(font);

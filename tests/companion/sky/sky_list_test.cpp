@@ -10,8 +10,6 @@
 
 #include <gmock/gmock.h>
 
-#include <limits>
-
 namespace skyvane {
 
 namespace {
@@ -166,14 +164,6 @@ TEST(RangeText, theRangeIsInTheUsersUnit)
     EXPECT_EQ(rangeText(22, "mi"), "25 mi");
     EXPECT_EQ(rangeText(5, "mi"), "5.8 mi");
     EXPECT_EQ(rangeText(1234, "nm"), "1,234 nm");
-}
-
-TEST(RangeText, theFeedIsAskedWithinItsBounds)
-{
-    EXPECT_EQ(askedRadiusNM(24.6), 25);
-    EXPECT_EQ(askedRadiusNM(0), 1);
-    EXPECT_EQ(askedRadiusNM(1000), 250);
-    EXPECT_EQ(askedRadiusNM(std::numeric_limits<double>::quiet_NaN()), 250);
 }
 
 } // namespace skyvane

@@ -1,6 +1,5 @@
 #include "core/enrichment/aircraft_types.h"
 
-#include "core/enrichment/aircraft_type_rows.h"
 #include "tests/core/enrichment/expected_rows.h"
 #include "tests/core/enrichment/racing_threads.h"
 
@@ -36,7 +35,7 @@ TEST(AircraftTypes, everyDesignatorHasExactlyTheModelOfItsRow)
 TEST(AircraftTypes, theListKeepsItsOrder)
 {
     const auto expected = test::expectedRows("aircraft_types.tsv");
-    const auto rows = aircraftTypeRows();
+    const auto rows = AircraftTypes::rows();
     ASSERT_EQ(rows.size(), expected.size());
     for (std::size_t index = 0; index < rows.size(); ++index) {
         EXPECT_EQ(rows[index].key, expected[index].first) << index;

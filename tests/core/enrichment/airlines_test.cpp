@@ -1,6 +1,5 @@
 #include "core/enrichment/airlines.h"
 
-#include "core/enrichment/airline_rows.h"
 #include "platform/text/unicode.h"
 #include "tests/core/enrichment/expected_rows.h"
 #include "tests/core/enrichment/racing_threads.h"
@@ -68,7 +67,7 @@ TEST(Airlines, everyDesignatorHasExactlyTheNameOfItsRow)
 TEST(Airlines, theListKeepsItsOrder)
 {
     const auto expected = test::expectedRows("airlines.tsv");
-    const auto rows = airlineRows();
+    const auto rows = Airlines::rows();
     ASSERT_EQ(rows.size(), expected.size());
     for (std::size_t index = 0; index < rows.size(); ++index) {
         EXPECT_EQ(rows[index].key, expected[index].first) << index;

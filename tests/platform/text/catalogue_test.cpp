@@ -1,9 +1,10 @@
 #include "platform/text/catalogue.h"
 
+#include "tests/platform/text/compiled_catalogue.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <string>
@@ -18,42 +19,9 @@ using testing::IsEmpty;
 using testing::Pair;
 using testing::UnorderedElementsAre;
 
-using Entries = std::vector<std::pair<std::string, std::string>>;
-
-enum class ByteOrder { little, big };
-
-std::string number(std::size_t value, ByteOrder order)
-{
-    std::string bytes;
-    for (int shift = 0; shift < 32; shift += 8)
-        bytes += static_cast<char>(value >> shift);
-    if (order == ByteOrder::big)
-        std::ranges::reverse(bytes);
-    return bytes;
-}
-
-/// As msgfmt(1) lays it out, without its table of hashes.
-std::string compiled(const Entries& entries, ByteOrder order)
-{
-    const std::size_t head = 28;
-    const std::size_t table = 8 * entries.size();
-    std::string keys;
-    std::string texts;
-    std::string strings;
-    const auto add = [&](std::string& entry, const std::string& text) {
-        entry += number(text.size(), order) + number(head + 2 * table + strings.size(), order);
-        strings += text + '\0';
-    };
-    for (const auto& [key, text] : entries) {
-        add(keys, key);
-        add(texts, text);
-    }
-    std::string bytes;
-    for (const std::size_t value : {std::size_t{0x950412de}, std::size_t{0}, entries.size(), head,
-             head + table, std::size_t{0}, head + 2 * table})
-        bytes += number(value, order);
-    return bytes + keys + texts + strings;
-}
+using test::ByteOrder;
+using test::compiled;
+using test::Entries;
 
 const Entries german{
     {"", "Content-Type: text/plain; charset=UTF-8\n"}, {"NEAREST", "NÄCHSTES"}, {"Level", ""}};
@@ -80,22 +48,25 @@ std::vector<std::string> wantedBy(const std::map<std::string, std::string>& vari
 TEST(Catalogue, isReadInEitherByteOrder)
 {
     for (const ByteOrder order : {ByteOrder::little, ByteOrder::big})
-        EXPECT_THAT(Catalogues::read(compiled(german, order)),
+        EXPECT_THAT(Catalogues::read(compiled(german, order)).texts,
             UnorderedElementsAre(Pair("NEAREST", "NÄCHSTES"), Pair("Level", "")));
 }
 
-TEST(Catalogue, ofPluralFormsTheFirstIsRead)
+TEST(Catalogue, holdsEveryPluralFormAndTheRule)
 {
-    const Entries plural{{std::string("%d hour\0%d hours", 16), std::string("%d Stunde\0%d Stunden", 20)}};
-    EXPECT_THAT(
-        Catalogues::read(compiled(plural, ByteOrder::little)), ElementsAre(Pair("%d hour", "%d Stunde")));
+    const Entries plural{{"", "Plural-Forms: nplurals=2; plural=(n > 1);\n"},
+        {std::string("%d hour\0%d hours", 16), std::string("%d heure\0%d heures", 18)}};
+    const Catalogue catalogue = Catalogues::read(compiled(plural, ByteOrder::little));
+    EXPECT_THAT(catalogue.texts, ElementsAre(Pair("%d hour", std::string("%d heure\0%d heures", 18))));
+    EXPECT_EQ(catalogue.plural.form(0), 0);
+    EXPECT_EQ(catalogue.plural.form(2), 1);
 }
 
 TEST(Catalogue, thatIsCutShortIsNone)
 {
     const std::string whole = compiled(german, ByteOrder::little);
     for (std::size_t length = 0; length < whole.size(); ++length)
-        EXPECT_THAT(Catalogues::read(std::string{whole, 0, length}), IsEmpty()) << length;
+        EXPECT_THAT(Catalogues::read(std::string{whole, 0, length}).texts, IsEmpty()) << length;
 }
 
 TEST(Catalogue, whoseTablesLeadOutOfItIsNone)
@@ -106,7 +77,7 @@ TEST(Catalogue, whoseTablesLeadOutOfItIsNone)
             continue;
         std::string broken = whole;
         broken.replace(place, 4, "\xff\xff\xff\xff");
-        EXPECT_THAT(Catalogues::read(broken), IsEmpty()) << place;
+        EXPECT_THAT(Catalogues::read(broken).texts, IsEmpty()) << place;
     }
 }
 

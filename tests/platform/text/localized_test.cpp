@@ -1,9 +1,49 @@
 #include "platform/text/localized.h"
 
+#include "tests/platform/text/compiled_catalogue.h"
+#include "tests/support/scratch_folder.h"
+
 #include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <string>
 
 namespace skyvane {
 namespace {
+
+/// A user whose language has this catalogue.
+class Polish {
+public:
+    explicit Polish(const test::Entries& entries)
+    {
+        const std::filesystem::path folder = m_scratch.path() / "pl/LC_MESSAGES";
+        std::filesystem::create_directories(folder);
+        std::ofstream{folder / "skyvane.mo"} << test::compiled(entries, test::ByteOrder::little);
+        if (const char* before = std::getenv("LC_ALL"))
+            m_before = before;
+        setenv("LC_ALL", "pl_PL.UTF-8", 1);
+        useCatalogues(m_scratch.path());
+    }
+    ~Polish()
+    {
+        m_before ? setenv("LC_ALL", m_before->c_str(), 1) : unsetenv("LC_ALL");
+        useCatalogues(m_scratch.path() / "nothing");
+    }
+    Polish(const Polish&) = delete;
+    Polish& operator=(const Polish&) = delete;
+
+private:
+    test::ScratchFolder m_scratch;
+    std::optional<std::string> m_before;
+};
+
+std::string aircraft(std::uint64_t count)
+{
+    return localizedCount("one aircraft", "%1 aircraft", count, {count});
+}
 
 TEST(Localized, withoutACatalogueTheKeyIsTheText)
 {
@@ -15,6 +55,47 @@ TEST(Localized, numbersReplaceThePlaceholdersInOrder)
     EXPECT_EQ(localized("%lld AIRCRAFT · %lld NM", {1000, -3}), "1000 AIRCRAFT · -3 NM");
     EXPECT_EQ(localized("%lld of %lld", {7}), "7 of %lld");
     EXPECT_EQ(localized("none", {7}), "none");
+}
+
+TEST(Localized, numberedPlaceholdersMayStandInAnyOrder)
+{
+    EXPECT_EQ(localized("%2 before %1", {"one", 2}), "2 before one");
+    EXPECT_EQ(localized("%1, %1 and %3", {"a", "b"}), "a, a and %3");
+    EXPECT_EQ(localized("100 % of %0%", {"a"}), "100 % of %0%");
+}
+
+TEST(Localized, whatFillsAPlaceholderIsNotFilledItself)
+{
+    EXPECT_EQ(localized("“%1” %2", {"%2 %lld", "b"}), "“%2 %lld” b");
+}
+
+TEST(Localized, aTextThatCountsHasTwoFormsInEnglish)
+{
+    EXPECT_EQ(aircraft(0), "0 aircraft");
+    EXPECT_EQ(aircraft(1), "one aircraft");
+    EXPECT_EQ(aircraft(2), "2 aircraft");
+}
+
+TEST(Localized, aTextThatCountsHasAsManyFormsAsTheLanguage)
+{
+    const Polish polish{{
+        {"", "Plural-Forms: nplurals=3; plural=(n==1 ? 0 : n%10>=2 && n%10<=4 ? 1 : 2);\n"},
+        {std::string{"one aircraft\0%1 aircraft", 24},
+            std::string{"%1 samolot\0%1 samoloty\0%1 samolotów", 36}},
+    }};
+    EXPECT_EQ(aircraft(1), "1 samolot");
+    EXPECT_EQ(aircraft(3), "3 samoloty");
+    EXPECT_EQ(aircraft(5), "5 samolotów");
+    EXPECT_EQ(localized("one aircraft"), "%1 samolot");
+}
+
+TEST(Localized, aMissingFormIsTheFirst)
+{
+    const Polish polish{{
+        {"", "Plural-Forms: nplurals=3; plural=n;\n"},
+        {std::string{"one aircraft\0%1 aircraft", 24}, "%1 samolot"},
+    }};
+    EXPECT_EQ(aircraft(7), "7 samolot");
 }
 
 } // namespace

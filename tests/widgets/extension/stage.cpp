@@ -1,5 +1,6 @@
 #include "tests/widgets/extension/stage.h"
 
+#include "tests/support/service_hosts.h"
 #include "tests/widgets/extension/surroundings.h"
 
 #include <fcntl.h>
@@ -40,7 +41,7 @@ void closeOnce(int& descriptor)
 Stage::Stage()
     : m_surroundings(Surroundings::make())
     , m_authority(m_surroundings->authorityFile())
-    , m_server(m_authority, {"api.adsb.lol", "opendata.adsb.fi"}, m_surroundings->serverPort())
+    , m_server(m_authority, feedHosts(), m_surroundings->serverPort())
 {
     m_authority.linkIn(m_surroundings->authorityFile().parent_path());
     const Pipe input = makePipe();

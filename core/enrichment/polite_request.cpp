@@ -1,11 +1,14 @@
-#include "core/enrichment/json_answer.h"
-
-#include "core/enrichment/user_agent.h"
+#include "core/enrichment/polite_request.h"
 
 #include <chrono>
 #include <utility>
 
 namespace skyvane {
+
+HTTPHeader userAgent()
+{
+    return {.name = "User-Agent", .value = "Skyvane/1.1 (+mailto:" SKYVANE_CONTACT_EMAIL ")"};
+}
 
 std::optional<std::string> bodyAt(std::string_view url, const Transport& transport, std::stop_token stop)
 {

@@ -10,10 +10,15 @@
 #include <string_view>
 #include <type_traits>
 
+/// How the route and photo services are asked: by one GET that says who asks.
 namespace skyvane {
 
-/// The body that one polite GET brings with status 200; absent otherwise. A text that forms no URL asks
-/// nobody. Throws what the transport throws.
+/// "Skyvane/1.1 (+mailto:…)", whatever version this is; services may know their clients by it. Replaces the
+/// session's own.
+HTTPHeader userAgent();
+
+/// The body of an answer with status 200; absent otherwise. A text that forms no URL asks nobody. Throws what
+/// the transport throws.
 std::optional<std::string> bodyAt(std::string_view url, const Transport& transport, std::stop_token stop);
 
 /// What `read` makes of that body's JSON, an optional value. Every failure, cancellation included, is

@@ -1,0 +1,58 @@
+#include "companion/look/credits.h"
+
+#include "companion/look/link_label.h"
+#include "companion/look/type_scale.h"
+#include "core/enrichment/photo_api.h"
+#include "core/enrichment/route_api.h"
+#include "core/feed/sources.h"
+#include "desk/text.h"
+
+namespace skyvane::Credits {
+
+namespace {
+
+QString siteName(std::string_view website)
+{
+    return toQString(website).remove(QStringLiteral("www."));
+}
+
+QString linkTo(std::string_view website)
+{
+    return QStringLiteral(R"(<a href="https://%1">%2</a>)").arg(toQString(website), siteName(website));
+}
+
+} // namespace
+
+QString aircraft()
+{
+    QStringList links;
+    for (const ADSB::Source& source : ADSB::sources())
+        links += linkTo(source.website);
+    return links.join(QStringLiteral(" · "));
+}
+
+QString routes()
+{
+    return linkTo(RouteAPI::website);
+}
+
+QString photos()
+{
+    return linkTo(PhotoAPI::website);
+}
+
+QString photoService()
+{
+    return siteName(PhotoAPI::website);
+}
+
+QWidget* makeLabel(const QString& sources)
+{
+    auto* label = new LinkLabel{localizedText("Data: %1", {sources.toStdString()})};
+    label->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    label->setFont(TypeScale::small(label->font()));
+    TypeScale::makeQuiet(*label);
+    return label;
+}
+
+} // namespace skyvane::Credits

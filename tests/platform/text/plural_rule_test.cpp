@@ -1,0 +1,64 @@
+#include "platform/text/plural_rule.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace skyvane {
+namespace {
+
+using testing::ElementsAre;
+
+std::vector<std::size_t> forms(const std::string& expression, const std::vector<std::uint64_t>& counts)
+{
+    const PluralRule rule{
+        "Language: xx\nPlural-Forms: nplurals=6; plural=" + expression + ";\nMIME-Version: 1.0\n"};
+    std::vector<std::size_t> forms;
+    for (const std::uint64_t count : counts)
+        forms.push_back(rule.form(count));
+    return forms;
+}
+
+TEST(PluralRule, isThatOfEnglishWithoutAnother)
+{
+    EXPECT_EQ(PluralRule{}.form(0), 1);
+    EXPECT_EQ(PluralRule{}.form(1), 0);
+    EXPECT_EQ(PluralRule{"Language: de\n"}.form(2), 1);
+}
+
+TEST(PluralRule, isReadFromTheHeadOfACatalogue)
+{
+    EXPECT_THAT(forms("(n != 1)", {0, 1, 2}), ElementsAre(1, 0, 1));
+    EXPECT_THAT(forms("(n > 1)", {0, 1, 2}), ElementsAre(0, 0, 1));
+    EXPECT_THAT(forms("0", {0, 1, 2}), ElementsAre(0, 0, 0));
+}
+
+TEST(PluralRule, chainsConditions)
+{
+    const char* slavic = "(n%10==1 && n%100!=11 ? 0 : n%10>=2 && n%10<=4 && (n%100<10 || n%100>=20) ? 1 : 2)";
+    EXPECT_THAT(forms(slavic, {1, 2, 5, 11, 12, 21, 22, 25, 111}), ElementsAre(0, 1, 2, 2, 2, 0, 1, 2, 2));
+    const char* arabic = "n==0 ? 0 : n==1 ? 1 : n==2 ? 2 : n%100>=3 && n%100<=10 ? 3 : n%100>=11 ? 4 : 5";
+    EXPECT_THAT(forms(arabic, {0, 1, 2, 3, 11, 100}), ElementsAre(0, 1, 2, 3, 4, 5));
+}
+
+TEST(PluralRule, reckonsAsCDoes)
+{
+    EXPECT_THAT(forms("1 + 2 * n - 6 / 2", {1, 4}), ElementsAre(0, 6));
+    EXPECT_THAT(forms("10 - 3 - 2", {0}), ElementsAre(5));
+    EXPECT_THAT(forms("!n || !(n == 2)", {0, 1, 2}), ElementsAre(1, 1, 0));
+    EXPECT_THAT(forms("n < 2 == 1", {1, 2}), ElementsAre(1, 0));
+    EXPECT_THAT(forms("n / 0 + n % 0", {7}), ElementsAre(0));
+}
+
+TEST(PluralRule, thatIsNoExpressionIsThatOfEnglish)
+{
+    for (const std::string broken :
+        {"", "(n != 1", "n !=", "n ? 1", "m", "n n", "(n != 1))", "99999999999999999999", "n ? : 1"})
+        EXPECT_THAT(forms(broken, {0, 1, 2}), ElementsAre(1, 0, 1)) << broken;
+    EXPECT_THAT(forms(std::string(100'000, '('), {1, 2}), ElementsAre(0, 1));
+}
+
+} // namespace
+} // namespace skyvane
