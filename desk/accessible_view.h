@@ -26,9 +26,9 @@ public:
     QStringList actionNames() const override;
     void doAction(const QString& name) override;
 
-    /// It shows something else now.
+    /// To be called when the widget shows another view.
     void renew();
-    /// Another link has the focus, or none.
+    /// To be called when another link has the focus, or none.
     void tellFocus();
 
 private:
@@ -38,10 +38,10 @@ private:
     mutable std::vector<QAccessible::Id> m_children; ///< Made when first asked for.
 };
 
-/// Has every widget that is a `SpokenView` answer screen readers so. May be called again.
+/// Makes this the accessible interface of every widget that is a `SpokenView`. May be called again.
 void makeViewsAccessible();
 
-/// The widget's own, where a screen reader is listening; else null.
+/// The interface of this widget; null unless a screen reader is listening.
 AccessibleView* accessibleOf(QWidget& widget);
 
 } // namespace skyvane

@@ -10,13 +10,14 @@ class QWidget;
 /// asked for it.
 namespace skyvane::Activation {
 
-/// What the desktop gave this process at its start; empty: nothing.
+/// The token that the desktop gave this process at its start; empty when it gave none.
 QString tokenOfStart();
 
-/// For a program that is started without a click of its own: a token is good for one start.
+/// The environment for a program that is started without a click of its own: without this process's token,
+/// which is good for one start.
 QProcessEnvironment withoutToken(QProcessEnvironment environment);
 
-/// What comes along with a request over D-Bus; empty: nothing.
+/// The token that came with a call over D-Bus; empty when there was none.
 QString tokenIn(const QVariantMap& platformData);
 QVariantMap platformData(const QString& token);
 

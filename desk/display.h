@@ -47,7 +47,7 @@ private:
         std::vector<Message> m_messages;
     };
 
-    std::string m_absence; ///< What is said when there is none.
+    std::string m_absence; ///< The message that there is no display.
 };
 
 } // namespace skyvane

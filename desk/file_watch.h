@@ -19,7 +19,7 @@ public:
         std::chrono::milliseconds quiet = std::chrono::milliseconds{200});
 
 private:
-    /// What tells one content from the next without reading it.
+    /// Tells a changed file from an unchanged one without reading it.
     struct Stamp {
         std::filesystem::file_time_type changed;
         std::uintmax_t size;

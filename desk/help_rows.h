@@ -13,7 +13,7 @@ struct HelpRow {
     std::string_view help;
 };
 
-/// A line each, so many blanks from the left, the meanings below each other.
+/// The rows as lines of text, indented by so many blanks, their meanings in one column.
 inline std::string helpRows(const std::vector<HelpRow>& rows, std::size_t indentation)
 {
     constexpr std::size_t gap = 3;

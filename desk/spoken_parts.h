@@ -19,7 +19,7 @@ struct SpokenPart {
     bool operator==(const SpokenPart&) const = default;
 };
 
-/// From top to bottom, then from left to right.
+/// The parts of a display list in reading order: from top to bottom, then from left to right.
 std::vector<SpokenPart> spokenParts(const DisplayList& list);
 
 } // namespace skyvane

@@ -18,7 +18,7 @@ public:
 
     /// False for a mere picture, which has no links either.
     virtual bool isPressable() const = 0;
-    /// As a tap on that link does, or on the widget beside all links.
+    /// Does what a tap on that link does; for an absent one, what a tap beside all links does.
     virtual void press(std::optional<std::size_t> link) = 0;
 };
 

@@ -10,10 +10,10 @@
 
 #include <xcb/xcb.h>
 
-/// The X server, as far as windows' toolkit leaves something to say to it.
+/// What has to be said to the X server without the toolkit.
 namespace skyvane::X11 {
 
-/// The application's own. Null where its windows are not the X server's.
+/// The application's connection; null when its windows are not on an X server.
 xcb_connection_t* connection();
 
 xcb_window_t root(xcb_connection_t* connection);
@@ -36,7 +36,7 @@ void tellWindowManager(xcb_connection_t* connection, xcb_window_t window, xcb_at
 std::vector<std::uint32_t> words(
     xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type);
 
-/// By their names, asked for in one turn; XCB_ATOM_NONE where the server fails.
+/// The atoms of these names, asked for in one round trip; XCB_ATOM_NONE where the server fails.
 template <std::size_t count>
 std::array<xcb_atom_t, count> atoms(
     xcb_connection_t* connection, const std::array<std::string_view, count>& names)

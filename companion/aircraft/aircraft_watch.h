@@ -12,9 +12,9 @@ class AircraftWatch {
 public:
     enum class State {
         noHome,
-        lookedFor, ///< Nothing is known yet, and somebody is asked.
+        lookedFor, ///< No report has told of it yet, and the feed is being asked.
         noAnswer,
-        elsewhere, ///< Not around home, and it was not while it was watched.
+        elsewhere, ///< In neither the last report nor an earlier one.
         inRange,
         gone, ///< It was in range, and is no longer.
     };

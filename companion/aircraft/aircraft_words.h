@@ -17,13 +17,14 @@ struct Fact {
     bool operator==(const Fact&) const = default;
 };
 
-/// "Airbus A320 · D-AIPA · Lufthansa", whatever of it is known and not its name already.
+/// Model, registration and operator in one line, "Airbus A320 · D-AIPA · Lufthansa", without those that are
+/// unknown or its name already.
 QString identity(const Aircraft& aircraft);
 
-/// What sets it apart, in a sentence; empty: nothing.
+/// One sentence about an emergency or a military aircraft; empty for every other.
 QString alarm(const Aircraft& aircraft);
 
-/// Those that are known. The unit as `Aircraft::distanceText` takes it.
+/// The facts that are known of the aircraft. `unit` as `DistanceUnit` names it.
 std::vector<Fact> facts(const Aircraft& aircraft, const std::string& unit);
 
 } // namespace skyvane::AircraftWords

@@ -5,14 +5,14 @@
 
 namespace skyvane {
 
-/// A photograph with rounded corners; a click, or the keyboard, opens what it leads to. Without one, a quiet
-/// place for it.
+/// A photograph with rounded corners; a click, or the keyboard, opens what it leads to. Without a photograph
+/// it is an empty frame.
 class PhotoCard : public QAbstractButton {
     Q_OBJECT
 public:
     explicit PhotoCard(QWidget* parent = nullptr);
 
-    /// A null image: the place for one.
+    /// A null image shows the empty frame.
     void showImage(const QImage& image, bool leadsSomewhere);
 
     QSize sizeHint() const override;

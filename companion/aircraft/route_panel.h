@@ -16,7 +16,7 @@ class RoutePanel : public QWidget {
 public:
     explicit RoutePanel(QWidget* parent = nullptr);
 
-    /// Hides without one.
+    /// Hides the panel when there is no route.
     void showRoute(const std::optional<FlightRoute>& route);
 
     QString airports() const;

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-/// What the page of one aircraft says about its being there or not.
+/// Texts of one aircraft's page about whether it is in range.
 namespace skyvane::WatchWords {
 
 Heading heading(const AircraftWatch& watch);

@@ -16,7 +16,8 @@ struct WhereToLook {
     bool operator==(const WhereToLook&) const = default;
 };
 
-/// The elevation is that seen from sea level on a round Earth. Absent without a direction.
+/// Direction and elevation of the aircraft as seen from home, at sea level on a round Earth. Absent when its
+/// direction is unknown.
 std::optional<WhereToLook> whereToLook(const Aircraft& aircraft, const std::optional<HomeLocation>& home);
 
 /// A sentence in the user's language: "Look north-east, about 12° above the horizon."

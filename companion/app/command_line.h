@@ -11,7 +11,7 @@ namespace skyvane {
 struct CommandLine {
     bool showsSettings = false;
     bool isService = false; ///< Started by the message bus: shows nothing until it is asked to.
-    std::optional<std::string> link{}; ///< As given, not looked at.
+    std::optional<std::string> link{}; ///< As it was typed, not checked.
 
     bool operator==(const CommandLine&) const = default;
 };
@@ -24,7 +24,7 @@ struct Printed {
     bool operator==(const Printed&) const = default;
 };
 
-/// Of the words after the program's name.
+/// Reads the words after the program's name.
 std::variant<CommandLine, Printed> readCommandLine(const std::vector<std::string>& words);
 
 } // namespace skyvane

@@ -9,11 +9,11 @@
 
 namespace skyvane {
 
-/// What others may ask of the running companion. Each comes with the activation token of the click that it
-/// goes back to; empty: none.
+/// What others may ask of the running companion. `token` is the activation token of the user's click, empty
+/// when there was none.
 struct CompanionActions {
     std::function<void(const QString& token)> activate;
-    std::function<void(const QStringList& links, const QString& token)> open; ///< Not looked at.
+    std::function<void(const QStringList& links, const QString& token)> open; ///< As they came, not checked.
     std::function<void(const QString& token)> showSettings;
 };
 

@@ -7,8 +7,8 @@
 
 namespace skyvane {
 
-/// Has the session's running companion do what this start was for, on behalf of the same click. Whether it
-/// answered.
+/// Single instance: asks the session's running companion to do what this start was for, on behalf of the same
+/// click. Returns whether it answered.
 bool handOver(const QDBusConnection& bus, const CommandLine& line, const QString& token);
 
 } // namespace skyvane

@@ -20,7 +20,7 @@ public:
         const QWidget* widget) const override;
 
 private:
-    /// What the palette of that key became.
+    /// A palette with visible outlines, and the key of the palette that it was made from.
     struct Outlined {
         qint64 key;
         double enough;
@@ -29,7 +29,7 @@ private:
 
     const QPalette& outlined(const QPalette& palette, double enough = 3.8) const;
 
-    mutable std::optional<Outlined> m_last; ///< Every widget has the same, as a rule.
+    mutable std::optional<Outlined> m_last; ///< Cache of one: nearly all widgets have the same palette.
 };
 
 } // namespace skyvane

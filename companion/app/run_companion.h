@@ -14,7 +14,7 @@
 
 namespace skyvane {
 
-/// The world around the companion.
+/// What the companion meets of the machine; tests hand in their own.
 struct CompanionSetup {
     QDBusConnection sessionBus;
     QDBusConnection systemBus;
@@ -25,12 +25,13 @@ struct CompanionSetup {
     AutostartFolders autostart;
     std::filesystem::path memory; ///< File in which the window's place is kept.
 
-    /// The user's own.
+    /// That of the user's session.
     static CompanionSetup standard();
 };
 
-/// Shows the window until the user closes it; where a companion of this session runs already, that one does
-/// what was asked. The exit status. Needs a QApplication. `token`: what the desktop gave this start.
+/// Shows the window until the user closes it; where a companion of this session runs already, has that one do
+/// what was asked. Returns the exit status. Needs a QApplication. `token`: the activation token that the
+/// desktop gave this start.
 int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QString& token);
 
 } // namespace skyvane

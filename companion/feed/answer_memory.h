@@ -9,18 +9,18 @@
 
 namespace skyvane {
 
-/// What a source answered during this visit. That it had nothing, or could not be reached, holds for a while
-/// only.
+/// Cache of what a service answered, emptied when it is full. An answer stays until then; that there was none
+/// expires.
 template <class Answer>
 class AnswerMemory {
 public:
-    /// `most`: how many answers are kept at once.
+    /// `patience`: time until the absence of an answer expires. `most`: how many answers are kept at once.
     explicit AnswerMemory(std::chrono::milliseconds patience, std::size_t most = 64)
         : m_patience(patience), m_most(most)
     {
     }
 
-    /// Null: ask. Valid until the next `keep`.
+    /// The answer for this key; null when the service has to be asked. Valid until the next `keep`.
     const std::optional<Answer>* find(const std::string& key) const
     {
         const auto known = m_known.find(key);

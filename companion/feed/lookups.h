@@ -16,13 +16,13 @@
 
 namespace skyvane {
 
-/// A photograph, here to be shown.
+/// A photograph whose image has been loaded.
 struct Photograph {
     PlanePhoto photo;
     QImage image;
 };
 
-/// Routes and photographs, asked for beside the event loop and remembered until the program ends.
+/// Routes and photographs, looked up on other threads and cached until the program ends.
 class Lookups {
 public:
     using RouteFound = std::function<void(const std::optional<FlightRoute>&)>;
@@ -34,12 +34,12 @@ public:
     {
     }
 
-    /// The usual route of an airline's flight; nobody is asked about another aircraft, which has none. What
-    /// is known already is found at once, within the call.
+    /// Looks up the usual route of an airline's flight; other aircraft have none, and nobody is asked. A
+    /// cached answer is found at once, within the call.
     [[nodiscard]] Errand route(const Aircraft& aircraft, RouteFound found);
 
-    /// The photograph of the airframe with that ICAO address; nobody is asked about an address that the feed
-    /// made up.
+    /// Looks up the photograph of the airframe with that ICAO address; nobody is asked about an address that
+    /// the feed made up.
     [[nodiscard]] Errand photograph(const std::string& hex, PhotographFound found);
 
 private:

@@ -28,7 +28,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     struct Host {
-        std::list<const URLRequest*> line{}; ///< The first one's is the turn.
+        std::list<const URLRequest*> line{}; ///< In order; the first has its turn.
         Clock::time_point restedAt{};
     };
 

@@ -11,7 +11,7 @@ struct AutostartFolders {
     std::filesystem::path own;
     std::vector<std::filesystem::path> systemWide; ///< The first that has an entry of a name counts.
 
-    /// As the environment says.
+    /// Those of the XDG base directories, as the environment has them.
     static AutostartFolders standard();
 
     bool operator==(const AutostartFolders&) const = default;
@@ -20,13 +20,14 @@ struct AutostartFolders {
 /// Whether the widgets start with every session.
 namespace Autostart {
 
-/// The system's own entry where there is one, else one of the user's for this program. Whether it took.
+/// Uncovers the system-wide entry where there is one, else writes one of the user's for this program. Returns
+/// whether that worked.
 bool turnOn(const AutostartFolders& folders, const std::filesystem::path& program);
 
-/// Hides the system's own entry where there is one. Whether it took.
+/// Covers the system-wide entry where there is one, else removes the user's. Returns whether that worked.
 bool turnOff(const AutostartFolders& folders);
 
-/// A program's path as the Exec line of an entry wants it.
+/// A program's path, quoted as the Exec key of a desktop entry wants it.
 std::string execLine(const std::string& path);
 
 } // namespace Autostart

@@ -12,7 +12,7 @@ namespace skyvane {
 class HostControl : public QObject {
     Q_OBJECT
 public:
-    /// `program`: what is started.
+    /// `program`: path of the host.
     HostControl(QDBusConnection bus, QString program);
 
     const QString& program() const { return m_program; }
@@ -26,7 +26,7 @@ public:
 
 signals:
     void runningChanged(bool isRunning);
-    /// In words, for the user.
+    /// A start failed; `problem` says why in the user's language.
     void failed(const QString& problem);
 
 private:
@@ -38,9 +38,9 @@ private:
     QString m_program;
     HostInterface m_host;
     QDBusServiceWatcher m_watcher;
-    QTimer m_patience; ///< Runs while a start or an end is awaited.
+    QTimer m_patience; ///< Time-out of a start or an end of the host; runs while one is awaited.
     bool m_isRunning = false;
-    bool m_owesGallery = false; ///< As soon as the host runs.
+    bool m_owesGallery = false; ///< The gallery is to be shown as soon as the host runs.
 };
 
 } // namespace skyvane

@@ -11,8 +11,8 @@ namespace skyvane {
 
 class HostControl;
 
-/// "Show widgets on my desktop": on while they are there, now and with every session. Beside it the way to
-/// more of them.
+/// The check box "Show widgets on my desktop", which starts or ends the host now and for the sessions to
+/// come, with a button beside it that opens the gallery.
 class HostSwitch : public QWidget {
     Q_OBJECT
 public:

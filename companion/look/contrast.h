@@ -10,11 +10,10 @@ namespace skyvane {
 /// How far apart two colours are in lightness, 1 to 21, as accessibility guidelines count it.
 double contrast(const QColor& one, const QColor& other);
 
-/// The colour as text can be read in it on that background: itself where the contrast is 4.5 or more, else as
-/// much darker or lighter as it takes.
+/// The colour, made darker or lighter until text in it can be read on that background: to a contrast of 4.5.
 QColor legible(const Color& color, const QColor& background);
 
-/// The same for any contrast.
+/// The colour, made darker or lighter until its contrast to the background is `enough`.
 QColor setApart(const QColor& color, const QColor& background, double enough);
 
 /// What a control is outlined in, to be seen on the window. Accessibility guidelines ask for a contrast of 3;

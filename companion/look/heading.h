@@ -4,11 +4,11 @@
 
 namespace skyvane {
 
-/// What a page is headed with.
+/// The heading of a page.
 struct Heading {
     QString title;
-    QString details{}; ///< In one line; empty: none.
-    QString window{}; ///< What the window is called instead; empty: the title.
+    QString details{}; ///< One line below the title; empty when there is none.
+    QString window{}; ///< Title of the window; empty when it is that of the page.
 
     bool operator==(const Heading&) const = default;
 };

@@ -6,7 +6,7 @@ namespace skyvane {
 
 enum class LineIcon { back, refresh, menu, search };
 
-/// Drawn in the text colour of the moment, sharp at every size.
+/// An icon of lines in the palette's text colour, sharp at every size.
 QIcon lineIcon(LineIcon shape);
 
 } // namespace skyvane

@@ -7,18 +7,19 @@ class QLabel;
 
 namespace skyvane {
 
-/// A line of input that says at its place what is wrong with it, for the eye and for a screen reader.
+/// An input field with validation: it marks itself and shows a message where what is typed is wrong, for the
+/// eye and for a screen reader.
 class MarkedLineEdit : public QLineEdit {
     Q_OBJECT
 public:
-    /// `note`: where the words go; hidden while there are none.
+    /// `note`: the label that shows the message; hidden while there is none.
     explicit MarkedLineEdit(QLabel& note, QWidget* parent = nullptr);
 
-    /// Empty: nothing is wrong.
+    /// Shows the mark and this message; an empty one takes both away.
     void setProblem(const QString& problem);
     const QString& problem() const { return m_problem; }
 
-    /// Words that are no complaint. A problem takes their place.
+    /// Shows a hint, as long as there is no problem.
     void setRemark(const QString& remark);
 
 private:
@@ -30,7 +31,7 @@ private:
     QString m_remark;
 };
 
-/// The label that such a line speaks through.
+/// A label for the messages of such fields.
 QLabel* makeNote();
 
 } // namespace skyvane

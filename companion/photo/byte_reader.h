@@ -7,7 +7,7 @@
 
 namespace skyvane {
 
-/// Reads bytes from front to back. Absent is what lies past the end; nothing is read then.
+/// Reads bytes from front to back. What would lead past the end is absent, and moves nothing.
 class ByteReader {
 public:
     explicit ByteReader(std::string_view bytes) : m_rest(bytes) { }

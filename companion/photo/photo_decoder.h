@@ -10,8 +10,8 @@
 
 namespace skyvane {
 
-/// Decodes photographs one after the other on a thread of its own. A decoder cannot be called off, so whoever
-/// waits for one can; the decoding then goes on for nobody.
+/// Decodes photographs one after the other on a thread of its own. A decoding cannot be interrupted, but
+/// whoever waits for it can give up; its result is dropped then.
 class PhotoDecoder {
 public:
     using Decode = std::function<QImage(std::string_view)>;
@@ -24,8 +24,8 @@ public:
     /// event loop's.
     QImage image(std::string bytes, const std::stop_token& stop);
 
-    /// Whether nothing is decoded. To be asked before its end, which waits for what is: a program that is not
-    /// to wait has to end by `std::_Exit`, since whatever the thread uses must be there as long as it runs.
+    /// Whether nothing is being decoded. The destructor waits for what is; a program that must not wait ends
+    /// by `std::_Exit`, since the thread uses what an ordinary exit destroys.
     bool isIdle() { return m_thread.waitForDone(0); }
 
 private:

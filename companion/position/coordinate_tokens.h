@@ -24,10 +24,10 @@ struct Separator {
 
 using Token = std::variant<Number, Sign, Mark, Hemisphere, Separator>;
 
-/// What a comma with a digit on either side is.
+/// How a comma between two digits is read.
 enum class Comma { separator, decimalMark };
 
-/// Absent as soon as there is anything else in the text, and for texts that are too long for a position.
+/// The tokens of the text; absent when it holds anything else or is too long for a position.
 std::optional<std::vector<Token>> read(std::string_view text, Comma comma);
 
 } // namespace skyvane::CoordinateTokens

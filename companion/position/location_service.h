@@ -15,7 +15,7 @@
 
 namespace skyvane {
 
-/// Asks the system where it stands, once a question. Nothing waits: the answer is a signal.
+/// The system's location service, asked for one position at a time; its answer is a signal.
 class LocationService : public QObject {
     Q_OBJECT
 public:
@@ -26,7 +26,7 @@ public:
         other, ///< It answered with an error or with no position.
     };
 
-    /// `limit`: for the whole of one question.
+    /// `limit`: time-out of one question.
     explicit LocationService(const QDBusConnection& bus,
         std::chrono::milliseconds limit = std::chrono::seconds{30}, QObject* parent = nullptr);
     ~LocationService() override;
@@ -60,8 +60,8 @@ private:
     QDBusServiceWatcher m_owner;
     QTimer m_limit;
     bool m_isAsking = false;
-    unsigned m_question = 0; ///< So that a late answer to an earlier one is known as such.
-    QString m_client; ///< The path of what stands for this program in the service; empty: none.
+    unsigned m_question = 0; ///< Number of the last question; answers to earlier ones are dropped.
+    QString m_client; ///< Object path of this program's client in the service; empty while there is none.
 };
 
 } // namespace skyvane

@@ -14,7 +14,7 @@ struct Place {
     std::string countryCode; ///< "DE".
     std::string code{}; ///< Of an airport, such as "EDDM"; empty for a city.
     Coordinate coordinate;
-    bool isPrincipal = false; ///< Gives its time zone the name.
+    bool isPrincipal = false; ///< Its time zone is named after it.
 
     /// One line that tells the place from others of its name.
     std::string title() const;

@@ -9,13 +9,13 @@ class QCompleter;
 
 namespace skyvane {
 
-/// A line in which one types the name of a place and chooses from what fits; Enter takes the best.
+/// An input field for the name of a place, with completion; Enter takes the best match.
 class PlaceField : public MarkedLineEdit {
     Q_OBJECT
 public:
     PlaceField(PlaceSearch::Load load, QLabel& note, QWidget* parent = nullptr);
 
-    /// The words below the line of choices.
+    /// The titles of the places on offer.
     const QStringListModel& offered() const { return m_titles; }
 
 signals:
@@ -31,9 +31,9 @@ private:
     void choose(int row);
 
     PlaceSearch m_search;
-    std::vector<Place> m_places; ///< As offered.
-    QString m_answered; ///< What they answer.
-    bool m_isBestWanted = false; ///< As soon as there is an answer.
+    std::vector<Place> m_places; ///< The places on offer, best first.
+    QString m_answered; ///< What had been typed when they were looked up.
+    bool m_isBestWanted = false; ///< Enter was pressed: the best place is chosen when the answer comes.
     QStringListModel m_titles;
     QCompleter* m_completer;
 };

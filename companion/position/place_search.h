@@ -11,7 +11,7 @@
 
 namespace skyvane {
 
-/// Answers as one types. The places are loaded at the first question, on a thread of their own.
+/// Search as one types, over places that are loaded at the first question on a thread of their own.
 class PlaceSearch : public QObject {
     Q_OBJECT
 public:

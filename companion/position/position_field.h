@@ -9,14 +9,14 @@ class QPushButton;
 
 namespace skyvane {
 
-/// A line with a position in it, typed, pasted, or asked of the system with the button beside it.
+/// An input field for a position, typed, pasted, or asked of the system with the button beside it.
 class PositionField : public QWidget {
     Q_OBJECT
 public:
     PositionField(const QDBusConnection& bus, QLabel& note, QWidget* parent = nullptr);
 
-    /// Leaves the line as it is where it says so already, or where it holds something unreadable and the
-    /// position is what it was.
+    /// Writes the position into the line, unless the line says it already, or holds something unreadable
+    /// while the position is what it was.
     void showPosition(const std::optional<Coordinate>& position);
 
     MarkedLineEdit& line() { return *m_line; }
@@ -26,7 +26,7 @@ signals:
     /// Absent for what cannot be read.
     void typed(const std::optional<skyvane::Coordinate>& position);
     void located(const skyvane::Coordinate& position);
-    void finished(); ///< With typing, for now.
+    void finished(); ///< Enter was pressed, or the line left.
 
 private:
     void read();
@@ -36,10 +36,10 @@ private:
 
     LocationService m_service;
     std::optional<Coordinate> m_position; ///< As last shown.
-    bool m_isReading = false; ///< So that what is typed is left as it is.
+    bool m_isReading = false; ///< The line is being read, and not to be rewritten.
     MarkedLineEdit* m_line;
     QPushButton* m_button;
-    QTimer m_pause; ///< Of typing, after which what is there counts as meant.
+    QTimer m_pause; ///< Debounce: what is typed counts after this pause.
 };
 
 } // namespace skyvane

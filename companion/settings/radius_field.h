@@ -26,13 +26,13 @@ public:
 signals:
     void slid(double radiusNM);
     void typed(std::optional<double> radiusNM); ///< Absent for what is no radius.
-    void finished(); ///< With sliding or typing, for now.
+    void finished(); ///< The slider was released, Enter pressed, or the number left.
 
 private:
     void readNumber();
 
     double m_radiusNM = 0; ///< As last shown.
-    bool m_isReading = false; ///< So that what is typed is left as it is.
+    bool m_isReading = false; ///< The number is being read, and not to be rewritten.
     QSlider* m_slider;
     MarkedLineEdit* m_number;
     QLabel* m_inOtherUnit;

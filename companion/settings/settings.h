@@ -10,19 +10,19 @@
 
 namespace skyvane {
 
-/// What is chosen, kept in step with the file: choices go into it once they have settled, and what others
-/// write there comes back.
+/// What is chosen, kept in step with the file: choices are written debounced, and what others write there
+/// comes back.
 class Settings : public QObject {
     Q_OBJECT
 public:
-    /// How long to wait before writing.
+    /// Debounce times.
     struct Pace {
         std::chrono::milliseconds choosing{300};
         std::chrono::milliseconds typing{1500}; ///< While half a position may be one too.
-        std::chrono::milliseconds calm{200}; ///< Of the file before it is read again.
+        std::chrono::milliseconds calm{200}; ///< Quiet around the file before it is read again.
     };
 
-    /// When a choice is settled.
+    /// When a choice is written.
     enum class Settled { soon, afterTyping, whenTold };
 
     explicit Settings(const Pace& pace, QObject* parent = nullptr);

@@ -10,22 +10,24 @@
 
 namespace skyvane {
 
-/// The configuration file as the page knows it: what it last held, and word of every change that others make.
+/// The configuration file as the page knows it: its content when last read, and a signal when others change
+/// it.
 class SettingsFile : public QObject {
     Q_OBJECT
 public:
     using Content = std::optional<SharedState::Config>;
 
-    /// `quiet`: how long nothing has to happen around the file before it is read again.
+    /// `quiet`: debounce time; the file is read again when nothing has happened around it for so long.
     explicit SettingsFile(std::chrono::milliseconds quiet, QObject* parent = nullptr);
 
-    /// When it was last read or written.
+    /// As of the last reading or writing.
     const Content& content() const { return m_content; }
 
-    /// Reads it now. A change is told as any other.
+    /// Reads the file now, and signals a change as ever.
     void look();
 
-    /// Writes and reads back; absent removes it. Whether it took.
+    /// Writes the content, and reads it back; absent content removes the file. Returns whether the file holds
+    /// it now.
     bool write(const Content& content);
 
 signals:

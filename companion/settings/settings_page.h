@@ -25,7 +25,7 @@ class WidgetPreviews;
 class SettingsPage : public QWidget {
     Q_OBJECT
 public:
-    /// What stands in for the machine and for time.
+    /// What tests replace of the machine and of time.
     struct Surroundings {
         PlaceSearch::Load loadPlaces; ///< On another thread.
         Settings::Pace pace{};
@@ -61,7 +61,7 @@ private:
     RadiusField* m_radius;
     UnitField* m_unit;
     ColorField* m_color;
-    QLabel* m_state; ///< What became of the last choice.
+    QLabel* m_state; ///< Says whether the last choice was saved.
     QPushButton* m_forget;
     WidgetPreviews* m_previews;
     QBoxLayout* m_columns;

@@ -15,7 +15,7 @@ class UnitField : public QWidget {
 public:
     explicit UnitField(QWidget* parent = nullptr);
 
-    /// Nothing, and every word that is none of the three, means miles.
+    /// An absent unit, and any word that names none of the three, means miles.
     void showUnit(const std::optional<std::string>& unit);
 
 signals:

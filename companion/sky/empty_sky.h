@@ -7,7 +7,7 @@ class QPushButton;
 
 namespace skyvane {
 
-/// What stands where the list would be when there is nothing to list.
+/// Empty state: a title, an explanation and a button in place of the list.
 class EmptySky : public QWidget {
     Q_OBJECT
 public:

@@ -4,14 +4,14 @@
 
 namespace skyvane {
 
-/// The sky list as the user has ordered and narrowed it. What is not known comes last either way; what is
-/// alike stays nearest first.
+/// The sky list as the user has ordered and narrowed it. Unknown values come last in either order; equal ones
+/// stay nearest first.
 class SkyFilter : public QSortFilterProxyModel {
     Q_OBJECT
 public:
     explicit SkyFilter(QObject* parent = nullptr);
 
-    /// Only aircraft of which any text has every one of these words; all without any.
+    /// Shows only aircraft in whose texts each of these words occurs; all of them for no words.
     void setWords(const QString& words);
 
 protected:

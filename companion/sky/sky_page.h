@@ -25,7 +25,7 @@ public:
 
     Heading heading() const;
 
-    /// Says, until the user has read it, why a link showed nothing of its own; nothing for an empty text.
+    /// Shows why a link could not be followed, until the user dismisses it; an empty text shows nothing.
     void showLinkProblem(const QString& text);
 
     void focusFilter();

@@ -19,9 +19,9 @@ public:
     int rowCount() const { return m_filter.rowCount(); }
 
 signals:
-    /// Enter or a double click on its row.
+    /// Enter was pressed on the aircraft's row, or the row double-clicked.
     void aircraftActivated(const QString& hex);
-    /// The rows that can be seen are others.
+    /// Other rows are visible than before.
     void rowsChanged();
 
 protected:

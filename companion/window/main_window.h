@@ -47,8 +47,8 @@ public:
     void showAircraft(const std::string& hex);
     void showSettings();
 
-    /// Where the link leads; for one that leads nowhere, the sky with a line that says why. Nobody is asked
-    /// anything because of it.
+    /// Shows what the link leads to; for a broken one the sky with a notice that says why. No request is sent
+    /// because of it.
     void follow(const IncomingLink::Target& target);
 
 protected:

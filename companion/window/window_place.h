@@ -9,10 +9,10 @@ namespace skyvane {
 /// window is shown.
 namespace WindowPlace {
 
-/// A size that leaves room for a frame.
+/// The size, shrunk where a window of it with a frame would not fit.
 QSize fitted(const QSize& size, const QRect& available);
 
-/// The remembered place where it is all on the screen; else moved, and where it must be shrunk, into it.
+/// The remembered place, moved and if need be shrunk to lie within the screen.
 QRect fitted(const QRect& remembered, const QRect& available);
 
 } // namespace WindowPlace

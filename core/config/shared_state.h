@@ -14,7 +14,7 @@ namespace skyvane::SharedState {
 struct Config {
     HomeLocation home;
     double radiusNM; ///< Of search and scope, nautical miles.
-    std::optional<std::string> distanceUnit{}; ///< "nm", "km" or "mi".
+    std::optional<std::string> distanceUnit{}; ///< As `DistanceUnit` names it.
     std::optional<std::string> widgetColorHex{}; ///< As `HexColor` reads it.
 
     bool operator==(const Config&) const = default;

@@ -12,9 +12,9 @@
 namespace skyvane::ADSB {
 
 /// Those with a position younger than 60 seconds, nearest first by the aggregator's own distance; the second
-/// source is asked when the first fails or has none. The radius, nautical miles, is rounded and bounded to 1
-/// to 250. Throws `FetchError` when no source answered and `CancellationError` at once when `stop` asks for
-/// it.
+/// source is asked when the first fails or has none. The radius, nautical miles, becomes what
+/// `SearchRadius::asked` makes of it. Throws `FetchError` when no source answered and `CancellationError` at
+/// once when `stop` asks for it.
 std::vector<Aircraft> fetch(
     const HomeLocation& home, double radiusNM, const Transport& transport, std::stop_token stop = {});
 

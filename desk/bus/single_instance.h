@@ -12,7 +12,7 @@ namespace skyvane {
 /// it until it ends. A later start asks the owner to do what it was started for.
 class SingleInstance {
 public:
-    /// Longest wait for an owner's answer.
+    /// Time-out of an owner's answer.
     static constexpr std::chrono::milliseconds patience{10'000};
 
     /// Takes the name, behind which the object has to stand by then: whoever sees the name may call it.

@@ -41,7 +41,7 @@ struct Candidate {
 /// Throws `UsageError` for a word that makes no sense.
 using WordCheck = void (*)(const std::string& word);
 
-/// Of what has been typed already. May throw; then nothing is offered.
+/// What may follow the words typed so far. May throw; then nothing is offered.
 using Candidates = std::vector<Candidate> (*)(const Arguments& typed, const CommandContext& context);
 
 /// A word that a command needs.
@@ -68,7 +68,7 @@ struct Command {
     std::vector<Operand> operands{};
     std::vector<Option> options{};
     std::optional<std::string_view> help{}; ///< Its line in the help; absent where the name says it all.
-    std::string_view meaning; ///< Where a shell offers it.
+    std::string_view meaning; ///< What a shell says about it in a completion.
     void (*run)(const Arguments& arguments, const CommandContext& context);
 };
 

@@ -10,7 +10,7 @@ struct CommandCall {
     Arguments arguments;
 };
 
-/// The words after the program's name, at least one, read by this table. Throws `UsageError`.
+/// Reads the words after the program's name, at least one, by this table. Throws `UsageError`.
 CommandCall parseCommandLine(const std::vector<Command>& table, const std::vector<std::string>& words);
 
 /// The text of --help.

@@ -30,8 +30,8 @@ struct RenderWords {
     bool operator==(const RenderWords&) const = default;
 };
 
-/// One widget into one file. It throws `UsageError` for a widget that there is not, `ExtensionError` and
-/// `OutputError`, and needs a QGuiApplication.
+/// The command that paints one widget into one file. It throws `UsageError` for a widget that there is not,
+/// `ExtensionError` and `OutputError`, and needs a QGuiApplication.
 Command renderCommand();
 
 } // namespace skyvane

@@ -8,15 +8,15 @@
 
 namespace skyvane {
 
-/// Where a command's words go.
+/// Where a command prints.
 struct Streams {
     std::ostream& out;
     std::ostream& error;
 };
 
-/// Runs the command that the words after the program's name ask for. The exit status: 0, 1 for a failure, 2
-/// for words that make no sense; the last two come with one line on `error`, or with the usage where there
-/// are no words at all. Needs a QGuiApplication.
+/// Runs the command that the words after the program's name ask for. Returns the exit status: 0, 1 for a
+/// failure, 2 for words that make no sense; the last two come with one line on `error`, or with the usage
+/// where there are no words at all. Needs a QGuiApplication.
 int runCommand(const std::vector<std::string>& words, const ExtensionProgram& extension, Streams streams);
 
 } // namespace skyvane

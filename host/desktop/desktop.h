@@ -30,10 +30,11 @@ public:
 
     const std::vector<PlacedWidget>& placed() const { return m_placed.all(); }
 
-    /// Its id; the kind may be its last component alone. Absent for a widget, or a family of one, that the
-    /// extension did not list. Without a frame it stands where there is room on the screen in use.
+    /// Places a widget and returns its id; the kind may be its last component alone. Absent for a widget, or
+    /// a family of one, that the extension did not list. Without a frame it stands where there is room on the
+    /// screen in use.
     std::optional<int> add(const WidgetTarget& target, const std::optional<QRect>& frame = std::nullopt);
-    /// Whether there was one of this id.
+    /// Returns whether there was a widget of this id.
     bool remove(int widget);
     void refreshAll() { m_schedule.refreshAll(); }
     void showGallery();

@@ -12,7 +12,7 @@ namespace skyvane {
 /// Every widget in every family, painted from its sample. A click adds it, and so does a drag out of here.
 class Gallery : public QWidget {
 public:
-    /// The frame is where it was dropped, if it was.
+    /// Told which widget to add, and the frame where it was dropped, absent for a click.
     using Add = std::function<void(const WidgetTarget&, const std::optional<QRect>& frame)>;
 
     Gallery(ExtensionProcess& extension, const FontMeasurer& fonts, Add add);

@@ -22,7 +22,7 @@ struct WidgetMenuActions {
     std::function<void()> quit;
 };
 
-/// Its name as people read it.
+/// The family's name in the user's language.
 QString familyTitle(WidgetFamily family);
 
 /// The menu of one widget; it goes when it closes.

@@ -20,12 +20,12 @@ class WidgetWindow : public DisplayListView {
 public:
     WidgetWindow(WidgetFamily family, const FontMeasurer& fonts, WidgetActions actions);
 
-    /// For a screen reader.
+    /// Sets what a screen reader calls the widget.
     void setNames(const QString& name, const QString& description);
 
     void showContent(const ShownEntry& content);
 
-    /// Where nothing blends its round corners with what is below, they are cut off.
+    /// Cuts the round corners off, for a screen that blends no window with what is below it.
     void setShaped(bool isShaped);
 
 protected:
@@ -36,7 +36,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    /// Of the content, beside what the card shows.
+    /// What is kept of the content beside what the card shows.
     struct Shown {
         std::optional<URL> url;
         WidgetCard::Mark mark;

@@ -14,7 +14,7 @@ class WidgetWindows {
 public:
     explicit WidgetWindows(const FontMeasurer& fonts) : m_fonts(fonts) { }
 
-    /// In place of any window that the widget has.
+    /// Opens the widget's window, in place of the one that it may have.
     void open(const PlacedWidget& widget, WidgetActions actions);
     void close(int widget);
     void clear() { m_windows.clear(); }
@@ -22,7 +22,7 @@ public:
     /// Null where the widget has no window.
     WidgetWindow* find(int widget) const;
 
-    /// Moves each to where it belongs on the screens there are now.
+    /// Moves each window to where it belongs on the screens there are now.
     void restore(const std::vector<PlacedWidget>& widgets);
 
     /// Where a dragged frame comes to stand beside the windows. `own`: the widget that it is the frame of.

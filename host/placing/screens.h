@@ -10,10 +10,10 @@ class QObject;
 /// The screens there are now.
 namespace skyvane::Screens {
 
-/// The primary one first.
+/// All screens, the primary one first.
 std::vector<ScreenArea> all();
 
-/// Absent where there is none.
+/// The primary screen; absent when there is none.
 std::optional<ScreenArea> primary();
 
 /// Calls back when one comes, goes or changes its area, for as long as the context lives.

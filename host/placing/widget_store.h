@@ -17,12 +17,12 @@ public:
     /// Null where there is none of this id.
     const PlacedWidget* find(int widget) const;
 
-    /// The new one, with an id of its own.
+    /// Adds a widget and returns it, with an id of its own.
     PlacedWidget add(const WidgetTarget& target, const Placement& placement);
-    /// Whether there was one of this id.
+    /// Returns whether there was a widget of this id.
     bool remove(int widget);
 
-    /// No-ops where there is none of this id.
+    /// These change nothing when there is no widget of this id.
     void resize(int widget, WidgetFamily family);
     void move(int widget, const Placement& placement);
 

@@ -14,8 +14,8 @@ class Desktop;
 class HostService : public QObject, protected QDBusContext {
     Q_OBJECT
 public:
-    /// Takes calls from now on for as long as it lives. They wait in the event loop, by which time there has
-    /// to be a desktop.
+    /// Registers on the bus at once, for as long as it lives. Calls are answered in the event loop; by then
+    /// there has to be a desktop.
     HostService(QDBusConnection bus, std::optional<Desktop>& desktop);
     ~HostService() override;
     HostService(const HostService&) = delete;

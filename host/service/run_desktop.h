@@ -8,8 +8,8 @@ namespace skyvane {
 /// The user's own desktop, with these programs.
 DesktopSetup standardSetup(const Companion& companion);
 
-/// Shows the widgets until the user quits; where a host of this session shows them already, that one's
-/// gallery. The exit status. Needs a QApplication.
+/// Shows the widgets until the user quits; where a host of this session shows them already, has that one show
+/// its gallery. Returns the exit status. Needs a QApplication.
 int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup);
 
 } // namespace skyvane

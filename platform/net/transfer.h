@@ -27,7 +27,8 @@ public:
 
     /// Absent when `stop` asked for the end first.
     std::optional<CURLcode> run(const std::stop_token& stop);
-    /// Whether no certificate was found wanting but by the folder of authorities, and there is a bundle, too.
+    /// Whether all that failed is that the folder of authorities does not vouch for the certificate, and
+    /// there is a bundle to ask as well.
     bool deservesMoreTrust(CURLcode outcome) const;
     TransferError error(CURLcode outcome) const;
     URLResponse takeResponse();

@@ -22,7 +22,7 @@ struct HTTPHeader {
 struct URLRequest {
     URL url;
     std::chrono::milliseconds timeout{
-        std::chrono::seconds{8}}; ///< For the whole transfer, name look-up included.
+        std::chrono::seconds{8}}; ///< Time-out of the whole transfer, name look-up included.
     std::vector<HTTPHeader> headers{}; ///< A User-Agent here replaces the session's own.
 
     bool operator==(const URLRequest&) const = default;

@@ -18,7 +18,7 @@ class Output {
 public:
     /// Owns neither descriptor.
     Output(int output, int input);
-    /// Hands over what is written; when its reader is slow, for half a second.
+    /// Waits until what was written has been taken, half a second at most.
     ~Output();
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
