@@ -19,12 +19,12 @@ SkyEntry SkyProvider::placeholder() const
     return sampleEntry();
 }
 
-SkyEntry SkyProvider::snapshot(bool isPreview, const std::stop_token& stop) const
+SkyEntry SkyProvider::getSnapshot(bool isPreview, const std::stop_token& stop) const
 {
     return isPreview ? sampleEntry() : liveEntry(stop);
 }
 
-Timeline SkyProvider::timeline(const std::stop_token& stop) const
+SkyTimeline SkyProvider::getTimeline(const std::stop_token& stop) const
 {
     SkyEntry entry = liveEntry(stop);
     return {.entries = {std::move(entry)}, .reloadAfter = Clock::now() + reloadInterval};

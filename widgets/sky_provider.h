@@ -9,11 +9,11 @@
 namespace skyvane {
 
 /// What a host is to show, and when to ask again.
-struct Timeline {
+struct SkyTimeline {
     std::vector<SkyEntry> entries;
     Date reloadAfter;
 
-    bool operator==(const Timeline&) const = default;
+    bool operator==(const SkyTimeline&) const = default;
 };
 
 /// Turns the shared configuration and one query of the feed into entries for every widget. Keeps nothing
@@ -24,10 +24,10 @@ struct SkyProvider {
     SkyEntry placeholder() const;
 
     /// The sample for a preview, at once; else live. Throws `CancellationError` when `stop` asks for it, as
-    /// does `timeline`.
-    SkyEntry snapshot(bool isPreview, const std::stop_token& stop = {}) const;
+    /// does `getTimeline`.
+    SkyEntry getSnapshot(bool isPreview, const std::stop_token& stop = {}) const;
 
-    Timeline timeline(const std::stop_token& stop = {}) const;
+    SkyTimeline getTimeline(const std::stop_token& stop = {}) const;
 
 private:
     SkyEntry liveEntry(const std::stop_token& stop) const;

@@ -56,7 +56,7 @@ TEST_F(SkyProviderTest, thePlaceholderIsTheSample)
 TEST_F(SkyProviderTest, aPreviewIsTheSampleAndAsksNobody)
 {
     SharedState::write(full);
-    EXPECT_EQ(answering(oneAircraft).snapshot(/*isPreview=*/true), sampleEntry());
+    EXPECT_EQ(answering(oneAircraft).getSnapshot(/*isPreview=*/true), sampleEntry());
     EXPECT_EQ(requestCount, 0);
 }
 
@@ -70,7 +70,7 @@ TEST_F(SkyProviderTest, withoutAHomeTheEntryIsEmptyAndNobodyIsAsked)
         .isSample = false,
         .unit = "mi",
     };
-    EXPECT_EQ(answering(oneAircraft).snapshot(/*isPreview=*/false), expected);
+    EXPECT_EQ(answering(oneAircraft).getSnapshot(/*isPreview=*/false), expected);
     EXPECT_EQ(requestCount, 0);
 }
 
@@ -86,7 +86,7 @@ TEST_F(SkyProviderTest, theEntryCarriesTheConfigurationAsItStands)
         .unit = "km",
         .accentHex = "no colour",
     };
-    const SkyEntry entry = answering(oneAircraft).snapshot(/*isPreview=*/false);
+    const SkyEntry entry = answering(oneAircraft).getSnapshot(/*isPreview=*/false);
     EXPECT_EQ(entry, expected);
     EXPECT_EQ(entry.palette(), ScopePalette::standard());
 }
@@ -94,13 +94,13 @@ TEST_F(SkyProviderTest, theEntryCarriesTheConfigurationAsItStands)
 TEST_F(SkyProviderTest, withoutAConfiguredUnitItIsStatuteMiles)
 {
     SharedState::write({.home = full.home, .radiusNM = 25});
-    EXPECT_EQ(answering(oneAircraft).snapshot(/*isPreview=*/false).unit, "mi");
+    EXPECT_EQ(answering(oneAircraft).getSnapshot(/*isPreview=*/false).unit, "mi");
 }
 
 TEST_F(SkyProviderTest, aFailingFeedIsAnEmptySkyOverTheConfiguredHome)
 {
     SharedState::write(full);
-    const SkyEntry entry = failing().snapshot(/*isPreview=*/false);
+    const SkyEntry entry = failing().getSnapshot(/*isPreview=*/false);
     EXPECT_TRUE(entry.aircraft.empty());
     EXPECT_EQ(entry.home, full.home);
     EXPECT_EQ(entry.radiusNM, 1000);
@@ -114,17 +114,17 @@ TEST_F(SkyProviderTest, aTimelineHoldsOneEntryAndReloadsAfterFiveMinutes)
 {
     SharedState::write(full);
     const SkyProvider provider = answering(oneAircraft);
-    const Timeline timeline = provider.timeline();
-    EXPECT_EQ(timeline.entries, std::vector{provider.snapshot(/*isPreview=*/false)});
+    const SkyTimeline timeline = provider.getTimeline();
+    EXPECT_EQ(timeline.entries, std::vector{provider.getSnapshot(/*isPreview=*/false)});
     EXPECT_EQ(timeline.reloadAfter, test::morning + std::chrono::seconds{300});
 }
 
 TEST_F(SkyProviderTest, everyRequestReadsTheConfigurationAfresh)
 {
     const SkyProvider provider = answering(oneAircraft);
-    EXPECT_FALSE(provider.snapshot(/*isPreview=*/false).home);
+    EXPECT_FALSE(provider.getSnapshot(/*isPreview=*/false).home);
     SharedState::write(full);
-    EXPECT_TRUE(provider.snapshot(/*isPreview=*/false).home);
+    EXPECT_TRUE(provider.getSnapshot(/*isPreview=*/false).home);
 }
 
 TEST_F(SkyProviderTest, cancellationIsNoEmptySky)
@@ -132,7 +132,7 @@ TEST_F(SkyProviderTest, cancellationIsNoEmptySky)
     SharedState::write(full);
     const SkyProvider provider{.transport
         = [](const URLRequest&, const std::stop_token&) -> URLResponse { throw CancellationError{}; }};
-    EXPECT_THROW(provider.timeline(), CancellationError);
+    EXPECT_THROW(provider.getTimeline(), CancellationError);
 }
 
 } // namespace

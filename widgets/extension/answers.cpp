@@ -53,7 +53,7 @@ WidgetEntry widgetEntry(const SkyEntry& entry, const OfferedWidget& widget)
     };
 }
 
-WidgetTimeline widgetTimeline(const Timeline& timeline, const OfferedWidget& widget)
+WidgetTimeline widgetTimeline(const SkyTimeline& timeline, const OfferedWidget& widget)
 {
     WidgetTimeline shown{.entries = {}, .reload = {.date = timeline.reloadAfter}};
     for (const SkyEntry& entry : timeline.entries)

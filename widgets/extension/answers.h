@@ -19,7 +19,7 @@ using Result = nlohmann::ordered_json;
 
 Protocol::WidgetList widgetList(const std::vector<Widget>& offered);
 WidgetEntry widgetEntry(const SkyEntry& entry, const OfferedWidget& widget);
-WidgetTimeline widgetTimeline(const Timeline& timeline, const OfferedWidget& widget);
+WidgetTimeline widgetTimeline(const SkyTimeline& timeline, const OfferedWidget& widget);
 
 /// How many timelines answer a call; an entry or a list counts as one.
 std::size_t timelineCount(const AnyCall& call);

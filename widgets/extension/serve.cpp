@@ -87,15 +87,15 @@ private:
     SnapshotCall::Result result(const SnapshotCall& call, const std::stop_token& stop) const
     {
         const bool isPreview = call.params.isPreview.value_or(false);
-        return {.entry = widgetEntry(m_provider.snapshot(isPreview, stop), offered(call.params.target))};
+        return {.entry = widgetEntry(m_provider.getSnapshot(isPreview, stop), offered(call.params.target))};
     }
     TimelineCall::Result result(const TimelineCall& call, const std::stop_token& stop) const
     {
-        return widgetTimeline(m_provider.timeline(stop), offered(call.params));
+        return widgetTimeline(m_provider.getTimeline(stop), offered(call.params));
     }
     TimelinesCall::Result result(const TimelinesCall& call, const std::stop_token& stop) const
     {
-        const Timeline timeline = m_provider.timeline(stop);
+        const SkyTimeline timeline = m_provider.getTimeline(stop);
         TimelinesCall::Result answer;
         for (const WidgetTarget& target : call.params.widgets)
             answer.timelines.push_back(widgetTimeline(timeline, offered(target)));

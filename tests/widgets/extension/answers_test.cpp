@@ -94,7 +94,7 @@ TEST(Answers, datesAreSecondsToTheMillisecond)
 TEST(Answers, aTimelineSaysWhenToAskAgain)
 {
     const Widget shown = widget({});
-    const Timeline timeline{.entries = {entry(milliseconds{1000}), entry(milliseconds{2000})},
+    const SkyTimeline timeline{.entries = {entry(milliseconds{1000}), entry(milliseconds{2000})},
         .reloadAfter = Date{milliseconds{300500}}};
     const Result result
         = Protocol::write(widgetTimeline(timeline, {.widget = &shown, .family = WidgetFamily::small}));
