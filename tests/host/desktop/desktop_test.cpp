@@ -73,7 +73,8 @@ TEST_F(DesktopTest, aChangedConfigurationRefreshesEveryWidget)
     std::ofstream{configuration} << "{ }";
     EXPECT_TRUE(test::waitFor([&] { return extension.events("widgets.timelines").size() == 2; }));
     const auto asked = extension.events("widgets.timelines");
-    EXPECT_GE(asked[1].at - asked[0].at, std::chrono::milliseconds{4990});
+    // Five seconds; the extension may have heard the first late.
+    EXPECT_GE(asked[1].at - asked[0].at, std::chrono::milliseconds{4000});
     for (const char* kind : {"nearest", "radar", "skyboard"})
         EXPECT_NE(asked[1].what.find(kind), std::string::npos) << kind;
 }

@@ -25,6 +25,9 @@ inline const WidgetTarget moon{.kind = "org.example.moon", .family = WidgetFamil
 inline constexpr ExtensionPace quick{
     .betweenTimelines = 250ms, .idle = 10s, .firstBackOff = 50ms, .longestBackOff = 50ms};
 
+/// Of two questions, as the extension sees it, which may have heard the first late.
+inline constexpr auto apart = quick.betweenTimelines / 2;
+
 /// A time that no real timer reaches, so that only the test moves the clock.
 inline constexpr Date future{std::chrono::sys_days{std::chrono::year{2100} / 1 / 1}};
 

@@ -84,7 +84,7 @@ TEST_F(ScheduleTest, aWidgetThatIsPlacedLaterIsAskedForSoonAndTheOthersWithIt)
     schedule.add(2, moon);
     EXPECT_TRUE(waitForTimelines(2));
     EXPECT_THAT(questions()[1].what, testing::HasSubstr(R"("small"},{"kind":"org.example.moon")"));
-    EXPECT_GE(questions()[1].at - questions()[0].at, quick.betweenTimelines - 5ms);
+    EXPECT_GE(questions()[1].at - questions()[0].at, apart);
     EXPECT_TRUE(staysAt(2));
 }
 
@@ -137,7 +137,7 @@ TEST_F(ScheduleTest, howeverOftenTheUserPressesTheQuestionsKeepTheirDistance)
         schedule.refreshAll();
     }
     EXPECT_TRUE(waitForTimelines(2));
-    EXPECT_GE(questions()[1].at - questions()[0].at, quick.betweenTimelines - 5ms);
+    EXPECT_GE(questions()[1].at - questions()[0].at, apart);
     EXPECT_TRUE(staysAt(2));
 }
 
