@@ -146,13 +146,15 @@ void Transfer::confineTo(const Network& network)
     set(m_easy.get(), CURLOPT_CONNECT_TO, m_connectTo.get());
 }
 
-std::optional<CURLcode> Transfer::run(const std::stop_token& stop)
+std::optional<CURLcode> Transfer::run(Semaphore& processors, const std::stop_token& stop)
 {
     constexpr int untilWoken = 60'000; // Milliseconds; the library's own timers end the wait earlier.
     const std::stop_callback wake{stop, [this] { curl_multi_wakeup(m_multi); }};
     while (!stop.stop_requested()) {
-        int running = 0;
-        CURLMcode state = curl_multi_perform(m_multi, &running);
+        int running = 1;
+        CURLMcode state = CURLM_OK;
+        if (const Semaphore::Permit permit{processors, stop})
+            state = curl_multi_perform(m_multi, &running);
         if (running == 0 && state == CURLM_OK)
             return outcome();
         if (state == CURLM_OK)

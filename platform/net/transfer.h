@@ -2,6 +2,7 @@
 
 #include "platform/net/authorities.h"
 #include "platform/net/handles.h"
+#include "platform/net/semaphore.h"
 #include "platform/net/transport.h"
 
 #include <array>
@@ -26,7 +27,8 @@ public:
     Transfer& operator=(const Transfer&) = delete;
 
     /// Absent when `stop` asked for the end first.
-    std::optional<CURLcode> run(const std::stop_token& stop);
+    /// `processors` bounds how many transfers compute at once.
+    std::optional<CURLcode> run(Semaphore& processors, const std::stop_token& stop);
     /// Whether all that failed is that the folder of authorities does not vouch for the certificate, and
     /// there is a bundle to ask as well.
     bool deservesMoreTrust(CURLcode outcome) const;

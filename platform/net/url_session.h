@@ -6,13 +6,12 @@
 
 namespace skyvane {
 
-class RestingConnection;
-
 /// The one way out of this machine, a `Transport`: HTTPS with certificates verified against the system's
 /// authorities, redirects to HTTPS only, compressed answers accepted, at most 8 seconds and 8 MiB
 /// (decompressed) a transfer. A certificate that the folder of single authorities does not vouch for is
 /// tried once more with the bundle of all. Keep-alive: the last connection stays open, to serve the next
-/// request if that goes to the same host within 30 seconds; copies of a session share it.
+/// request if that goes to the same host within 30 seconds; copies of a session share it. Of the transfers
+/// that run at once, only as many compute as there are processors: what cancels the others is heard at once.
 class UrlSession {
 public:
     UrlSession();
@@ -20,7 +19,9 @@ public:
     URLResponse operator()(const URLRequest& request, const std::stop_token& stop) const;
 
 private:
-    std::shared_ptr<RestingConnection> m_connection;
+    struct Shared;
+
+    std::shared_ptr<Shared> m_shared;
 };
 
 } // namespace skyvane
