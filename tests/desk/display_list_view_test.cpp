@@ -133,6 +133,16 @@ TEST_F(DisplayListViewTest, itsTextsAreSpoken)
     EXPECT_EQ(view.accessibleDescription(), "Two, words");
 }
 
+TEST_F(DisplayListViewTest, aStateIsSpokenBeforeItsTextsAlsoWhenNothingElseChanges)
+{
+    const View callsign = text("BAW123");
+    view.showCard(callsign, blue);
+    view.showCard(callsign, blue, "Refreshing.");
+    EXPECT_EQ(view.accessibleDescription(), "Refreshing. BAW123");
+    view.showCard(callsign, blue);
+    EXPECT_EQ(view.accessibleDescription(), "BAW123");
+}
+
 TEST_F(DisplayListViewTest, aPictureTakesNeitherFocusNorPointerAndHasNoLinks)
 {
     picture.showCard(twoHalves(), blue);

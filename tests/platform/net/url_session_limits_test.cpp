@@ -3,10 +3,6 @@
 
 #include <chrono>
 #include <cstddef>
-#include <functional>
-#include <future>
-#include <latch>
-#include <optional>
 #include <string>
 
 namespace skyvane::test {
@@ -17,34 +13,6 @@ using std::chrono::steady_clock;
 
 /// The library has words of its own for each stage that a transfer was in.
 const auto saysItTookTooLong = testing::ContainsRegex("timed out|timeout");
-
-/// Generous to a machine that tests on every core, with sanitizers; a stall would last 8 seconds.
-constexpr std::chrono::milliseconds atOnce{500};
-
-/// Cancellations, timed.
-class UrlSessionCancellation : public UrlSessionTest {
-protected:
-    /// Starts a transfer, cancels it as soon as `isUnderWay` returns, and returns how long it took from there
-    /// to the CancellationError.
-    template <class Wait>
-    std::optional<steady_clock::duration> cancelled(Wait isUnderWay)
-    {
-        std::stop_source stop;
-        auto transfer = std::async(std::launch::async, [&]() -> std::optional<steady_clock::time_point> {
-            try {
-                session(request(), stop.get_token());
-            } catch (const CancellationError&) {
-                return steady_clock::now();
-            }
-            return std::nullopt;
-        });
-        isUnderWay();
-        const auto start = steady_clock::now();
-        stop.request_stop();
-        const auto end = transfer.get();
-        return end ? std::optional{*end - start} : std::nullopt;
-    }
-};
 
 } // namespace
 
@@ -171,66 +139,6 @@ TEST_F(UrlSessionTest, aTimeoutOfNothingIsNotForever)
     const auto start = steady_clock::now();
     EXPECT_NE(failure(wanted), "");
     EXPECT_LT(steady_clock::now() - start, 1s);
-}
-
-TEST_F(UrlSessionCancellation, comesAtOnceWhileItConnects)
-{
-    server.greet(&Connection::stall);
-    EXPECT_LT(cancelled([&] { server.waitForConnections(1); }).value(), atOnce);
-}
-
-TEST_F(UrlSessionCancellation, comesAtOnceWhileTheServerSaysNothing)
-{
-    server.handle("/", [](const auto&, Connection& connection) { connection.stall(); });
-    EXPECT_LT(cancelled([&] { server.waitForRequests(1); }).value(), atOnce);
-}
-
-TEST_F(UrlSessionCancellation, comesAtOnceWithinABody)
-{
-    std::latch hasBegun{1};
-    server.handle("/", [&](const auto&, Connection& connection) {
-        connection.send(
-            head({.headers = {{.name = "Content-Length", .value = "1000000"}}}) + "the first bytes");
-        hasBegun.count_down();
-        connection.stall();
-    });
-    EXPECT_LT(cancelled([&] { hasBegun.wait(); }).value(), atOnce);
-}
-
-TEST_F(UrlSessionCancellation, comesAtOnceWhileABodyPoursIn)
-{
-    std::latch hasBegun{1};
-    server.handle("/", [&](const auto&, Connection& connection) {
-        connection.send("HTTP/1.1 200 OK\r\n\r\n");
-        hasBegun.count_down();
-        connection.drip(std::string(100'000, 'x'), 1, 1ms);
-    });
-    EXPECT_LT(cancelled([&] { hasBegun.wait(); }).value(), atOnce);
-}
-
-TEST_F(UrlSessionTest, aCancelledTransferMakesNoConnection)
-{
-    std::stop_source stop;
-    stop.request_stop();
-    EXPECT_THROW(session(request(), stop.get_token()), CancellationError);
-    EXPECT_EQ(server.connectionCount(), 0U);
-}
-
-TEST_F(UrlSessionTest, cancellationWinsOverFailure)
-{
-    std::stop_source stop;
-    server.handle("/", [&](const auto&, Connection& connection) {
-        stop.request_stop();
-        connection.reset();
-    });
-    EXPECT_THROW(session(request(), stop.get_token()), CancellationError);
-}
-
-TEST_F(UrlSessionTest, aStopTokenThatNobodyUsesChangesNothing)
-{
-    server.answer("/", {.body = "here"});
-    std::stop_source stop;
-    EXPECT_EQ(session(request(), stop.get_token()).body, "here");
 }
 
 } // namespace skyvane::test

@@ -57,7 +57,9 @@ TEST_F(ExtensionScenario, severalTimelinesWithoutASkyAreOneAskingOfBothSources)
     setHome();
     stage.server().answer("/", {.status = 500});
     stage.ask(1, "widgets.timelines", {{"widgets", allThree}});
-    for (const json& timeline : stage.hear()["result"]["timelines"])
+    const json answer = stage.hear();
+    ASSERT_EQ(answer["result"]["timelines"].size(), 3U) << answer;
+    for (const json& timeline : answer["result"]["timelines"])
         EXPECT_EQ(shownInTimeline(timeline), std::set<std::string>{});
     EXPECT_EQ(stage.server().requests().size(), 2U);
 }

@@ -39,7 +39,9 @@ public:
         const std::string user = std::to_string(getuid()) + ":" + std::to_string(getgid());
         bind("/etc/passwd", "tester:x:" + user + "::" + (folder() / "home").string() + ":/bin/sh\n");
         bind("/etc/hosts", "127.0.0.1 localhost api.adsb.lol opendata.adsb.fi\n");
-        bind("/etc/nsswitch.conf", "passwd: files\nhosts: files\n");
+        bind("/etc/nsswitch.conf", "passwd: files\nhosts: files dns\n");
+        if (std::filesystem::exists("/etc/resolv.conf")) // Else there is the same to ask.
+            bind("/etc/resolv.conf", "nameserver 127.0.0.1\n");
         std::filesystem::create_directory(certificates());
         m_files.push_back({.path = "/etc/ssl/certs", .standIn = certificates()});
         enterOwnNamespaces(m_files);
