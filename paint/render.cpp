@@ -52,9 +52,12 @@ QByteArray sizedInPixels(QByteArray svg, QSize size)
 
 void paintBackground(QPainter& painter, const QRectF& box, const Color& color, Corners corners)
 {
-    const double radius = corners == Corners::round ? WidgetCard::cornerRadius : 0;
+    if (corners == Corners::square) {
+        painter.fillRect(box, toQt(color));
+        return;
+    }
     QPainterPath shape;
-    shape.addRoundedRect(box, radius, radius);
+    shape.addRoundedRect(box, WidgetCard::cornerRadius, WidgetCard::cornerRadius);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(shape, toQt(color));
 }
