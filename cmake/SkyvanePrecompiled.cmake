@@ -7,7 +7,7 @@ set(SKYVANE_PRECOMPILED_SET core)
 set(core_headers
     <algorithm> <array> <atomic> <charconv> <chrono> <cmath> <cstdint> <filesystem> <fstream> <functional> <future> <limits>
     <map> <memory> <mutex> <optional> <random> <ranges> <set> <span> <sstream> <stdexcept> <stop_token> <string>
-    <string_view> <thread> <tuple> <unordered_map> <utility> <variant> <vector> <nlohmann/json.hpp>
+    <string_view> <thread> <tuple> <unordered_map> <utility> <variant> <vector> <nlohmann/json.hpp> <simdjson.h>
 )
 set(qt_headers <QtDBus> <QtWidgets>)
 set(test_headers <gmock/gmock.h> <gtest/gtest.h>)
@@ -25,12 +25,12 @@ endfunction()
 
 if(SKYVANE_PRECOMPILED)
     set(qt_libraries Qt6::DBus Qt6::Widgets)
-    skyvane_precompiled_set(core HEADERS ${core_headers} LIBRARIES nlohmann_json::nlohmann_json)
-    skyvane_precompiled_set(qt HEADERS ${core_headers} ${qt_headers} LIBRARIES nlohmann_json::nlohmann_json ${qt_libraries})
+    skyvane_precompiled_set(core HEADERS ${core_headers} LIBRARIES nlohmann_json::nlohmann_json simdjson::simdjson)
+    skyvane_precompiled_set(qt HEADERS ${core_headers} ${qt_headers} LIBRARIES nlohmann_json::nlohmann_json simdjson::simdjson ${qt_libraries})
     if(SKYVANE_TESTS)
         find_package(GTest REQUIRED)
-        skyvane_precompiled_set(core_test HEADERS ${core_headers} ${test_headers} LIBRARIES nlohmann_json::nlohmann_json GTest::gmock)
+        skyvane_precompiled_set(core_test HEADERS ${core_headers} ${test_headers} LIBRARIES nlohmann_json::nlohmann_json simdjson::simdjson GTest::gmock)
         skyvane_precompiled_set(qt_test
-            HEADERS ${core_headers} ${qt_headers} ${test_headers} LIBRARIES nlohmann_json::nlohmann_json ${qt_libraries} GTest::gmock)
+            HEADERS ${core_headers} ${qt_headers} ${test_headers} LIBRARIES nlohmann_json::nlohmann_json simdjson::simdjson ${qt_libraries} GTest::gmock)
     endif()
 endif()

@@ -12,6 +12,7 @@ function(skyvane_target name)
     endif()
     if(SKYVANE_PRECOMPILED)
         target_precompile_headers(${name} REUSE_FROM skyvane_precompiled_${SKYVANE_PRECOMPILED_SET})
+        target_compile_definitions(${name} PRIVATE $<TARGET_PROPERTY:simdjson::simdjson,INTERFACE_COMPILE_DEFINITIONS>)
     endif()
 endfunction()
 

@@ -1,6 +1,8 @@
 #include "protocol/answer.h"
 
 #include "platform/json/object.h"
+#include "protocol/calls.h"
+#include "protocol/codec.h"
 #include "protocol/json_rpc.h"
 
 #include <string>
@@ -32,5 +34,11 @@ JSON::Value resultOf(JSON::Value answer, std::int64_t id)
         throw JSON::DecodingError{"is that of another request"}.inMember(JsonRPC::id);
     return members.required(JsonRPC::result, [](JSON::Value value) { return value; });
 }
+
+// For a host, which need not see how records are read.
+template WidgetList read(JSON::Value result);
+template OneEntry read(JSON::Value result);
+template WidgetTimeline read(JSON::Value result);
+template WidgetTimelines read(JSON::Value result);
 
 } // namespace skyvane::Protocol

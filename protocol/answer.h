@@ -19,4 +19,8 @@ std::int64_t answeredID(JSON::Value answer);
 /// The result of the answer to the request of this id. Throws `Refused` when the answer is an error.
 JSON::Value resultOf(JSON::Value answer, std::int64_t id);
 
+/// A result as the table of calls names its type.
+template <class Result>
+Result read(JSON::Value result);
+
 } // namespace skyvane::Protocol

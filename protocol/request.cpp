@@ -1,10 +1,10 @@
 #include "protocol/request.h"
 
 #include "platform/json/object.h"
+#include "protocol/codec.h"
 #include "protocol/json_rpc.h"
 
 #include <type_traits>
-#include <utility>
 
 namespace skyvane::Protocol {
 
@@ -32,15 +32,19 @@ std::optional<AnyCall> readOneOf(
 
 } // namespace
 
-std::string requestLine(std::int64_t id, std::string_view method, Json params)
+std::string requestLine(std::int64_t id, const AnyCall& call)
 {
-    const Json request{
-        {JsonRPC::jsonrpc, JsonRPC::version},
-        {JsonRPC::id, id},
-        {JsonRPC::method, method},
-        {JsonRPC::params, std::move(params)},
-    };
-    return request.dump() + '\n';
+    return std::visit(
+        [id](const auto& one) {
+            const Json request{
+                {JsonRPC::jsonrpc, JsonRPC::version},
+                {JsonRPC::id, id},
+                {JsonRPC::method, one.name},
+                {JsonRPC::params, write(one.params)},
+            };
+            return request.dump() + '\n';
+        },
+        call);
 }
 
 std::optional<AnyCall> readCall(std::string_view method, JSON::Value params)

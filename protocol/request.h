@@ -2,7 +2,6 @@
 
 #include "platform/json/value.h"
 #include "protocol/calls.h"
-#include "protocol/codec.h"
 
 #include <cstdint>
 #include <optional>
@@ -13,13 +12,7 @@
 namespace skyvane::Protocol {
 
 /// One line, line break included.
-std::string requestLine(std::int64_t id, std::string_view method, Json params);
-
-template <class Call>
-std::string requestLine(std::int64_t id, const Call& call)
-{
-    return requestLine(id, Call::name, write(call.params));
-}
+std::string requestLine(std::int64_t id, const AnyCall& call);
 
 /// The call of this name with its parameters; absent when there is none. Throws `JSON::DecodingError` when
 /// the parameters are of another shape.

@@ -4,6 +4,7 @@
 #include "host/extension/error.h"
 #include "host/extension/program.h"
 #include "platform/json/value.h"
+#include "protocol/answer.h"
 #include "protocol/request.h"
 
 #include <QProcess>

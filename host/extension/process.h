@@ -3,6 +3,7 @@
 #include "host/extension/answer_lines.h"
 #include "host/extension/program.h"
 #include "platform/json/value.h"
+#include "protocol/answer.h"
 #include "protocol/request.h"
 
 #include <QDeadlineTimer>

@@ -2,6 +2,8 @@
 
 #include "protocol/json_rpc.h"
 
+#include <nlohmann/json.hpp>
+
 #include <utility>
 #include <variant>
 

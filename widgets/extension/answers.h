@@ -5,7 +5,7 @@
 #include "widgets/extension/offered_widget.h"
 #include "widgets/sky_provider.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <cstddef>
 #include <string>
