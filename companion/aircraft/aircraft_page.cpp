@@ -179,7 +179,7 @@ void AircraftPage::showReport()
         m_empty->show(*instead);
     else if (m_watch->aircraft())
         showDetails(*m_watch->aircraft());
-    m_notice->showText(WatchWords::notice(*m_watch, report));
+    m_notice->show(WatchWords::notice(*m_watch, report));
     m_stack->setCurrentIndex(instead ? 1 : 0);
     emit headingChanged();
 }

@@ -42,6 +42,7 @@ std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyRepo
             .title = localizedText("No answer"),
             .explanation = toQString(report.problem),
             .action = askAgain,
+            .details = toQString(report.details),
         };
     case AircraftWatch::State::elsewhere:
         return EmptySky::Words{
@@ -58,11 +59,11 @@ std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyRepo
     return std::nullopt;
 }
 
-QString notice(const AircraftWatch& watch, const SkyReport& report)
+NoticeBar::Words notice(const AircraftWatch& watch, const SkyReport& report)
 {
     if (watch.state() == AircraftWatch::State::gone)
-        return localizedText("It is no longer in range. This is what was last seen of it, %1.",
-            {SkyWords::asOf(watch.seenAt())});
+        return {.text = localizedText("It is no longer in range. This is what was last seen of it, %1.",
+                    {SkyWords::asOf(watch.seenAt())})};
     if (watch.state() == AircraftWatch::State::inRange && !report.problem.empty())
         return SkyWords::notice(report);
     return {};

@@ -2,6 +2,7 @@
 
 #include "companion/aircraft/aircraft_watch.h"
 #include "companion/look/heading.h"
+#include "companion/look/notice_bar.h"
 #include "companion/sky/empty_sky.h"
 
 #include <optional>
@@ -15,6 +16,6 @@ Heading heading(const AircraftWatch& watch);
 std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyReport& report);
 
 /// What is said above details that are no longer up to date, and why they are not; empty while they are.
-QString notice(const AircraftWatch& watch, const SkyReport& report);
+NoticeBar::Words notice(const AircraftWatch& watch, const SkyReport& report);
 
 } // namespace skyvane::WatchWords

@@ -2,6 +2,7 @@
 
 #include "companion/app/appearance.h"
 #include "companion/app/companion_service.h"
+#include "companion/app/feed_journal.h"
 #include "companion/app/hand_over.h"
 #include "companion/feed/pacer.h"
 #include "companion/host_switch/host_control.h"
@@ -89,6 +90,7 @@ private:
     Pacer m_pacer; ///< Outlives the threads that wait in it.
     Errands m_errands;
     SkyFeed m_feed;
+    FeedJournal m_journal{m_feed};
     Lookups m_lookups;
     HostControl m_host;
     Appearance m_appearance;

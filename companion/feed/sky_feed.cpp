@@ -89,9 +89,13 @@ SkyFeed::Outcome SkyFeed::ask(
     const SharedState::Config& config, const Transport& transport, std::stop_token stop)
 {
     try {
+        return {.aircraft
+            = withShownTexts(ADSB::fetch(config.home, config.radiusNM, transport, std::move(stop)))};
+    } catch (const FetchError& error) {
         return {
-            .aircraft = withShownTexts(ADSB::fetch(config.home, config.radiusNM, transport, std::move(stop))),
-            .problem = {},
+            .aircraft = {},
+            .problem = error.message,
+            .details = Unicode::atMost(error.cause.details),
         };
     } catch (const std::exception& error) {
         return {.aircraft = {}, .problem = error.what()};
@@ -102,6 +106,7 @@ void SkyFeed::take(Outcome outcome)
 {
     m_report.isAsking = false;
     m_report.problem = std::move(outcome.problem);
+    m_report.details = std::move(outcome.details);
     if (m_report.problem.empty()) {
         m_report.entry.date = Clock::now();
         m_report.entry.aircraft = std::move(outcome.aircraft);

@@ -18,7 +18,8 @@ struct SkyReport {
     SkyEntry entry; ///< Its date and aircraft are those of the last answer.
     bool hasAnswer = false;
     bool isAsking = false;
-    std::string problem{}; ///< What went wrong since the last answer, in words; empty: nothing.
+    std::string problem{}; ///< What went wrong since the last answer, in the user's words; empty: nothing.
+    std::string details{}; ///< What was said of the problem to the letter; may be empty.
 
     bool operator==(const SkyReport&) const = default;
 };
@@ -49,7 +50,8 @@ signals:
 private:
     struct Outcome {
         std::vector<Aircraft> aircraft;
-        std::string problem;
+        std::string problem{};
+        std::string details{};
     };
 
     static Outcome ask(const SharedState::Config& config, const Transport& transport, std::stop_token stop);

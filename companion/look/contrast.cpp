@@ -33,6 +33,12 @@ double contrast(const QColor& one, const QColor& other)
     return (light + 0.05) / (dark + 0.05);
 }
 
+double contrastOn(const Color& background, const Color& color)
+{
+    const QColor under = toQt(background);
+    return contrast(mixed(under, toQt(color), static_cast<float>(color.opacity)), under);
+}
+
 QColor legible(const Color& color, const QColor& background)
 {
     constexpr double enoughForText = 4.5;

@@ -10,6 +10,9 @@ namespace skyvane {
 /// How far apart two colours are in lightness, 1 to 21, as accessibility guidelines count it.
 double contrast(const QColor& one, const QColor& other);
 
+/// The same of a translucent colour as it comes out on an opaque background.
+double contrastOn(const Color& background, const Color& color);
+
 /// The colour, made darker or lighter until text in it can be read on that background: to a contrast of 4.5.
 QColor legible(const Color& color, const QColor& background);
 

@@ -7,14 +7,20 @@ class QPushButton;
 
 namespace skyvane {
 
+class Details;
+
 /// One line that says what is wrong, and a button that does something about it. Hidden while nothing is.
 class NoticeBar : public QFrame {
     Q_OBJECT
 public:
+    struct Words {
+        QString text{}; ///< Plain text, whatever it holds; empty: nothing is wrong.
+        QString details{}; ///< What was said of it to the letter; may be empty.
+    };
+
     explicit NoticeBar(const QString& actionText, QWidget* parent = nullptr);
 
-    /// Hides for an empty text. Plain text, whatever it holds.
-    void showText(const QString& text);
+    void show(const Words& words);
 
     QString text() const;
 
@@ -23,6 +29,7 @@ signals:
 
 private:
     QLabel* m_text;
+    Details* m_details;
     QPushButton* m_action;
 };
 

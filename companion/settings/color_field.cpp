@@ -11,49 +11,27 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
-#include <array>
+#include <algorithm>
 
 namespace skyvane {
 
 namespace {
-
-struct Swatch {
-    const char* hex; ///< Null: the standard colour.
-    QString name;
-};
-
-constexpr int ownId = 9;
-
-std::array<Swatch, ownId> swatches()
-{
-    return {{
-        {nullptr, localizedText("Standard")},
-        {"#ffb000", localizedText("Amber")},
-        {"#ff8a3d", localizedText("Orange")},
-        {"#ff5c5c", localizedText("Red")},
-        {"#ff7ac8", localizedText("Pink")},
-        {"#b794ff", localizedText("Violet")},
-        {"#62a0ff", localizedText("Blue")},
-        {"#3ddcff", localizedText("Cyan")},
-        {"#e8f1f2", localizedText("White")},
-    }};
-}
 
 QColor colorOf(const std::optional<std::string>& hex)
 {
     return toQt(ScopePalette::fromHex(hex).phosphor);
 }
 
-bool isSame(const char* swatch, const std::optional<std::string>& hex)
+std::optional<HexColor::Components> components(const std::optional<std::string>& hex)
 {
-    const auto color = hex ? HexColor::components(*hex) : std::nullopt;
-    return swatch == nullptr ? !color : HexColor::components(swatch) == color;
+    return hex ? HexColor::components(*hex) : std::nullopt;
 }
 
 } // namespace
 
 ColorField::ColorField(QWidget* parent)
     : QWidget(parent)
+    , m_accents(offeredAccents())
     , m_swatches(new QButtonGroup{this})
     , m_own(new SwatchButton{colorOf(std::nullopt), localizedText("Your own colour")})
     , m_reset(new QPushButton{localizedText("Back to Stan&dard")})
@@ -61,13 +39,12 @@ ColorField::ColorField(QWidget* parent)
     auto* patches = new QHBoxLayout;
     patches->setSpacing(4);
     int id = 0;
-    for (const Swatch& swatch : swatches()) {
-        const auto hex = swatch.hex != nullptr ? std::optional<std::string>{swatch.hex} : std::nullopt;
-        auto* button = new SwatchButton{colorOf(hex), swatch.name};
+    for (const Accent& accent : m_accents) {
+        auto* button = new SwatchButton{colorOf(accent.hex), accent.name};
         m_swatches->addButton(button, id++);
         patches->addWidget(button);
     }
-    m_swatches->addButton(m_own, ownId);
+    m_swatches->addButton(m_own, id);
     patches->addWidget(m_own);
     patches->addStretch();
     auto* other = new QPushButton{localizedText("&Other Colour…")};
@@ -83,10 +60,8 @@ ColorField::ColorField(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus); // Else its label leads nowhere.
 
     connect(m_swatches, &QButtonGroup::idClicked, this, [this](int clicked) {
-        if (clicked == ownId)
-            return;
-        const char* hex = swatches()[static_cast<std::size_t>(clicked)].hex;
-        emit chosen(hex != nullptr ? std::optional<std::string>{hex} : std::nullopt);
+        if (const auto accent = static_cast<std::size_t>(clicked); accent < m_accents.size())
+            emit chosen(m_accents[accent].hex);
     });
     connect(other, &QPushButton::clicked, this, &ColorField::askForOther);
     connect(m_reset, &QPushButton::clicked, this, [this] { emit chosen(std::nullopt); });
@@ -95,14 +70,11 @@ ColorField::ColorField(QWidget* parent)
 void ColorField::showColor(const std::optional<std::string>& hex)
 {
     m_hex = hex;
-    int id = 0;
-    for (const Swatch& swatch : swatches()) {
-        if (isSame(swatch.hex, hex))
-            break;
-        ++id;
-    }
+    const auto accent = std::ranges::find(
+        m_accents, components(hex), [](const Accent& offered) { return components(offered.hex); });
+    const auto id = static_cast<int>(accent - m_accents.begin());
     m_own->setColor(colorOf(hex));
-    m_own->setVisible(id == ownId);
+    m_own->setVisible(accent == m_accents.end());
     m_swatches->button(id)->setChecked(true);
     setFocusProxy(m_swatches->button(id));
     m_reset->setEnabled(id != 0);

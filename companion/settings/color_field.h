@@ -1,9 +1,12 @@
 #pragma once
 
+#include "companion/settings/accents.h"
+
 #include <QWidget>
 
 #include <optional>
 #include <string>
+#include <vector>
 
 class QButtonGroup;
 class QPushButton;
@@ -12,7 +15,7 @@ namespace skyvane {
 
 class SwatchButton;
 
-/// The widgets' colour: the standard one, one of eight, or any.
+/// The widgets' colour: one of those that are offered, or any.
 class ColorField : public QWidget {
     Q_OBJECT
 public:
@@ -28,7 +31,8 @@ signals:
 private:
     void askForOther();
 
-    QButtonGroup* m_swatches;
+    std::vector<Accent> m_accents;
+    QButtonGroup* m_swatches; ///< One an accent, in their order, and `m_own`.
     SwatchButton* m_own; ///< Hidden unless the colour is none of the others.
     QPushButton* m_reset;
     std::optional<std::string> m_hex;

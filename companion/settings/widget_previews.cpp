@@ -1,10 +1,14 @@
 #include "companion/settings/widget_previews.h"
 
+#include "companion/look/marked_line_edit.h"
+#include "companion/settings/accents.h"
 #include "core/views/sample_entry.h"
 #include "desk/text.h"
 #include "paint/widget_card.h"
 
+#include <QAccessible>
 #include <QGridLayout>
+#include <QLabel>
 
 #include <utility>
 
@@ -24,7 +28,8 @@ DisplayListView* makeView(const Widget& widget, const FontMeasurer& fonts)
 
 } // namespace
 
-WidgetPreviews::WidgetPreviews(const FontMeasurer& fonts, QWidget* parent) : QWidget(parent)
+WidgetPreviews::WidgetPreviews(const FontMeasurer& fonts, QWidget* parent)
+    : QWidget(parent), m_legibility(makeNote())
 {
     auto* grid = new QGridLayout{this};
     grid->setContentsMargins({});
@@ -40,6 +45,7 @@ WidgetPreviews::WidgetPreviews(const FontMeasurer& fonts, QWidget* parent) : QWi
         place += isSmall ? 1 : columns;
         m_previews.push_back({.widget = widget, .view = view});
     }
+    grid->addWidget(m_legibility, grid->rowCount(), 0, 1, columns);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -50,6 +56,20 @@ void WidgetPreviews::showDraft(const SettingsDraft& draft)
         WidgetContent content = widget.content(entry, widget.supportedFamilies.front());
         view->showCard(std::move(content.view), content.containerBackground);
     }
+    showLegibility(isEasyToRead(entry.palette()));
+}
+
+/// A screen reader hears it too, though the focus is elsewhere; once, however many colours are tried.
+void WidgetPreviews::showLegibility(bool isEasy)
+{
+    if (m_legibility->isHidden() == isEasy)
+        return;
+    m_legibility->setText(
+        isEasy ? QString{} : localizedText("Hard to read: small texts need a lighter colour."));
+    m_legibility->setHidden(isEasy);
+    QAccessibleEvent event{m_legibility, QAccessible::Alert};
+    if (!isEasy)
+        QAccessible::updateAccessibility(&event);
 }
 
 } // namespace skyvane

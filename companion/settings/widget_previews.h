@@ -8,10 +8,12 @@
 
 #include <vector>
 
+class QLabel;
+
 namespace skyvane {
 
 /// Every widget in the smallest family that it supports, as it comes out with what is chosen, drawn from the
-/// built-in sample.
+/// built-in sample; words below them say when their texts are hard to read.
 class WidgetPreviews : public QWidget {
     Q_OBJECT
 public:
@@ -20,12 +22,15 @@ public:
     void showDraft(const SettingsDraft& draft);
 
 private:
+    void showLegibility(bool isEasy);
+
     struct Preview {
         Widget widget;
         DisplayListView* view;
     };
 
     std::vector<Preview> m_previews;
+    QLabel* m_legibility;
 };
 
 } // namespace skyvane

@@ -1,5 +1,6 @@
 #include "companion/sky/empty_sky.h"
 
+#include "companion/look/details.h"
 #include "companion/look/type_scale.h"
 
 #include <QLabel>
@@ -9,7 +10,11 @@
 namespace skyvane {
 
 EmptySky::EmptySky(QWidget* parent)
-    : QWidget(parent), m_title(new QLabel), m_explanation(new QLabel), m_action(new QPushButton)
+    : QWidget(parent)
+    , m_title(new QLabel)
+    , m_explanation(new QLabel)
+    , m_details(new Details{Qt::AlignCenter})
+    , m_action(new QPushButton)
 {
     m_title->setFont(TypeScale::title(font()));
     for (QLabel* label : {m_title, m_explanation}) {
@@ -25,6 +30,7 @@ EmptySky::EmptySky(QWidget* parent)
     column->addStretch();
     column->addWidget(m_title);
     column->addWidget(m_explanation);
+    column->addWidget(m_details);
     column->addSpacing(8);
     column->addWidget(m_action, 0, Qt::AlignCenter);
     column->addStretch();
@@ -36,6 +42,7 @@ void EmptySky::show(const Words& words)
 {
     m_title->setText(words.title);
     m_explanation->setText(words.explanation);
+    m_details->showText(words.details);
     m_action->setText(words.action);
     m_action->setVisible(!words.action.isEmpty());
 }

@@ -7,6 +7,8 @@ class QPushButton;
 
 namespace skyvane {
 
+class Details;
+
 /// Empty state: a title, an explanation and a button in place of the list.
 class EmptySky : public QWidget {
     Q_OBJECT
@@ -15,6 +17,7 @@ public:
         QString title;
         QString explanation{}; ///< Plain text, whatever it holds.
         QString action{}; ///< Of the button; empty: none.
+        QString details{}; ///< What was said to the letter; may be empty.
 
         bool operator==(const Words&) const = default;
     };
@@ -31,6 +34,7 @@ signals:
 private:
     QLabel* m_title;
     QLabel* m_explanation;
+    Details* m_details;
     QPushButton* m_action;
 };
 

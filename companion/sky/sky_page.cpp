@@ -100,7 +100,7 @@ Heading SkyPage::heading() const
 
 void SkyPage::showLinkProblem(const QString& text)
 {
-    m_linkProblem->showText(text);
+    m_linkProblem->show({.text = text});
 }
 
 void SkyPage::focusFilter()
@@ -121,7 +121,7 @@ void SkyPage::showReport()
     m_scope->showCard(RadarView{.entry = report.entry}.body(), report.entry.palette().background);
     m_range->setText(
         localizedText("The outer ring is at %1.", {rangeText(report.entry.radiusNM, report.entry.unit)}));
-    m_feedProblem->showText(SkyWords::notice(report));
+    m_feedProblem->show(SkyWords::notice(report));
     showListOrWords();
     emit headingChanged();
 }

@@ -54,6 +54,7 @@ std::optional<EmptySky::Words> instead(const SkyReport& report)
             .title = localizedText("No answer"),
             .explanation = toQString(report.problem),
             .action = askAgain,
+            .details = toQString(report.details),
         };
     if (report.hasAnswer)
         return EmptySky::Words{
@@ -71,12 +72,15 @@ std::optional<EmptySky::Words> instead(const SkyReport& report)
     };
 }
 
-QString notice(const SkyReport& report)
+NoticeBar::Words notice(const SkyReport& report)
 {
     if (report.problem.empty() || report.entry.aircraft.empty())
         return {};
-    return localizedText(
-        "What is shown here is %1. The last try failed: %2", {asOf(report.entry.date), report.problem});
+    return {
+        .text = localizedText(
+            "What is shown here is %1. The last try failed: %2", {asOf(report.entry.date), report.problem}),
+        .details = toQString(report.details),
+    };
 }
 
 } // namespace skyvane::SkyWords

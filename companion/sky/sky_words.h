@@ -2,6 +2,7 @@
 
 #include "companion/feed/sky_feed.h"
 #include "companion/look/heading.h"
+#include "companion/look/notice_bar.h"
 #include "companion/sky/empty_sky.h"
 
 #include <optional>
@@ -19,6 +20,6 @@ Heading heading(const SkyReport& report);
 std::optional<EmptySky::Words> instead(const SkyReport& report);
 
 /// What is said above a list that is no longer up to date, and why it is not; empty while it is.
-QString notice(const SkyReport& report);
+NoticeBar::Words notice(const SkyReport& report);
 
 } // namespace skyvane::SkyWords

@@ -63,11 +63,11 @@ TEST_F(SettingsKeyboardTest, fromTheFirstStartToAWrittenHomeWithKeysAlone)
     press({"Tab", "Tab", "Right"});
     ASSERT_TRUE(isWritten([](const auto& config) { return config.distanceUnit == "km"; }));
     press({"Tab", "Right"});
-    ASSERT_TRUE(isWritten([](const auto& config) { return config.widgetColorHex == "#ffb000"; }));
+    ASSERT_TRUE(isWritten([](const auto& config) { return config.widgetColorHex == "#a8f53d"; }));
     press({"alt+r", "Left"});
     ASSERT_TRUE(isWritten([](const auto& config) { return config.radiusNM == 26; }));
     press({"alt+c", "Right"});
-    ASSERT_TRUE(isWritten([](const auto& config) { return config.widgetColorHex == "#ff8a3d"; }));
+    ASSERT_TRUE(isWritten([](const auto& config) { return config.widgetColorHex == "#ffcca6"; }));
     press({"alt+i"});
     type("51.5, -0.12");
     press({"Return"});

@@ -1,3 +1,4 @@
+#include "companion/settings/widget_previews.h"
 #include "tests/companion/position/fake_location_service.h"
 #include "tests/companion/settings/settings_page_fixture.h"
 
@@ -184,11 +185,11 @@ TEST_F(SettingsPageTest, theWidgetsShowUnitAndColourAtOnce)
     button("Kilometres").click();
     const QImage inKilometres = previews();
     EXPECT_NE(inKilometres, before);
-    button("Amber").click();
+    button("Peach").click();
     EXPECT_NE(previews(), inKilometres);
     SharedState::Config expected = london();
     expected.distanceUnit = "km";
-    expected.widgetColorHex = "#ffb000";
+    expected.widgetColorHex = "#ffcca6";
     EXPECT_TRUE(isWritten(expected));
     button("Back to Standard").click();
     EXPECT_EQ(previews(), inKilometres);
@@ -216,6 +217,26 @@ TEST_F(SettingsPageTest, anyColourCanBeChosenAndACancelledChoiceIsNone)
     EXPECT_TRUE(staysUnwritten(expected));
 }
 
+TEST_F(SettingsPageTest, aColourThatIsHardToReadIsSaidSoBelowTheWidgets)
+{
+    SharedState::Config config = london();
+    SharedState::write(config);
+    open();
+    EXPECT_FALSE(says("Hard to read"));
+    for (const char* hex : {"#0000ff", "#800000"}) {
+        config.widgetColorHex = hex;
+        SharedState::write(config);
+        EXPECT_TRUE(test::waitFor([&] { return says("Hard to read"); })) << hex;
+        auto* words = page->findChild<WidgetPreviews*>()->findChild<QLabel*>();
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(words)->text(QAccessible::Name),
+            "Hard to read: small texts need a lighter colour.");
+        button("Peach").click();
+        EXPECT_FALSE(says("Hard to read"));
+        config.widgetColorHex = "#ffcca6";
+        EXPECT_TRUE(isWritten(config));
+    }
+}
+
 TEST_F(SettingsPageTest, whatOthersWriteIsShown)
 {
     SharedState::write(london());
@@ -223,14 +244,14 @@ TEST_F(SettingsPageTest, whatOthersWriteIsShown)
     const SharedState::Config other{.home = {.latitude = 1, .longitude = 2, .label = "Away"},
         .radiusNM = 50,
         .distanceUnit = "nm",
-        .widgetColorHex = "#ffb000"};
+        .widgetColorHex = "#ffcca6"};
     SharedState::write(other);
     EXPECT_TRUE(test::waitFor([&] { return named("Name").text() == "Away"; }));
     EXPECT_EQ(position().text(), "1, 2");
     EXPECT_EQ(radius().text(), "50");
     EXPECT_EQ(slider().value(), 50);
     EXPECT_TRUE(button("Nautical miles").isChecked());
-    EXPECT_TRUE(button("Amber").isChecked());
+    EXPECT_TRUE(button("Peach").isChecked());
     EXPECT_EQ(changes, 0);
     EXPECT_TRUE(staysUnwritten(other));
 }

@@ -1,3 +1,4 @@
+#include "companion/look/details.h"
 #include "companion/look/notice_bar.h"
 #include "companion/sky/empty_sky.h"
 #include "companion/sky/sky_page.h"
@@ -6,12 +7,16 @@
 #include "platform/pinned.h"
 #include "tests/companion/companion_stage.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTest>
+#include <QToolButton>
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
 
 namespace skyvane {
 
@@ -118,6 +123,37 @@ TEST_F(SkyPageTest, theFeedsOwnErrorIsSaidAndAskedAgain)
     stage.server.answer("/", {.body = test::threeAircraft});
     empty().findChild<QPushButton*>()->click();
     EXPECT_TRUE(listHas(3));
+}
+
+TEST_F(SkyPageTest, whatALibrarySaidStandsBehindDetailsOnly)
+{
+    const char* const librarys = "ac[0].hex: expected a string, found 7";
+    stage.server.answer("/", {.body = R"({"ac":[{"hex":7}]})"});
+    feed.refresh();
+    ASSERT_TRUE(says("No answer"));
+    EXPECT_EQ(empty().explanation(), "opendata.adsb.fi: The answer is not what was expected.");
+    auto& details = *empty().findChild<Details*>();
+    auto* const text = details.findChild<QLabel*>();
+    EXPECT_TRUE(details.isVisible());
+    EXPECT_FALSE(text->isVisible());
+    details.findChild<QToolButton*>()->click();
+    EXPECT_TRUE(text->isVisible());
+    EXPECT_EQ(details.text(), librarys);
+
+    stage.server.answer("/", {.status = 503});
+    feed.refresh();
+    EXPECT_TRUE(test::waitFor([&] { return !details.isVisible(); }));
+
+    stage.server.answer("/", {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    stage.server.answer("/", {.body = R"({"ac":[{"hex":7}]})"});
+    feed.refresh();
+    EXPECT_TRUE(test::waitFor([&] { return !notices().empty(); }));
+    EXPECT_THAT(notices(), testing::Not(HasSubstr(librarys)));
+    const auto bars = page.findChildren<NoticeBar*>();
+    EXPECT_TRUE(std::ranges::any_of(
+        bars, [&](const NoticeBar* bar) { return bar->findChild<Details*>()->text() == librarys; }));
 }
 
 TEST_F(SkyPageTest, aFailedRefreshKeepsTheListAndSaysSo)
