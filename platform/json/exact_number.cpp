@@ -12,8 +12,7 @@ namespace skyvane::JSON::Exact {
 
 namespace {
 
-/// Digits and point of a number that a double may round: 15 digits are safe without an exponent only.
-constexpr std::size_t shortestRun = 15;
+constexpr std::size_t shortestRun = 15; ///< Digits and point of a number that a double may round.
 
 bool isDigit(char character)
 {
