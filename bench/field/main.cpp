@@ -1,8 +1,8 @@
 // Prints what this project's hot paths and programs take beside what else would do the job, as a Markdown
 // table.
 
+#include "bench/field/desktop_session.h"
 #include "bench/field/own_world.h"
-#include "bench/field/refresh.h"
 #include "bench/field/rows.h"
 
 #include <QGuiApplication>
@@ -10,6 +10,9 @@
 #include <fstream>
 #include <functional>
 #include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -21,9 +24,11 @@ Programs programs()
         .launch = SKYVANE_BENCH_LAUNCH,
         .extension = SKYVANE_EXTENSION,
         .host = SKYVANE_HOST,
+        .companion = SKYVANE_COMPANION,
+        .desktopTurns = SKYVANE_BENCH_DESKTOP_TURNS,
+        .skyTurns = SKYVANE_BENCH_SKY_TURNS,
         .hello = SKYVANE_BENCH_HELLO,
         .emptyWindow = SKYVANE_BENCH_EMPTY_WINDOW,
-        .refresher = "/proc/self/exe",
     };
 }
 
@@ -62,18 +67,20 @@ bool addRows(const Section& section, Rows& rows)
     }
 }
 
-int measure(const Options& options)
+int measure(const Options& options, const OwnWorld& world)
 {
     const Programs all = programs();
     const std::vector<Section> sections{
-        {"decoding", decodeRows},
-        {"sorting", sortRows},
-        {"widgets", widgetRows},
+        {"refreshes", [&] { return refreshRows(all, world); }},
         {"timeline", [&] { return timelineRows(all); }},
-        {"extension start", [&] { return startRows(all); }},
-        {"refreshes", [&] { return refreshRows(all); }},
-        {"host start", [&] { return coldStartRows(all, skyvane::test::XSession{}); }},
-        {"host at rest", [&] { return idleRows(all, skyvane::test::XSession{}); }},
+        {"extension start", [&] { return extensionStartRows(all); }},
+        {"host start", [&] { return hostStartRows(all); }},
+        {"host at rest", [&] { return hostRestRows(all); }},
+        {"widgets", widgetRows},
+        {"companion start", [&] { return companionStartRows(all); }},
+        {"companion at rest", [&] { return companionRestRows(all, world); }},
+        {"an hour on the sky page", [&] { return companionHourRows(all); }},
+        {"decoding", decodeRows},
     };
     Rows rows;
     bool hasAll = true;
@@ -91,13 +98,9 @@ int measure(const Options& options)
 
 int main(int argc, char* argv[])
 {
+    leaveDesktop();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::vector<std::string> words(argv + 1, argv + argc);
-    if (words.size() == 2 && words[0] == "refresh") {
-        const QGuiApplication application{argc, argv};
-        refreshAgainAndAgain(words[1], std::cout);
-        return 0;
-    }
     const auto options = optionsFrom(words);
     if (!options) {
         std::cerr << "Usage: skyvane-bench-field [--only SECTION] [--json FILE]\n";
@@ -106,7 +109,7 @@ int main(int argc, char* argv[])
     try {
         const OwnWorld world;
         const QGuiApplication application{argc, argv};
-        return measure(*options);
+        return measure(*options, world);
     } catch (const std::exception& error) {
         std::cerr << "skyvane-bench-field: " << error.what() << "\n";
         return 1;

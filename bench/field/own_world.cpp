@@ -43,7 +43,19 @@ OwnWorld::OwnWorld()
     std::ofstream{certificates / "ca-certificates.crt", std::ios::app}
         << std::ifstream{authority.file()}.rdbuf();
     m_server = std::make_unique<test::HttpsServer>(authority, test::feedHosts(), std::uint16_t{443});
-    m_server->answer("/v2/point/", {.body = syntheticAnswer(1000)});
+    const test::Answer answer{.body = syntheticAnswer(700)};
+    m_answerSize = test::head(answer).size() + answer.body.size();
+    m_server->handle(
+        "/v2/point/", [this, answer](const test::RecordedRequest&, test::Connection& connection) {
+            ++m_requests;
+            connection.answer(answer);
+        });
+}
+
+Traffic OwnWorld::traffic() const
+{
+    const auto requests = static_cast<double>(m_requests);
+    return {.requests = requests, .bytes = requests * static_cast<double>(m_answerSize)};
 }
 
 void OwnWorld::bind(const std::string& file, const std::string& content)

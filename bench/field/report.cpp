@@ -52,6 +52,13 @@ nlohmann::ordered_json orNull(const std::optional<Value>& value)
     return value ? nlohmann::ordered_json(*value) : nlohmann::ordered_json(nullptr);
 }
 
+nlohmann::ordered_json targetJSON(const std::optional<Target>& target)
+{
+    if (!target)
+        return nullptr;
+    return {{"most", target->most}, {"isRatio", target->isRatio}};
+}
+
 } // namespace
 
 std::optional<double> Row::ratio() const
@@ -100,6 +107,7 @@ std::string json(const std::vector<Row>& rows)
             {"peer", row.peer},
             {"theirs", orNull(row.theirs)},
             {"ratio", orNull(row.ratio())},
+            {"target", targetJSON(row.target)},
             {"isMet", orNull(row.isMet())},
         });
     }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "bench/field/own_world.h"
 #include "bench/field/report.h"
-#include "tests/session/x_session.h"
 
 #include <filesystem>
 #include <vector>
@@ -13,23 +13,27 @@ struct Programs {
     std::filesystem::path launch;
     std::filesystem::path extension;
     std::filesystem::path host;
+    std::filesystem::path companion;
+    std::filesystem::path desktopTurns;
+    std::filesystem::path skyTurns;
     std::filesystem::path hello;
     std::filesystem::path emptyWindow;
-    std::filesystem::path refresher; ///< This program itself.
 };
 
 using Rows = std::vector<Row>;
 
 /// In this process. Need an application of the toolkit.
 Rows decodeRows();
-Rows sortRows();
 Rows widgetRows();
 
-/// In processes of their own. Need the feed of `OwnWorld`.
+/// In processes of their own, in the world that answers them.
+Rows refreshRows(const Programs& programs, const OwnWorld& world);
 Rows timelineRows(const Programs& programs);
-Rows startRows(const Programs& programs);
-Rows coldStartRows(const Programs& programs, const test::XSession& session);
-Rows idleRows(const Programs& programs, const test::XSession& session);
-Rows refreshRows(const Programs& programs);
+Rows extensionStartRows(const Programs& programs);
+Rows hostStartRows(const Programs& programs);
+Rows hostRestRows(const Programs& programs);
+Rows companionStartRows(const Programs& programs);
+Rows companionRestRows(const Programs& programs, const OwnWorld& world);
+Rows companionHourRows(const Programs& programs);
 
 } // namespace skyvane::bench

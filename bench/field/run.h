@@ -3,7 +3,6 @@
 #include "bench/field/rows.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace skyvane::bench {
@@ -15,14 +14,22 @@ struct Run {
     double peakMiB; ///< Of the largest process.
 };
 
-/// Runs a program that is told `line`, waits for its first line, then for its end. Throws when it fails.
-Run run(const Programs& programs, std::string_view line, const std::vector<std::string>& words);
-
-/// The same measured figure of several programs, run in turn.
+/// A program to be run, and what it is told.
 struct Contestant {
-    std::string line;
+    std::string line; ///< Empty: nothing.
     std::vector<std::string> words;
 };
+
+/// What would do without this project: the same request, the same choice of aircraft, the same order.
+Contestant curlPipedToJq();
+/// Its two halves, by way of a file.
+Contestant curl(const std::string& file);
+Contestant jq(const std::string& file);
+
+/// Waits for the program's first line, then for its end. Throws when it fails.
+Run run(const Programs& programs, const Contestant& contestant);
+
+/// The same measured figure of several programs, run in turn.
 std::vector<std::vector<Run>> runInTurn(
     const Programs& programs, std::size_t turns, const std::vector<Contestant>& contestants);
 

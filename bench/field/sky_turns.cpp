@@ -1,0 +1,51 @@
+// The companion's window on the sky page, which asks for the sky anew and shows it with each turn.
+
+#include "bench/field/turns.h"
+#include "companion/app/appearance.h"
+#include "companion/feed/pacer.h"
+#include "companion/host_switch/host_control.h"
+#include "companion/photo/photo_image.h"
+#include "companion/window/main_window.h"
+#include "platform/net/url_session.h"
+#include "tests/session/wait_for.h"
+#include "tests/support/scratch_folder.h"
+
+#include <QApplication>
+
+#include <chrono>
+#include <stdexcept>
+
+int main(int argc, char* argv[])
+{
+    using namespace skyvane;
+    using namespace std::chrono_literals;
+    const QApplication application{argc, argv};
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    const test::ScratchFolder folder;
+    Pacer pacer{UrlSession{}, 0ms};
+    PhotoDecoder decoder{decodePhoto};
+    Errands errands;
+    SkyFeed feed{errands, pacer.transport()};
+    Lookups lookups{errands, decoder, pacer.transport()};
+    HostControl host{bus, {}};
+    const Appearance appearance{bus};
+    const FontMeasurer fonts;
+    MainWindow window{{
+        .feed = feed,
+        .lookups = lookups,
+        .host = host,
+        .fonts = fonts,
+        .systemBus = QDBusConnection::systemBus(),
+        .open = {},
+        .autostart = {.own = folder.path(), .systemWide = {}},
+        .memory = folder.path() / "companion.ini",
+    }};
+    window.show();
+    bench::playTurns([&] {
+        feed.refresh();
+        if (!test::waitFor([&] { return !feed.report().isAsking; }) || !feed.report().problem.empty())
+            throw std::runtime_error{"no sky"};
+        constexpr auto untilPainted = 60ms;
+        test::waitFor([] { return false; }, untilPainted);
+    });
+}
