@@ -5,6 +5,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <string>
@@ -15,6 +16,21 @@ namespace {
 
 constexpr std::string_view configuration
     = R"({"home":{"latitude":51.5,"longitude":-0.12,"label":"Home"},"radiusNM":250,"distanceUnit":"km"})";
+
+/// Each another, so that everything has to be painted anew, and all of one size.
+std::vector<test::Answer> changingSkies()
+{
+    constexpr unsigned count = 8;
+    std::vector<test::Answer> skies(count);
+    std::size_t longest = 0;
+    for (unsigned moment = 0; moment < count; ++moment) {
+        skies[moment].body = syntheticAnswer(700, moment);
+        longest = std::max(longest, skies[moment].body.size());
+    }
+    for (test::Answer& sky : skies)
+        sky.body.resize(longest, ' ');
+    return skies;
+}
 
 } // namespace
 
@@ -43,13 +59,11 @@ OwnWorld::OwnWorld()
     std::ofstream{certificates / "ca-certificates.crt", std::ios::app}
         << std::ifstream{authority.file()}.rdbuf();
     m_server = std::make_unique<test::HttpsServer>(authority, test::feedHosts(), std::uint16_t{443});
-    const test::Answer answer{.body = syntheticAnswer(700)};
-    m_answerSize = test::head(answer).size() + answer.body.size();
-    m_server->handle(
-        "/v2/point/", [this, answer](const test::RecordedRequest&, test::Connection& connection) {
-            ++m_requests;
-            connection.answer(answer);
-        });
+    const std::vector<test::Answer> skies = changingSkies();
+    m_answerSize = test::head(skies[0]).size() + skies[0].body.size();
+    m_server->handle("/v2/point/", [this, skies](const test::RecordedRequest&, test::Connection& connection) {
+        connection.answer(skies[m_requests++ % skies.size()]);
+    });
 }
 
 Traffic OwnWorld::traffic() const
