@@ -52,8 +52,8 @@ SwaySession::SwaySession()
     m_compositor.setStandardOutputFile(QProcess::nullDevice());
     m_compositor.setStandardErrorFile(QProcess::nullDevice());
     QStringList words{"sway", "--config", QString::fromStdString(configuration.string())};
-    if (::geteuid() == 0) // As whom it refuses to run.
-        words = QStringList{"unshare", "--user", "--map-user=1000", "--map-group=1000"} + words;
+    if (::geteuid() == 0) // As whom it refuses to run; its X server lets in only users that the system knows.
+        words = QStringList{"unshare", "--user", "--map-user=nobody", "--map-group=nogroup"} + words;
     m_compositor.start(words.takeFirst(), words);
     const QDir place{folder};
     const QStringList sockets{"sway-ipc.*.sock"};
