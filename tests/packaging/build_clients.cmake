@@ -1,6 +1,6 @@
-# Run by ctest with BUILD, CONFIGURATION, EXTENSION, SCRATCH, GENERATOR, COMPILER and FLAGS: installs what programs of other
-# projects build with into SCRATCH/prefix, and builds those of tests/packaging/clients with it. What did not change since the last
-# time is not built again.
+# Run by ctest with BUILD, CONFIGURATION, EXTENSION, SCRATCH, GENERATOR, COMPILER, its LAUNCHER and FLAGS: installs what programs
+# of other projects build with into SCRATCH/prefix, and builds those of tests/packaging/clients with it. What did not change since
+# the last time is not built again.
 set(prefix ${SCRATCH}/prefix)
 
 function(run)
@@ -30,5 +30,6 @@ file(MAKE_DIRECTORY ${prefix}/libexec/skyvane)
 file(CREATE_LINK ${EXTENSION} ${prefix}/libexec/skyvane/skyvane-widgets SYMBOLIC)
 
 run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/clients -B ${SCRATCH}/clients -G ${GENERATOR}
-    -D CMAKE_CXX_COMPILER=${COMPILER} "-DCMAKE_CXX_FLAGS=${FLAGS}" -D CMAKE_PREFIX_PATH=${prefix})
+    -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} "-DCMAKE_CXX_FLAGS=${FLAGS}"
+    -D CMAKE_PREFIX_PATH=${prefix})
 run(${CMAKE_COMMAND} --build ${SCRATCH}/clients)
