@@ -61,18 +61,20 @@ TEST_F(FilesTest, theUserDatabaseKnowsTheHomeFolderBetterThanTheEnvironment)
 
 TEST_F(FilesTest, anEmptyHomeFolderInTheUserDatabaseIsNone)
 {
-    const auto homeOf = [&](const std::string& folder, const char* expected) {
+    const auto homeOf = [&](const std::string& folder, const char* variable, const char* expected) {
         const std::string user = std::to_string(getuid()) + ":" + std::to_string(getgid());
         put("tester:x:" + user + "::" + folder + ":/bin/sh\n");
         const std::filesystem::path order = scratch.path() / "order";
         std::ofstream{order} << "passwd: files\n";
         test::enterOwnNamespaces(
             {{.path = "/etc/passwd", .standIn = file}, {.path = "/etc/nsswitch.conf", .standIn = order}});
-        setenv("HOME", "/elsewhere", /*overwrite=*/1);
+        variable != nullptr ? setenv("HOME", variable, /*overwrite=*/1) : unsetenv("HOME");
         std::_Exit(Files::homeFolder() == expected ? 0 : 1);
     };
-    EXPECT_EXIT(homeOf("/home/tester", "/home/tester"), testing::ExitedWithCode(0), "");
-    EXPECT_EXIT(homeOf("", "/elsewhere"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(homeOf("/home/tester", "/elsewhere", "/home/tester"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(homeOf("", "/elsewhere", "/elsewhere"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(homeOf("", "", "/"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(homeOf("", nullptr, "/"), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(FilesTest, readsAWholeFile)

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace skyvane {
 
@@ -81,6 +82,10 @@ TEST(JSONDecoding, anErrorShowsAtMostTheBeginningOfALongText)
 {
     const std::string error = errorOf(R"({"ratio":")" + std::string(100000, 'x') + "\"}");
     EXPECT_LT(error.size(), 120U);
+    const std::string whole = '"' + std::string(38, 'x') + '"';
+    EXPECT_EQ(errorOf(R"({"ratio":)" + whole + "}"), "ratio: expected a number, found " + whole);
+    EXPECT_EQ(errorOf(R"({"ratio":"ends-)" + std::string(34, 'x') + "\"}"),
+        R"(ratio: expected a number, found "\"ends-)" + std::string(34, 'x') + '"');
 }
 
 TEST(JSONDecoding, nullIsAbsenceAlsoOfWhatIsRequired)
@@ -206,12 +211,21 @@ TEST(JSONDecoding, aNumberBeyondEveryDoubleIsAnErrorWhereItIsRead)
 
 TEST(JSONDecoding, halfASurrogatePairIsAnErrorWhereItIsRead)
 {
-    for (const char* text : {R"("\ud800")", R"("a\udc00b")", R"("\ud83d\ud83d\ude00")", R"("\ud800\n")"}) {
+    for (const char* text : {R"("\ud800")", R"("a\udc00b")", R"("\udfff")", R"("\udbff\ue000")",
+             R"("\ud83d\ud83d\ude00")", R"("\ud800\n")"}) {
         EXPECT_NE(errorOf(std::string{R"({"ratio":1,"list":[{"name":)"} + text + "}]}"), "no error") << text;
         EXPECT_NE(errorOf(std::string{R"({"list":[],"ratio":)"} + text + "}"), "no error") << text;
     }
     EXPECT_EQ(JSON::decodeText<std::vector<std::string>>(R"(["\ud83d\ude00","\\ud800"])"),
         (std::vector<std::string>{"\U0001F600", "\\ud800"}));
+}
+
+TEST(JSONDecoding, besideWhatNobodyReadsSurrogatePairsAreWhole)
+{
+    const std::string beside = R"({"x":[1e999,"\ud800"],"ratio":1,"list":[{"name":)";
+    for (const auto& [text, name] : {std::pair{R"("\ud800\udc00")", "\U00010000"},
+             std::pair{R"("\udbff\udfff")", "\U0010FFFF"}, std::pair{R"("\ud7ff\ue000")", "\ud7ff\ue000"}})
+        EXPECT_EQ(JSON::decodeText<Outer>(beside + text + "}]}").list.at(0).name, name) << text;
 }
 
 TEST(JSONDecoding, whatNobodyReadsIsNoError)

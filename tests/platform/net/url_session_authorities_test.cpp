@@ -1,5 +1,7 @@
 #include "tests/platform/net/url_session_fixture.h"
 
+#include "platform/net/authorities.h"
+
 #include <filesystem>
 #include <optional>
 #include <stop_token>
@@ -33,6 +35,12 @@ protected:
 };
 
 } // namespace
+
+TEST(Authorities, areTheSystemsWhereNoTestHasItsOwn)
+{
+    const Authorities known = Authorities::current();
+    EXPECT_FALSE(known.folder.empty() && known.bundle.empty());
+}
 
 TEST_F(UrlSessionAuthorities, oneInTheFolderIsFoundThereWithoutTheBundle)
 {

@@ -56,6 +56,13 @@ TEST(AtMost, marksWithoutEndAreNoWayAround)
     EXPECT_LE(Unicode::atMost(times(300, "Z" + marks.substr(0, 2000))).size(), 8192U);
 }
 
+TEST(AtMost, aCharacterMayHave32BytesOnAverage)
+{
+    const std::string marks = times(15, "\u0301");
+    EXPECT_EQ(Unicode::atMost("é" + marks, 1), "é" + marks);
+    EXPECT_EQ(Unicode::atMost("Z\u0301" + marks, 1), "…"); // 33 bytes
+}
+
 TEST(AtMost, malformedBytesAreCharacters)
 {
     EXPECT_EQ(Unicode::characters(Unicode::atMost(times(1000, "\xff"))).size(), 256U);

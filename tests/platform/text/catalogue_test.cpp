@@ -62,6 +62,17 @@ TEST(Catalogue, holdsEveryPluralFormAndTheRule)
     EXPECT_EQ(catalogue.plural.form(2), 1);
 }
 
+TEST(Catalogue, mayHaveItsTablesBehindItsTexts)
+{
+    std::string bytes;
+    for (const std::size_t value : std::vector<std::size_t>{0x950412de, 0, 1, 32, 40, 0, 40})
+        bytes += test::number(value, ByteOrder::little);
+    bytes += std::string("A\0B\0", 4);
+    for (const std::size_t value : std::vector<std::size_t>{1, 28, 1, 30})
+        bytes += test::number(value, ByteOrder::little);
+    EXPECT_THAT(Catalogues::read(bytes).texts, ElementsAre(Pair("A", "B")));
+}
+
 TEST(Catalogue, thatIsCutShortIsNone)
 {
     const std::string whole = compiled(german, ByteOrder::little);

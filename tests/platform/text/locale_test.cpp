@@ -5,7 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <limits>
+#include <map>
+#include <string>
 
 namespace skyvane {
 namespace {
@@ -16,6 +19,36 @@ constexpr Date afternoon{std::chrono::sys_days{std::chrono::year{2026} / 7 / 5} 
 Locale of(const char* name, const char* timeZone = "UTC")
 {
     return {.numbers = name, .times = name, .timeZone = timeZone};
+}
+
+Locale in(const std::map<std::string, std::string>& environment)
+{
+    for (const char* name : {"LC_ALL", "LC_NUMERIC", "LC_TIME", "LANG"}) {
+        const auto set = environment.find(name);
+        setenv(name, set != environment.end() ? set->second.c_str() : "", /*overwrite=*/1);
+    }
+    const Locale locale = Locale::current();
+    for (const char* name : {"LC_ALL", "LC_NUMERIC", "LC_TIME"})
+        unsetenv(name);
+    setenv("LANG", "C.UTF-8", /*overwrite=*/1); // As it is for every test.
+    return locale;
+}
+
+TEST(Locale, isTheEnvironmentsTheMostParticularVariableFirst)
+{
+    const Locale locale = in({{"LANG", "fr_FR.UTF-8"}, {"LC_TIME", "de_DE@euro"}});
+    EXPECT_EQ(locale.numbers, "fr_FR");
+    EXPECT_EQ(locale.times, "de_DE");
+    EXPECT_EQ(in({{"LC_NUMERIC", "de_CH"}, {"LANG", "fr_FR"}}).numbers, "de_CH");
+    EXPECT_EQ(in({{"LC_ALL", "pl_PL"}, {"LC_NUMERIC", "de_CH"}, {"LANG", "fr_FR"}}).numbers, "pl_PL");
+}
+
+TEST(Locale, isAmericanWhereTheEnvironmentNamesNone)
+{
+    for (const char* name : {"", "C", "POSIX", "C.UTF-8", ".UTF-8"}) {
+        EXPECT_EQ(in({{"LC_ALL", name}}).numbers, "en_US") << name;
+        EXPECT_EQ(in({{"LANG", name}}).times, "en_US") << name;
+    }
 }
 
 TEST(Locale, groupsIntegers)

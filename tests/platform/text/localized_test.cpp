@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -17,11 +18,13 @@ namespace {
 /// A user whose language has this catalogue.
 class Polish {
 public:
-    explicit Polish(const test::Entries& entries)
+    explicit Polish(const test::Entries& entries, std::size_t fileSize = 0)
     {
         const std::filesystem::path folder = m_scratch.path() / "pl/LC_MESSAGES";
         std::filesystem::create_directories(folder);
         std::ofstream{folder / "skyvane.mo"} << test::compiled(entries, test::ByteOrder::little);
+        if (fileSize != 0)
+            std::filesystem::resize_file(folder / "skyvane.mo", fileSize);
         if (const char* before = std::getenv("LC_ALL"))
             m_before = before;
         setenv("LC_ALL", "pl_PL.UTF-8", 1);
@@ -62,6 +65,8 @@ TEST(Localized, numberedPlaceholdersMayStandInAnyOrder)
     EXPECT_EQ(localized("%2 before %1", {"one", 2}), "2 before one");
     EXPECT_EQ(localized("%1, %1 and %3", {"a", "b"}), "a, a and %3");
     EXPECT_EQ(localized("100 % of %0%", {"a"}), "100 % of %0%");
+    EXPECT_EQ(localized("%", {"a"}), "%");
+    EXPECT_EQ(localized("%9%1", {1, 2, 3, 4, 5, 6, 7, 8, "i"}), "i1");
 }
 
 TEST(Localized, whatFillsAPlaceholderIsNotFilledItself)
@@ -87,6 +92,23 @@ TEST(Localized, aTextThatCountsHasAsManyFormsAsTheLanguage)
     EXPECT_EQ(aircraft(3), "3 samoloty");
     EXPECT_EQ(aircraft(5), "5 samolotów");
     EXPECT_EQ(localized("one aircraft"), "%1 samolot");
+}
+
+TEST(Localized, textsOfLibrariesAreInTheLanguageOfOurs)
+{
+    setenv("LC_ALL", "C.UTF-8", 1);
+    useCatalogues("/nonexistent");
+    EXPECT_STREQ(std::setlocale(LC_MESSAGES, nullptr), "C.UTF-8");
+    unsetenv("LC_ALL");
+}
+
+TEST(Localized, aCatalogueOfMoreThanFourMebibytesIsNone)
+{
+    constexpr std::size_t largest = 4 << 20;
+    for (const std::size_t size : {largest, largest + 1}) {
+        const Polish polish{{{"NEAREST", "NAJBLIŻEJ"}}, size};
+        EXPECT_EQ(localized("NEAREST"), size == largest ? "NAJBLIŻEJ" : "NEAREST");
+    }
 }
 
 TEST(Localized, aMissingFormIsTheFirst)

@@ -52,6 +52,45 @@ TEST(PluralRule, reckonsAsCDoes)
     EXPECT_THAT(forms("n / 0 + n % 0", {7}), ElementsAre(0));
 }
 
+TEST(PluralRule, bindsOperatorsAsTightlyAsCDoes)
+{
+    EXPECT_THAT(forms("8 / 2 * 4", {0}), ElementsAre(16));
+    EXPECT_THAT(forms("2 * 7 / 4", {0}), ElementsAre(3));
+    EXPECT_THAT(forms("2 * 7 % 4", {0}), ElementsAre(2));
+    EXPECT_THAT(forms("10 - 3 + 2", {0}), ElementsAre(9));
+    EXPECT_THAT(forms("10 - 2 * 3", {0}), ElementsAre(4));
+    EXPECT_THAT(forms("0 <= 0 + 5", {0}), ElementsAre(1));
+    EXPECT_THAT(forms("7 >= 2 + 3", {0}), ElementsAre(1));
+    EXPECT_THAT(forms("1 < 2 + 3", {0}), ElementsAre(1));
+    EXPECT_THAT(forms("6 > 2 + 3", {0}), ElementsAre(1));
+    EXPECT_THAT(forms("2 == 1 < 3", {0}), ElementsAre(0));
+    EXPECT_THAT(forms("0 != 3 < 2", {0}), ElementsAre(0));
+    EXPECT_THAT(forms("1 && 2 == 2", {0}), ElementsAre(1));
+    EXPECT_THAT(forms("1 || 0 && 0", {0}), ElementsAre(1));
+}
+
+TEST(PluralRule, takesEveryNumberButZeroForTrue)
+{
+    EXPECT_THAT(forms("n && 2", {0, 1, 2}), ElementsAre(0, 1, 1));
+    EXPECT_THAT(forms("2 && n", {0, 1, 2}), ElementsAre(0, 1, 1));
+    EXPECT_THAT(forms("n || 0", {0, 1, 2}), ElementsAre(0, 1, 1));
+    EXPECT_THAT(forms("0 || n", {0, 1, 2}), ElementsAre(0, 1, 1));
+    EXPECT_THAT(forms("n ? 4 : 3", {0, 1, 2}), ElementsAre(3, 4, 4));
+    EXPECT_THAT(forms("!n", {0, 1, 2}), ElementsAre(1, 0, 0));
+}
+
+TEST(PluralRule, standsBehindItsOwnName)
+{
+    EXPECT_EQ(PluralRule{"X-Other: plural=0;\nPlural-Forms: nplurals=2; plural=(n > 1);\n"}.form(2), 1);
+    EXPECT_EQ(PluralRule{"X-Other: plural=0;\n"}.form(2), 1);
+}
+
+TEST(PluralRule, ofMoreThan1000BytesIsThatOfEnglish)
+{
+    EXPECT_THAT(forms(std::string(999, ' ') + "3", {1}), ElementsAre(3));
+    EXPECT_THAT(forms(std::string(1000, ' ') + "3", {1}), ElementsAre(0));
+}
+
 TEST(PluralRule, thatIsNoExpressionIsThatOfEnglish)
 {
     for (const std::string broken :
