@@ -39,7 +39,7 @@ public:
         return m_text.substr(start, m_at - start);
     }
 
-    void enterObject() { m_at = std::min(m_text.find('{'), m_text.size() - 1) + 1; }
+    void enterObject() { m_at = m_text.find('{') + 1; }
 
 private:
     void skipString()
