@@ -139,8 +139,29 @@ TEST(Archive, anErrorNamesThePlace)
         errorOf(R"({"type":"canvas","aspectRatio":0,"items":[]})"), "aspectRatio: expected a number above 0");
     EXPECT_EQ(errorOf(R"({"type":"symbol","name":"house","font":{"size":8},"color":[1,0,0]})"),
         "color: expected 4 numbers, found 3");
+    EXPECT_EQ(errorOf(R"({"type":"symbol","name":"house","font":{"size":8},"color":[1,0,0,1,0]})"),
+        "color: expected 4 numbers, found 5");
     EXPECT_EQ(errorOf(R"({"text":"a"})"), "type: is missing");
     EXPECT_EQ(errorOf("[]"), "expected an object, found an array");
+}
+
+TEST(Archive, aLengthMayBeAnyNumberAboveZero)
+{
+    EXPECT_EQ(read(R"({"type":"canvas","aspectRatio":1e-9,"items":[]})"), canvas(1e-9, {}));
+    EXPECT_EQ(errorOf(R"({"type":"canvas","aspectRatio":-1,"items":[]})"),
+        "aspectRatio: expected a number above 0");
+}
+
+TEST(Archive, aLineLimitIsAWholeNumberFromOneOn)
+{
+    const auto limited = [](const std::string& limit) {
+        return R"({"type":"text","text":"a","font":{"size":8},"color":[1,0,0,0.5],"lineLimit":)" + limit
+            + "}";
+    };
+    for (const char* limit : {"1", "2147483647"})
+        EXPECT_EQ(errorOf(limited(limit)), "no error") << limit;
+    for (const char* limit : {"0", "-1", "2147483648"})
+        EXPECT_EQ(errorOf(limited(limit)), "lineLimit: expected a whole number above 0") << limit;
 }
 
 TEST(Archive, refusesATreeDeeperThan64Nodes)

@@ -212,6 +212,18 @@ TEST(Layout, aCanvasIsAsLargeAsFitsAndCentred)
     EXPECT_EQ(onlyEllipse(disc(0.5), {100, 60}).diameter, 30);
 }
 
+TEST(Layout, aCanvasIsAtMostAThousandTimesAsLongOnOneSideAsOnTheOther)
+{
+    const auto sizeOf = [](double aspectRatio) {
+        const DisplayList list = laidOut(link(url("skyvane://open"), canvas(aspectRatio, {})), {100, 60});
+        return Size{.width = list.links.at(0).frame.width, .height = list.links.at(0).frame.height};
+    };
+    EXPECT_EQ(sizeOf(1e-6), (Size{.width = 60.0 / 1000, .height = 60}));
+    EXPECT_EQ(sizeOf(1e6), (Size{.width = 100, .height = 100.0 / 1000}));
+    EXPECT_EQ(sizeOf(0), (Size{.width = 60, .height = 60}));
+    EXPECT_EQ(sizeOf(-2), (Size{.width = 60, .height = 60}));
+}
+
 TEST(Layout, aCanvasLeavesARowWhatItDoesNotNeed)
 {
     const View row = HStack{.spacing = 10}({disc(1), Frame{.maxWidth = infinity}(tenPoint("list"))});
@@ -284,6 +296,8 @@ TEST(Layout, anUnknownViewTakesNeitherRoomNorSpacing)
     EXPECT_EQ(laidOut(HStack{.spacing = 8}({unknown, tenPoint("A"), unknown, tenPoint("B"), unknown})),
         laidOut(HStack{.spacing = 8}({tenPoint("A"), tenPoint("B")})));
     EXPECT_TRUE(laidOut(unknown).items.empty());
+    EXPECT_THAT(laidOut(link(url("skyvane://open"), unknown)).links,
+        ElementsAre(LinkArea{.frame = {50, 30, 0, 0}, .url = url("skyvane://open")}));
 }
 
 TEST(Layout, theLinesOfAWrappedTextAreAlignedInItsOwnWidth)

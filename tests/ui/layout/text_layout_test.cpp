@@ -106,6 +106,14 @@ TEST(TextLayout, aTextThatFitsDoesNotShrink)
     EXPECT_EQ(laidOut(tenPointText("KLM", 1, 0.5), 200).face.size, 10);
 }
 
+TEST(TextLayout, aSmallestScaleOfOneOrMoreLeavesTheSize)
+{
+    for (const double scale : {1.0, 1.5, 1e9}) {
+        EXPECT_THAT(lines(tenPointText("Lufthansa", 1, scale), 36), ElementsAre("Lufth…")) << scale;
+        EXPECT_EQ(laidOut(tenPointText("Lufthansa", 1, scale), 36).face.size, 10) << scale;
+    }
+}
+
 TEST(TextLayout, aLineThatIsTooLongEvenShrunkIsTruncatedAtTheSmallestScale)
 {
     const TextBlock block = laidOut(tenPointText("Lufthansa", 1, 0.5), 18);

@@ -39,6 +39,14 @@ TEST(TreeBuilding, modifiersSetTheMembersOfATextAndOfASymbol)
     EXPECT_EQ(glyph, View{.node = house});
 }
 
+TEST(TreeBuilding, withoutModifiersTextsAndSymbolsAreBlackAndOfACaptionsSize)
+{
+    const Font caption{.size = TextStyle::caption};
+    EXPECT_EQ(plain("x"), (View{.node = Text{.string = "x", .font = caption, .color = {0, 0, 0}}}));
+    const View house = symbol("house");
+    EXPECT_EQ(house, (View{.node = Symbol{.name = "house", .font = caption, .color = {0, 0, 0}}}));
+}
+
 TEST(TreeBuilding, aStackTakesSingleOptionalAndRepeatedChildrenInOrder)
 {
     const std::optional<std::string> none;
