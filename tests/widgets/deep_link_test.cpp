@@ -39,6 +39,12 @@ TEST(DeepLink, aHexThatFormsNoURLLeadsNowhere)
 {
     EXPECT_EQ(linkTo("a1 b2"), "none");
     EXPECT_EQ(linkTo("%zz"), "none");
+}
+
+TEST(DeepLink, aHexOfMoreThan200BytesLeadsNowhere)
+{
+    EXPECT_EQ(linkTo(std::string(200, 'a')), "skyvane://aircraft/" + std::string(200, 'a'));
+    EXPECT_EQ(linkTo(std::string(201, 'a')), "none");
     EXPECT_EQ(linkTo(std::string(10'000, 'a')), "none");
 }
 

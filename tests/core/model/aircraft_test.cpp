@@ -214,6 +214,15 @@ TEST_F(AircraftTest, lookDirectionNamesTheElevation)
     EXPECT_EQ(below.lookDirection(), "Look NE, -9° up");
 }
 
+TEST_F(AircraftTest, elevationIsRightToTheFoot)
+{
+    const auto up = [](std::int64_t feet) {
+        return Aircraft{.hex = "a", .altGeom = feet, .distanceNM = 1.0, .directionDeg = 0.0}.lookDirection();
+    };
+    EXPECT_EQ(up(5970), "Look N, 44° up"); // 44.495°
+    EXPECT_EQ(up(5971), "Look N, 45° up"); // 44.5001°
+}
+
 TEST_F(AircraftTest, lookDirectionAtNoDistanceHasNoElevation)
 {
     const Aircraft overhead{

@@ -88,6 +88,25 @@ TEST(RadarGeometry, bearingsOnTheEquatorAreDueEastAndDueWest)
     EXPECT_DOUBLE_EQ(geometry.polar(at(-1, 0)).value().bearingDeg, 180);
 }
 
+TEST(RadarGeometry, elsewhereBearingsAndDistancesAreThoseOfTheSphere)
+{
+    struct Flight {
+        Aircraft to;
+        double distanceNM;
+        double bearingDeg;
+    };
+    // Reckoned with vectors, by cross and dot products.
+    for (const auto& [to, distanceNM, bearingDeg] : {
+             Flight{at(48.86, 2.35), 184.63, 148.117},
+             Flight{at(-33.95, 18.6), 5221.12, 164.538},
+             Flight{at(47.45, -122.31), 4162.40, 322.303},
+         }) {
+        const auto polar = RadarGeometry{.radiusNM = 10'000, .home = london}.polar(to).value();
+        EXPECT_NEAR(polar.fraction * 10'000, distanceNM, 0.01);
+        EXPECT_NEAR(polar.bearingDeg, bearingDeg, 0.001);
+    }
+}
+
 TEST(RadarGeometry, aMissingBearingIsComputedBesideTheFeedsDistance)
 {
     const Aircraft aircraft{.hex = "a", .lat = 0.0, .lon = 1.0, .distanceNM = 5.0};
