@@ -48,7 +48,7 @@ View RadarWidgetView::captionedScope(const ScopePalette& palette) const
         return text(localized("QUIET SKY")).font(quietFont).tracking(1.5).foreground(palette.dim());
     };
 
-    return overlay(RadarView{.entry = entry, .maxBlips = 40}.body(),
+    return overlay(RadarView{.entry = entry}.body(),
         {
             layer(Alignment::topLeading, caption(localized("%lldnm", {entry.wholeRadiusNM()}))),
             layer(Alignment::top, when(entry.aircraft.empty(), quietSky)),
@@ -61,7 +61,7 @@ View RadarWidgetView::captionedScope(const ScopePalette& palette) const
 View RadarWidgetView::scopeBesideList(const ScopePalette& palette) const
 {
     return HStack{.spacing = 12}({
-        RadarView{.entry = entry, .maxBlips = 40}.body(),
+        RadarView{.entry = entry}.body(),
         Frame{.maxWidth = unbounded, .align = Alignment::leading}(list(palette)),
     });
 }

@@ -44,7 +44,7 @@ View SkyBoardView::body() const
     });
     return VStack{.spacing = 10}({
         titleBar,
-        Frame{.maxHeight = unbounded}(RadarView{.entry = entry, .maxBlips = 40}.body()),
+        Frame{.maxHeight = unbounded}(RadarView{.entry = entry}.body()),
         list,
     });
 }
