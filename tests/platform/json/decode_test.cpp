@@ -1,10 +1,13 @@
 #include "platform/json/decode.h"
 
+#include "platform/json/value.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace skyvane {
@@ -138,6 +141,18 @@ TEST(JSONDecoding, escapedKeysAreTheKeysTheySpell)
     EXPECT_EQ(JSON::decodeText<Outer>(R"({"\u0072atio":2,"list":[]})").ratio, 2);
 }
 
+TEST(JSONDecoding, aTruthIsTrueOrFalseAndNothingElse)
+{
+    const auto truthIn = [](std::string_view text) {
+        const JSON::Document document{text};
+        return JSON::boolean(document.root());
+    };
+    EXPECT_TRUE(truthIn("true"));
+    EXPECT_FALSE(truthIn("false"));
+    for (const char* text : {"1", "0", "\"true\"", "null", "[]", "{}"})
+        EXPECT_THROW(truthIn(text), JSON::DecodingError) << text;
+}
+
 TEST(JSONDecoding, wholeNumbersMayBeWrittenInAnyWay)
 {
     EXPECT_EQ(integerIn("1500.0"), 1500);
@@ -232,7 +247,8 @@ TEST(JSONDecoding, whatNobodyReadsIsNoError)
 {
     const Outer outer{.ratio = 1, .list = {}};
     for (const char* text : {"18446744073709551616", "-9223372036854775809", "99999999999999999999", "1e999",
-             "-1e999", "-0", "1e-400", R"("\ud800")", R"("\udc00\ud800 \" ")", R"([{"\ud800":[1e999]}])"})
+             "-1e999", "-0", "1e-400", R"("\ud800")", R"("\udc00\ud800 \" ")", R"("\udfff")",
+             R"("\udbff\ue000")", R"([{"\ud800":[1e999]}])"})
         EXPECT_EQ(JSON::decodeText<Outer>(
                       std::string{R"({"x":)"} + text + R"(,"ratio":1,"list":[],"y":)" + text + "}"),
             outer)

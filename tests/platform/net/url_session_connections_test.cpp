@@ -34,6 +34,15 @@ TEST_F(UrlSessionConnections, anotherHostHasOneOfItsOwn)
     EXPECT_EQ(server.connectionCount(), 2U);
 }
 
+TEST_F(UrlSessionConnections, onlyTheLastOneIsKept)
+{
+    server.answer("/", {.body = "here"});
+    get();
+    get(request("https://other.test/"));
+    get();
+    EXPECT_EQ(server.connectionCount(), 3U);
+}
+
 TEST_F(UrlSessionConnections, aCopyOfTheSessionSharesThem)
 {
     server.answer("/", {.body = "here"});

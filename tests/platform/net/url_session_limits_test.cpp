@@ -34,6 +34,15 @@ TEST_F(UrlSessionTest, boundsABodyThatNeverEnds)
     EXPECT_THAT(failure(), HasSubstr("longer than 8 MiB"));
 }
 
+TEST_F(UrlSessionTest, keepsNoRoomForABodyOfAnAbsurdAnnouncedLength)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\nContent-Length: 9000000000000000000\r\n\r\nall of it");
+        connection.close();
+    });
+    EXPECT_EQ(problem(), TransferProblem::cut);
+}
+
 TEST_F(UrlSessionTest, boundsABodyThatIsSmallOnlyWhileCompressed)
 {
     server.handle("/", [](const auto&, Connection& connection) {

@@ -58,6 +58,7 @@ TEST(Localized, numbersReplaceThePlaceholdersInOrder)
     EXPECT_EQ(localized("%lld AIRCRAFT · %lld NM", {1000, -3}), "1000 AIRCRAFT · -3 NM");
     EXPECT_EQ(localized("%lld of %lld", {7}), "7 of %lld");
     EXPECT_EQ(localized("none", {7}), "none");
+    EXPECT_EQ(localized("100 % of %lld", {7}), "100 % of 7");
 }
 
 TEST(Localized, numberedPlaceholdersMayStandInAnyOrder)

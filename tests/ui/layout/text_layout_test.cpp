@@ -47,6 +47,7 @@ TEST(TextLayout, anEmptyTextIsOneLineHighAndHasNoWidth)
 {
     EXPECT_EQ(laidOut(tenPointText(""), 100).size(), (Size{.width = 0, .height = 10}));
     EXPECT_EQ(laidOut(tenPointText("", 1), 0).size(), (Size{.width = 0, .height = 10}));
+    EXPECT_EQ(laidOut(tenPointText("", 1, 0.5), 0).size(), (Size{.width = 0, .height = 10}));
 }
 
 TEST(TextLayout, trackingFollowsEveryCharacter)
@@ -151,6 +152,7 @@ TEST(TextLayout, oneCharacterALineIsTheNarrowest)
 {
     EXPECT_THAT(lines(tenPointText("a bcd"), 0), ElementsAre("a", "b", "c", "d"));
     EXPECT_THAT(lines(tenPointText("abc"), 1), ElementsAre("a", "b", "c"));
+    EXPECT_THAT(lines(tenPointText("a\n\nb"), 0), ElementsAre("a", "", "b"));
 }
 
 TEST(TextLayout, lineBreaksInTheTextAreKept)
@@ -190,6 +192,16 @@ TEST(TextLayout, severalLinesShrinkUntilAllFits)
     EXPECT_THAT(block.lines.size(), 2U);
     EXPECT_EQ(block.lines.at(1).string, "three four");
     EXPECT_THAT(block.face.size, DoubleNear(8, 0.05));
+}
+
+TEST(TextLayout, severalLinesAreAtMostATwentyFifthOfAPointSmallerThanTheyMust)
+{
+    for (double width = 31; width < 60; width += 0.7) {
+        const double needed = width / 6; // By "three four", which has ten characters.
+        const double size = laidOut(tenPointText("one two three four", 2, 0.5), width).face.size;
+        EXPECT_GT(size, needed - 0.04) << width;
+        EXPECT_LT(size, needed + 0.002) << width; // The layout's tolerance.
+    }
 }
 
 TEST(TextLayout, aLimitBelowOneCountsAsOne)
