@@ -5,7 +5,6 @@
 #include "platform/text/locale.h"
 #include "platform/text/unicode.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -28,7 +27,7 @@ std::string compassPoint(double degrees)
     const double sector = std::fmod((degrees + 11.25) / 22.5, 16);
     if (!(sector > 0))
         return points.front();
-    return points[std::min(static_cast<std::size_t>(sector), points.size() - 1)];
+    return points[static_cast<std::size_t>(sector)];
 }
 
 const std::unordered_set<std::string>& helicopterTypes()
