@@ -33,7 +33,11 @@ private:
 /// Runs cancellable tasks on threads beside the event loop's, in which it lives.
 class Errands {
 public:
-    Errands() { m_threads.setMaxThreadCount(8); }
+    Errands()
+    {
+        m_threads.setMaxThreadCount(8);
+        m_threads.setExpiryTimeout(0); // A thread that waited for more work would wake up to end.
+    }
 
     /// Runs `work(std::stop_token)`, which throws nothing, on another thread, and hands its result to `done`
     /// in the event loop, unless it was cancelled by then.

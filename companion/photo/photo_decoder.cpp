@@ -26,6 +26,7 @@ PhotoDecoder::PhotoDecoder() : PhotoDecoder(decodePhoto) { }
 PhotoDecoder::PhotoDecoder(Decode decode) : m_decode(std::move(decode))
 {
     m_thread.setMaxThreadCount(1);
+    m_thread.setExpiryTimeout(0); // A thread that waited for more work would wake up to end.
 }
 
 QImage PhotoDecoder::image(std::string bytes, const std::stop_token& stop)

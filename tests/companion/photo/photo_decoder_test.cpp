@@ -2,8 +2,11 @@
 #include "companion/photo/photo_decoder.h"
 #include "platform/net/url_session.h"
 #include "tests/companion/companion_stage.h"
+#include "tests/support/process_status.h"
 
 #include <QApplication>
+
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -58,6 +61,20 @@ TEST(PhotoDecoder, aPhotographIsDecodedAsItIsAskedFor)
     PhotoDecoder decoder{onePixel};
     EXPECT_EQ(decoder.image("bytes", {}).size(), QSize(1, 1));
     EXPECT_TRUE(test::waitFor([&] { return decoder.isIdle(); }));
+}
+
+TEST(PhotoDecoder, itsThreadEndsWithTheDecodingAndWakesNobodyUpLater)
+{
+    const auto threads = [] { return test::ProcessStatus::number(getpid(), "Threads"); };
+    std::size_t during = 0;
+    PhotoDecoder decoder{[&](std::string_view bytes) {
+        during = threads();
+        return onePixel(bytes);
+    }};
+    const std::size_t before = threads();
+    decoder.image("bytes", {});
+    EXPECT_EQ(during, before + 1);
+    EXPECT_TRUE(test::waitFor([&] { return threads() == before; }, 10s));
 }
 
 TEST(PhotoDecoder, whoeverWaitsCanBeCalledOffAtOnce)
