@@ -247,7 +247,7 @@ TEST(JSONDecoding, whatNobodyReadsIsNoError)
 {
     const Outer outer{.ratio = 1, .list = {}};
     for (const char* text : {"18446744073709551616", "-9223372036854775809", "99999999999999999999", "1e999",
-             "-1e999", "-0", "1e-400", R"("\ud800")", R"("\udc00\ud800 \" ")", R"("\udfff")",
+             "-1e999", "-0", "1e-400", R"("\ud800")", R"("\udc00\ud800 \" ")", R"("\udfff")", R"("a\udc00b")",
              R"("\udbff\ue000")", R"([{"\ud800":[1e999]}])"})
         EXPECT_EQ(JSON::decodeText<Outer>(
                       std::string{R"({"x":)"} + text + R"(,"ratio":1,"list":[],"y":)" + text + "}"),

@@ -20,6 +20,12 @@ TEST_F(UrlSessionTest, givesStatusAndBody)
     EXPECT_EQ(server.requests()[0].header("host"), "example.test");
 }
 
+TEST_F(UrlSessionTest, asksForThePathAsItStands)
+{
+    get(request("https://example.test/a/../b/./c"));
+    EXPECT_EQ(server.requests().at(0).target, "/a/../b/./c");
+}
+
 TEST_F(UrlSessionTest, keepsEveryByteOfABody)
 {
     std::string body(3 * mebibyte, '\0');

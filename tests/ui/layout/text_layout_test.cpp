@@ -142,6 +142,12 @@ TEST(TextLayout, trailingBlanksOfAWrappedLineHaveNoWidth)
     EXPECT_EQ(laidOut(tenPointText("ab   cd"), 12).size(), (Size{.width = 12, .height = 20}));
 }
 
+TEST(TextLayout, blanksAtTheEndOfATextStayWhereTheyFit)
+{
+    EXPECT_THAT(lines(tenPointText("one two  "), 30), ElementsAre("one", "two  "));
+    EXPECT_THAT(lines(tenPointText("one two  "), 24), ElementsAre("one", "two"));
+}
+
 TEST(TextLayout, aWordWiderThanTheLineBreaksBetweenCharacters)
 {
     EXPECT_THAT(lines(tenPointText("an Airspeed"), 24), ElementsAre("an", "Airs", "peed"));
