@@ -172,6 +172,17 @@ TEST(Archive, refusesATreeDeeperThan64Nodes)
             json += R"({"type":"frame","child":)";
         return json + R"({"type":"spacer"})" + std::string(static_cast<std::size_t>(frames), '}');
     };
+    const auto stacked = [](int stacks) {
+        std::string json;
+        for (int index = 0; index < stacks; ++index)
+            json += R"({"type":"vstack","children":[)";
+        json += R"({"type":"spacer"})";
+        for (int index = 0; index < stacks; ++index)
+            json += "]}";
+        return json;
+    };
+    EXPECT_EQ(errorOf(stacked(63)), "no error");
+    EXPECT_NE(errorOf(stacked(64)).find("nested deeper than 64 nodes"), std::string::npos);
     EXPECT_EQ(errorOf(nested(63)), "no error");
     EXPECT_NE(errorOf(nested(64)).find("nested deeper than 64 nodes"), std::string::npos);
 }
