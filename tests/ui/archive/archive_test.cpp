@@ -60,6 +60,8 @@ std::vector<Case> cases()
                 .foreground(red)
                 .rotated(-45),
             R"({"type":"symbol","name":"house","font":{"style":"title3","weight":"bold"},"color":[1,0,0,0.5],"rotation":-45})"},
+        {"a symbol with defaults", symbol("house").font({.size = 8}).foreground(red),
+            R"({"type":"symbol","name":"house","font":{"size":8},"color":[1,0,0,0.5]})"},
         {"a stack side by side",
             HStack{.spacing = 5, .align = VerticalAlignment::top}({a, spacer(), spacer(4)}),
             R"({"type":"hstack","spacing":5,"align":"top","children":[{"type":"text","text":"a","font":{"size":8},)"
