@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QThreadPool>
 #include <QTranslator>
 
 #include <iostream>
@@ -32,6 +33,9 @@ int main(int argc, char* argv[])
     skyvane::useCatalogues(skyvane::Programs::catalogues(skyvane::Programs::ownFolder().parent_path()));
     int programNameOnly = 1;
     const auto application = skyvane::Display{"skyvane"}.open<QApplication>(programNameOnly, argv);
+    // The toolkit paints on this pool. Its threads wait for more only while something moves: half a minute,
+    // as it is, and they would wake up to end while the companion rests.
+    QThreadPool::globalInstance()->setExpiryTimeout(100);
     QApplication::setApplicationName(QStringLiteral("skyvane"));
     QApplication::setApplicationDisplayName(QStringLiteral("Skyvane"));
     QApplication::setDesktopFileName(skyvane::BusName::companion());
