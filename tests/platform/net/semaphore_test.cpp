@@ -23,9 +23,9 @@ TEST(Semaphore, permitsSoManyAtOnceAndInTheEndEverybody)
     std::atomic<int> inside = 0;
     std::atomic<int> mostInside = 0;
     std::atomic<int> permitted = 0;
-    std::vector<std::jthread> threads;
-    for (int index = 0; index < 8; ++index) {
-        threads.emplace_back([&] {
+    std::vector<std::jthread> threads(8);
+    for (std::jthread& thread : threads) {
+        thread = std::jthread([&] {
             for (int turn = 0; turn < 100; ++turn) {
                 const Permit permit{semaphore, {}};
                 permitted += permit ? 1 : 0;

@@ -27,7 +27,7 @@ Locale in(const std::map<std::string, std::string>& environment)
         const auto set = environment.find(name);
         setenv(name, set != environment.end() ? set->second.c_str() : "", /*overwrite=*/1);
     }
-    const Locale locale = Locale::current();
+    Locale locale = Locale::current();
     for (const char* name : {"LC_ALL", "LC_NUMERIC", "LC_TIME"})
         unsetenv(name);
     setenv("LANG", "C.UTF-8", /*overwrite=*/1); // As it is for every test.

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -15,9 +18,8 @@ std::vector<std::size_t> forms(const std::string& expression, const std::vector<
 {
     const PluralRule rule{
         "Language: xx\nPlural-Forms: nplurals=6; plural=" + expression + ";\nMIME-Version: 1.0\n"};
-    std::vector<std::size_t> forms;
-    for (const std::uint64_t count : counts)
-        forms.push_back(rule.form(count));
+    std::vector<std::size_t> forms(counts.size());
+    std::ranges::transform(counts, forms.begin(), [&](std::uint64_t count) { return rule.form(count); });
     return forms;
 }
 
