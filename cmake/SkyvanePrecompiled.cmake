@@ -24,6 +24,14 @@ function(skyvane_precompiled_set name)
 endfunction()
 
 if(SKYVANE_PRECOMPILED)
+    # A package keeps its files' dates, so that a newer version's headers look older than what was made of them: its version says it.
+    execute_process(COMMAND dpkg-query -W "*-dev" OUTPUT_VARIABLE packages ERROR_QUIET)
+    string(SHA256 versions "${packages}")
+    string(SUBSTRING ${versions} 0 16 versions)
+    set(versions_header ${PROJECT_BINARY_DIR}/precompiled/packages-${versions}.h)
+    file(CONFIGURE OUTPUT ${versions_header} CONTENT "#pragma once\n")
+    list(PREPEND core_headers ${versions_header})
+
     set(qt_libraries Qt6::DBus Qt6::Widgets)
     skyvane_precompiled_set(core HEADERS ${core_headers} LIBRARIES nlohmann_json::nlohmann_json simdjson::simdjson)
     skyvane_precompiled_set(qt HEADERS ${core_headers} ${qt_headers} LIBRARIES nlohmann_json::nlohmann_json simdjson::simdjson ${qt_libraries})
