@@ -1,151 +1,15 @@
 #include "platform/json/exact_number.h"
 
 #include "platform/json/decimal.h"
+#include "platform/json/number_text.h"
 
-#include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <cstring>
 #include <random>
 
 namespace skyvane::JSON::Exact {
 
 namespace {
-
-constexpr std::size_t shortestRun = 15; ///< Digits and point of a number that a double may round.
-
-bool isDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
-
-bool isMantissa(char character)
-{
-    return isDigit(character) || character == '.';
-}
-
-bool isExponentMark(char character)
-{
-    return character == 'e' || character == 'E';
-}
-
-std::size_t pastDigits(std::string_view text, std::size_t at)
-{
-    while (at < text.size() && isDigit(text[at]))
-        ++at;
-    return at;
-}
-
-char at(std::string_view text, std::size_t place)
-{
-    return place < text.size() ? text[place] : ' ';
-}
-
-/// Past the number that stands there; where it begins when there is none to the letter of JSON.
-std::size_t endOfNumber(std::string_view text, std::size_t start)
-{
-    const std::size_t whole = start + (at(text, start) == '-' ? 1 : 0);
-    std::size_t end = at(text, whole) == '0' ? whole + 1 : pastDigits(text, whole);
-    if (end == whole)
-        return start;
-    if (at(text, end) == '.' && isDigit(at(text, end + 1)))
-        end = pastDigits(text, end + 1);
-    if (isExponentMark(at(text, end))) {
-        const bool hasSign = at(text, end + 1) == '-' || at(text, end + 1) == '+';
-        const std::size_t power = end + (hasSign ? 2 : 1);
-        if (isDigit(at(text, power)))
-            end = pastDigits(text, power);
-    }
-    return end;
-}
-
-/// What a reader of the double alone would take it for.
-std::optional<std::int64_t> rounded(double value)
-{
-    constexpr double limit = 9223372036854775808.0; // 2^63
-    if (value != std::trunc(value) || value < -limit || value >= limit)
-        return std::nullopt;
-    return static_cast<std::int64_t>(value);
-}
-
-/// Whether the parser refuses it or gives a double that tells otherwise than the text whether, and which,
-/// whole number it is.
-bool isOdd(std::string_view number)
-{
-    if (number == "-0")
-        return true;
-    const auto exact = Decimal::of(number).wholeNumber();
-    if (number.find_first_of(".eE") == std::string_view::npos)
-        return !exact;
-    double nearest = 0;
-    const auto outcome = std::from_chars(number.data(), number.data() + number.size(), nearest).ec;
-    return outcome != std::errc{} || rounded(nearest) != exact;
-}
-
-/// Where the digits begin that a place in a number belongs to, sign included.
-std::size_t startOfNumber(std::string_view text, std::size_t place)
-{
-    while (place > 0 && isMantissa(text[place - 1]))
-        --place;
-    return place - (place > 0 && text[place - 1] == '-' ? 1 : 0);
-}
-
-bool isOddNumberAt(std::string_view text, std::size_t start)
-{
-    const std::size_t end = endOfNumber(text, start);
-    return end > start && isOdd(text.substr(start, end - start));
-}
-
-/// Eight characters at once, in any order of bytes.
-struct Eight {
-    static constexpr std::uint64_t each = 0x0101010101010101;
-    static constexpr std::uint64_t high = each * 0x80;
-
-    std::uint64_t word = 0;
-
-    explicit Eight(const char* text) { std::memcpy(&word, text, sizeof word); }
-
-    /// All are between '.' and '9', the slash included.
-    bool areMantissa() const
-    {
-        return (((word + each * (0x7F - '9')) | (word - each * '.') | word) & high) == 0;
-    }
-
-    /// One is '-'; seldom, another.
-    bool haveMinus() const
-    {
-        const std::uint64_t others = word ^ each * '-';
-        return ((others - each) & ~others & high) != 0;
-    }
-};
-
-/// Whether a number that many digits make odd goes through the place; moves it to the end of the digits.
-bool isLongOddNumber(std::string_view text, std::size_t& place)
-{
-    const std::size_t start = startOfNumber(text, place);
-    while (place < text.size() && (isMantissa(text[place]) || text[place] == '/'))
-        ++place;
-    return place - start >= shortestRun && isOddNumberAt(text, start);
-}
-
-/// Whether the minus makes a zero with a sign, or a number that is too small to be told from zero.
-bool isOddMinus(std::string_view text, std::size_t minus)
-{
-    const char next = at(text, minus + 2);
-    if (at(text, minus + 1) == '0' && !isMantissa(next) && !isExponentMark(next))
-        return true;
-    const bool isExponent = minus >= 2 && isExponentMark(text[minus - 1]) && isMantissa(text[minus - 2]);
-    return isExponent && isOddNumberAt(text, startOfNumber(text, minus - 2));
-}
-
-bool hasOddMinus(std::string_view text, std::size_t start, std::size_t end)
-{
-    for (std::size_t place = start; place < std::min(end, text.size()); ++place) {
-        if (text[place] == '-' && isOddMinus(text, place))
-            return true;
-    }
-    return false;
-}
 
 /// Past the closing quote of the string that opens at `start`; past the text's end when there is none.
 std::size_t endOfString(std::string_view text, std::size_t start)
@@ -222,7 +86,7 @@ std::optional<std::string> replacement(std::string_view token)
     }
     if (token == "-0")
         return "-0.0";
-    return isOdd(token) ? std::optional{kept(numberKind, token)} : std::nullopt;
+    return NumberText::isOdd(token) ? std::optional{kept(numberKind, token)} : std::nullopt;
 }
 
 /// Absent for any other string.
@@ -235,36 +99,21 @@ std::optional<std::string_view> numberToken(std::string_view string)
 
 } // namespace
 
-bool mayBeRounded(std::string_view text)
-{
-    constexpr std::size_t step = sizeof(Eight); // A run of 15 digits holds eight from one of these places on.
-    std::size_t place = 0;
-    while (place + step <= text.size()) {
-        const Eight next{text.data() + place};
-        if (next.haveMinus() && hasOddMinus(text, place, place + step))
-            return true;
-        std::size_t end = place;
-        if (next.areMantissa() && isLongOddNumber(text, end))
-            return true;
-        place = std::max(place + step, end - end % step);
-    }
-    return hasOddMinus(text, place, text.size());
-}
-
 std::optional<std::string> withTokensKept(std::string_view text)
 {
     std::string result;
     std::size_t done = 0;
     for (std::size_t place = 0; place < text.size();) {
-        const std::size_t end = text[place] == '"' ? endOfString(text, place) : endOfNumber(text, place);
+        const std::size_t end = text[place] == '"' ? endOfString(text, place) : NumberText::end(text, place);
         if (end > text.size())
             break;
         if (end <= place + 1) {
             ++place;
             continue;
         }
-        const auto instead
-            = isMantissa(at(text, end)) ? std::nullopt : replacement(text.substr(place, end - place));
+        const auto instead = NumberText::isMantissa(NumberText::at(text, end))
+            ? std::nullopt
+            : replacement(text.substr(place, end - place));
         if (instead) {
             result.append(text.substr(done, place - done)).append(*instead);
             done = end;
