@@ -7,17 +7,17 @@
 
 class QPainter;
 
-/// The pixels that a painter paints on, whatever it takes for a unit.
+/// The pixels of the device that a painter paints on, whatever the painter's own unit is.
 namespace skyvane::DevicePixels {
 
-/// What the painter maps a rectangle to, a soft edge included, as far as that is seen.
+/// The pixels that a rectangle covers, partly covered ones at its edges included, clipped to the device.
 QRect visible(const QPainter& painter, const QRectF& rect);
 
-/// How many pixels make a unit; absent where there are none, as in a drawing of lines, or where an upright
-/// square of the painter's is none in them.
+/// How many pixels make one of the painter's units. Absent for a vector device such as an SVG file, and for a
+/// transform that rotates, shears, or scales width and height differently.
 std::optional<double> scale(const QPainter& painter);
 
-/// The painter's transform under which its unit is a pixel.
+/// The transform to give the painter so that one of its units is one pixel.
 QTransform transform(const QPainter& painter);
 
 } // namespace skyvane::DevicePixels

@@ -16,15 +16,15 @@
 
 namespace skyvane {
 
-/// Whether a glyph's shape bends to the pixels; its advance never does.
+/// Whether a glyph's outline is fitted to the pixel grid (hinting). Its advance never is.
 enum class Hinting {
     none,
     usual, ///< As the user's settings of font rendering have it, in most cases slightly: up and down only.
 };
 
 /// The system's fonts: its interface family and its fixed-width one, looked up once. Measured unhinted, so
-/// that a width holds at every scale and grows with the size. Needs a QGuiApplication; used from its thread
-/// only.
+/// that a text's width is proportional to its size at every scale of the screen. Needs a QGuiApplication;
+/// used from its thread only.
 class FontMeasurer : public TextMeasurer {
 public:
     FontMeasurer();
@@ -32,25 +32,25 @@ public:
     double width(std::string_view text, const FontFace& face, double tracking) const override;
     LineMetrics lineMetrics(const FontFace& face) const override;
 
-    /// The glyphs of one line from its baseline's beginning at (0, 0), in the unit of the face's size. Hinted
-    /// ones want it to be a pixel.
+    /// The glyphs of one line whose baseline begins at (0, 0), in the unit of the face's size. With hinting
+    /// that unit must be a pixel.
     QList<QGlyphRun> glyphs(
         std::string_view text, const FontFace& face, double tracking, Hinting hinting = Hinting::none) const;
 
 private:
-    /// One line at the shaping size.
+    /// A line of text shaped once at a fixed size, and scaled from there.
     struct ShapedLine {
         double width;
-        QList<QGlyphRun> runs; ///< From its baseline's beginning.
+        QList<QGlyphRun> runs; ///< Relative to where its baseline begins.
     };
 
-    /// A face at the shaping size.
+    /// A face at that fixed size.
     struct ShapingFace {
         QFont font;
         LineMetrics metrics;
     };
 
-    /// Holds the pictures of its glyphs, so that they are drawn once only.
+    /// A font at a size that was painted. Kept, for it caches the images of its glyphs.
     struct ScaledFont {
         QRawFont shaped;
         double scale;

@@ -6,8 +6,8 @@
 
 namespace skyvane {
 
-/// The outline of a pictogram in the unit square about the origin, filled; null for a name that there is none
-/// for. "airplane" points to the right.
+/// The outline of a pictogram, to be filled: in a square of side 1 whose centre is the origin. "airplane"
+/// points to the right. Null for an unknown name.
 const QPainterPath* pictogramOutline(std::string_view name);
 
 } // namespace skyvane

@@ -8,10 +8,11 @@
 
 namespace skyvane {
 
-/// Of a picture: as a widget's card has them on the desktop, or none.
+/// A picture's corners: round as on the desktop, with transparent pixels beside them, or square.
 enum class Corners { round, square };
 
-/// The list over its background, `scale` pixels a point: its size times the scale, rounded.
+/// Paints the list over its background with `scale` pixels a point. The picture's width and height are the
+/// list's times the scale, rounded.
 QImage renderImage(const DisplayList& list, const Color& background, double scale, const FontMeasurer& fonts,
     Corners corners = Corners::square);
 
@@ -20,8 +21,8 @@ struct SvgLabels {
     QString description{};
 };
 
-/// The list as an SVG drawing whose view box is in points, and whose natural size is as many pixels. Text is
-/// drawn as outlines.
+/// Writes the list over its background as an SVG drawing. Its view box is in points, its natural size as many
+/// pixels; text is drawn as outlines, so that no font is needed to show it.
 QByteArray renderSvg(const DisplayList& list, const Color& background, const SvgLabels& labels,
     const FontMeasurer& fonts, Corners corners = Corners::square);
 

@@ -13,13 +13,13 @@ class QPainter;
 namespace skyvane::WidgetCard {
 
 inline constexpr double cornerRadius = 22; ///< Points.
-inline constexpr Color emptyBackground{0.04, 0.05, 0.06}; ///< Of one that has nothing to show yet.
+inline constexpr Color emptyBackground{0.04, 0.05, 0.06}; ///< Of a card before its first content.
 
 QSize sizeOf(WidgetFamily family);
 
 void paint(const DisplayList& list, const Color& background, QPainter& painter, const FontMeasurer& fonts);
 
-/// Paints a ring just inside the frame.
+/// Paints the keyboard's focus ring just inside the frame.
 void paintFocus(const QRectF& frame, double radius, QPainter& painter);
 
 /// The mark in a widget's corner.

@@ -93,7 +93,8 @@ void Output::run()
 bool Output::send(std::string_view bytes)
 {
     while (!bytes.empty()) {
-        // So much never waits once a pipe has room, however long its reader sleeps.
+        // A pipe that is ready takes PIPE_BUF bytes without blocking, whether or not its reader goes on
+        // reading.
         const ssize_t count = waitForRoom()
             ? ::write(m_output, bytes.data(), std::min<std::size_t>(bytes.size(), PIPE_BUF))
             : 0;
