@@ -9,9 +9,12 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QPixmapCache>
 #include <QThreadPool>
+#include <QTimer>
 #include <QTranslator>
 
+#include <chrono>
 #include <iostream>
 
 namespace {
@@ -36,10 +39,15 @@ int main(int argc, char* argv[])
     // The toolkit paints on this pool. Its threads wait for more only while something moves: half a minute,
     // as it is, and they would wake up to end while the companion rests.
     QThreadPool::globalInstance()->setExpiryTimeout(100);
+    // Its cache of pictures has a timer that would wake the program up, too, half a minute after it painted.
+    QPixmapCache::setCacheLimit(0);
     QApplication::setApplicationName(QStringLiteral("skyvane"));
     QApplication::setApplicationDisplayName(QStringLiteral("Skyvane"));
     QApplication::setDesktopFileName(skyvane::BusName::companion());
-    QApplication::setWindowIcon(QIcon::fromTheme(skyvane::BusName::companion()));
+    // Looking up an icon reads every theme's folders, which takes as long as making the window; it can come
+    // after it.
+    QTimer::singleShot(std::chrono::milliseconds{300},
+        [] { QApplication::setWindowIcon(QIcon::fromTheme(skyvane::BusName::companion())); });
     QTranslator words;
     if (words.load(QLocale{}, QStringLiteral("qtbase"), QStringLiteral("_"),
             QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
