@@ -1,0 +1,108 @@
+"""What the user's hand does to the widgets."""
+
+import time
+
+from scene import MAGENTA
+from session import Failure, eventually, need
+
+HEXES = ("407a2c", "4ca9e1", "40663d", "3c65cf", "406c1b")  # Of the board's rows.
+
+
+def focus(scene):
+    """A drag and a click leave the keyboard to the window that one types in."""
+    editor = scene.open_editor("wide")
+    if not scene.is_typed("a"):
+        raise Failure("the window that just opened has no keyboard")
+    row = scene.row(1)
+    scene.session.drag(row, (row[0] - 3, row[1]), steps=3)  # Too short to move it.
+    scene.session.click(row, button=2)
+    is_kept = scene.is_typed("b")
+    scene.close_editor(editor)
+    if not is_kept:
+        raise Failure("a click with the middle button takes the keyboard from the window that one types in")
+
+
+def opened(scene, row, limit=15):
+    """Whether the companion asks for the photo of the aircraft in that row."""
+    return eventually(lambda: f"/hex/{HEXES[row]}" in scene.asked().lower(), limit)
+
+
+def link(scene):
+    """A click on a row opens that aircraft in the companion, which was not running."""
+    scene.session.click(scene.row(1))
+    if not opened(scene, 1):
+        scene.session.keep("link")
+        raise Failure("a click on the second row opens nothing")
+    scene.session.settled(5)
+    scene.session.keep("companion")
+
+
+def front(scene):
+    """A click on another row brings the companion to the front from behind a window."""
+    if "/hex/" not in scene.asked():
+        return "no link opens"
+    editor = scene.open_editor("wide")
+    time.sleep(1)
+    extent = scene.editor_extent()
+    before = scene.session.picture().share_of(MAGENTA, extent)
+    if before < 0.9:
+        scene.session.keep("front-before")
+        raise Failure(f"a new window is not in front: {before:.0%} of it to be seen")
+    scene.session.click(scene.row(3))
+    try:
+        if not opened(scene, 3):
+            raise Failure("a click on the fourth row opens nothing")
+        if not eventually(lambda: scene.session.picture().share_of(MAGENTA, extent) < before - 0.2, 5):
+            raise Failure("the companion stays behind the window")
+    finally:
+        scene.session.keep("front")
+        scene.end_companion()
+        scene.close_editor(editor)
+    return None
+
+
+def drag(scene):
+    """A widget follows the pointer, and stands where it is dropped, on its grid."""
+    box = scene.places["nearest"]
+    across, down = -812, 402
+    halves = []
+    start = box.middle
+    before = scene.session.settled(3)
+    scene.session.drag(start, (start[0] + across, start[1] + down), at_half=lambda: halves.append(scene.session.picture()))
+    wanted = {"in the middle of a drag": box.moved(across // 2, down // 2), "after a drag": box.moved(across, down)}
+    for (when, place), picture in zip(wanted.items(), (*halves, scene.session.settled(3))):
+        stands = [change for change in picture.changes(before) if change.size == box.size and change != box]
+        if stands != [scene.snapped(place)]:
+            scene.session.keep("drag")
+            raise Failure(f"{when} at {', '.join(map(str, stands)) or 'no place'}, not {scene.snapped(place)}")
+    scene.places["nearest"] = stands[0]
+    scene.look()
+
+
+def open_menu(scene, place):
+    """Its box on the screen."""
+    before = scene.session.settled(3)
+    scene.session.click(place, button=3)
+
+
+    def menus():
+        return [box for box in scene.session.picture().changes(before) if min(box.size) > 80]
+
+    found = need(menus, "no menu", 5)
+    scene.session.settled(2)
+    found = menus()
+    scene.session.keep(f"menu-{len(list(scene.session.results.glob('menu-*.png')))}")
+    scene.session.press_key("Escape")
+    if not eventually(lambda: not menus(), 2):
+        scene.session.click((300, 500))
+        need(lambda: not menus(), "the menu stays", 3)
+    return max(found, key=lambda box: box.size[0] * box.size[1])
+
+
+def menu(scene):
+    """A menu at the screen's edge is as large as one in its middle."""
+    board, nearest = scene.places["board"], scene.places["nearest"]
+    whole = open_menu(scene, nearest.middle)
+    at_edge = open_menu(scene, (board.right - 6, board.bottom - 40))
+    if any(is_edge < is_whole - 16 for is_edge, is_whole in zip(at_edge.size, whole.size)):
+        raise Failure(f"{at_edge} of a menu of {whole.size[0]}x{whole.size[1]} is on the screen")

@@ -1,0 +1,119 @@
+"""What stands on the desktop while it is asked about."""
+
+import os
+import pathlib
+import re
+import signal
+import time
+
+import buses
+from picture import Box
+from session import Failure, eventually, need
+
+SIZES = {"nearest": (170, 170), "radar": (364, 170), "board": (364, 382)}
+MAGENTA = 0xFF00FF
+GRID = 8  # To which a dropped widget snaps.
+
+
+class Scene:
+    def __init__(self, session, desktop, world):
+        self.session, self.desktop = session, desktop
+        self.asked_file = pathlib.Path(world) / "asked"
+        self.typed_file = session.home / "typed"
+        self.places = {}  # Where the widgets stand.
+        self.editor_count = 0
+
+    # The widgets
+
+    def start_widgets(self):
+        """Until they have their first sky."""
+        self.bare = self.session.settled()
+        self.session.start("host", "skyvane-host")
+        need(lambda: "/v2/point" in self.asked(), f"the feed is not asked: {self.session.words_of('host')[-300:]}", 30)
+        time.sleep(1)
+        self.picture = self.session.settled()
+
+    def find_widgets(self):
+        """By what has changed since there were none."""
+        boxes = self.picture.changes(self.bare)
+        found = {name: [box for box in boxes if box.size == size] for name, size in SIZES.items()}
+        if any(len(places) != 1 for places in found.values()):
+            raise Failure(f"not three widgets of their sizes, but changes at {', '.join(map(str, boxes)) or 'no place'}")
+        self.places = {name: places[0] for name, places in found.items()}
+
+    def look(self):
+        """Takes what is to be seen now as what the widgets look like."""
+        self.picture = self.session.settled()
+
+    def seen(self, name, now=None):
+        """How much of a widget's picture is there, from 0 to 1. Its time may have changed, its card has not."""
+        return (now or self.session.picture()).likeness(self.picture, self.places[name])
+
+    def all_seen(self, limit=3):
+        """Names of the widgets that do not come to be seen."""
+        eventually(lambda: all(self.seen(name) > 0.9 for name in self.places), limit)
+        return [name for name in self.places if self.seen(name) <= 0.9]
+
+    def expect_all_seen(self, when):
+        if hidden := self.all_seen():
+            raise Failure(f"{', '.join(hidden)} not to be seen {when}")
+
+    def row(self, number, from_right=60):
+        """The middle of a row of the board, near its right end."""
+        board = self.places["board"]
+        return board.right - from_right, board.top + (290, 307, 325, 342, 360)[number]
+
+    # The companion
+
+    def end_companion(self):
+        bus = "org.freedesktop.DBus"
+        answer = buses.call(self.session, bus, "/", f"{bus}.GetConnectionUnixProcessID", "org.skyvane.Companion")
+        if found := re.search(r"uint32 (\d+)", answer):
+            os.kill(int(found.group(1)), signal.SIGTERM)
+        self.session.settled(3)
+
+    # The services
+
+    def asked(self):
+        return self.asked_file.read_text()
+
+    # An ordinary window
+
+    def open_editor(self, extent):
+        """Until it covers what it is to cover. The name it is opened by."""
+        self.editor_count += 1
+        name = f"editor-{self.editor_count}"
+        here = pathlib.Path(__file__).parent
+        title = "Editor, wide" if extent == "wide" else "Editor"
+        self.session.start(name, str(here / "editor"), str(self.typed_file), title, extent)
+        need(lambda: (where := self.editor_extent()) and where.size[0] >= 1290, f"the {extent} editor is not on the screen")
+        self.session.settled(3)
+        return name
+
+    def editor_extent(self):
+        return self.session.picture().extent(MAGENTA)
+
+    def close_editor(self, name):
+        self.session.stop(name)
+        eventually(lambda: not self.editor_extent(), 5)
+
+    def tidy(self):
+        """Leaves nothing but the widgets."""
+        for name in [name for name in self.session.processes if name.startswith("editor-")]:
+            self.close_editor(name)
+        self.end_companion()
+
+    def typed(self):
+        return self.typed_file.read_text() if self.typed_file.exists() else ""
+
+    def is_typed(self, letter):
+        """Whether that key reaches the editor."""
+        before = self.typed().count(letter)
+        self.session.press_key(letter)
+        return bool(eventually(lambda: self.typed().count(letter) > before, 2))
+
+    def snapped(self, box):
+        """Where a widget that is dropped there comes to stand, far from others."""
+        area = self.desktop.work_area(self.session)
+        left, top = (start + GRID * round((edge - start) / GRID) for edge, start in ((box.left, area.left), (box.top, area.top)))
+        return Box(left, top, left + box.size[0], top + box.size[1])

@@ -1,0 +1,12 @@
+"""The desktops, in the table's order."""
+
+import importlib
+
+NAMES = (
+    "openbox", "xfwm4", "xfce", "mate", "muffin", "plasma_x11", "gnome_x11", "gnome_wayland", "i3", "awesome", "sway",
+    "gnome48", "plasma6", "sway110", "labwc",
+)  # fmt: skip
+
+
+def find(name):
+    return importlib.import_module(f"started.{name}").This()

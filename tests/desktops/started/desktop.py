@@ -1,0 +1,109 @@
+"""What the bench has to know of a desktop. A file beside this one is one desktop: a class of it named This."""
+
+import pathlib
+
+import x11
+from picture import Box
+from session import need
+
+LISTED_WITHOUT = ("_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER")
+DEMANDING = "_NET_WM_STATE_DEMANDS_ATTENTION"
+X_SOCKETS = pathlib.Path("/tmp/.X11-unix")
+
+
+class Desktop:
+    title = ""
+    suite = "bookworm"  # The Debian whose packages it comes from.
+    packages = ()
+    variables = {}  # That a log-in to it sets.
+    has_services = True  # Its own, on the message bus.
+    tiles = False  # Its windows stand side by side.
+    flaws = {}  # What is the desktop's own fault, by behaviour: why, in the words of its own that show it.
+    without = {}  # What it does not have, by behaviour: what that is.
+
+    def start(self, session):
+        """Until windows can be opened on it."""
+        raise NotImplementedError
+
+    def work_area(self, session):
+        """The room that panels leave."""
+        left, top, width, height = x11.work_area(session)
+        return Box(left, top, left + width, top + height)
+
+    def show_desktop(self, session, is_shown):
+        x11.show_desktop(session, is_shown)
+
+    def go_to_workspace(self, session, number):
+        x11.go_to_workspace(session, number)
+
+    def listed(self, session):
+        """Words about every widget that a task bar, pager or switcher would show, or that asks for attention."""
+        words = []
+        for window in x11.widgets(session):
+            words += [f"{window.title} lacks {state}" for state in LISTED_WITHOUT if state not in window.states]
+            if DEMANDING in window.states:
+                words.append(f"{window.title} has {DEMANDING}")
+        return words if x11.widgets(session) else ["no widget among _NET_CLIENT_LIST_STACKING"]
+
+    def restart(self, session):
+        """Ends what manages the windows as a crash would, and has it started again as the session would."""
+        raise NotImplementedError
+
+
+class XDesktop(Desktop):
+    """On an X server of its own."""
+
+    manager = ()  # The window manager's command.
+    others = {}  # Panels and the like: the log's name, the command.
+
+    def start(self, session):
+        session.start_x_server()
+        self.start_manager(session)
+        for name, command in self.others.items():
+            session.start(name, *command)
+
+    def start_manager(self, session):
+        session.start("manager", *self.manager)
+        need(lambda: x11.is_managed(session), "no window manager")
+
+    def restart(self, session):
+        session.processes.pop("manager").kill()
+        self.start_manager(session)
+
+
+class NestedDesktop(Desktop):
+    """A Wayland compositor in a window that covers an X server's screen."""
+
+    compositor = ()
+    is_wayland = True
+
+    def prepare(self, session):
+        """Files that it reads at its start."""
+
+    def start(self, session):
+        session.start_x_server()
+        self.prepare(session)
+        self.start_compositor(session)
+
+    def start_compositor(self, session):
+        before = self.sockets(session)
+        session.start("compositor", *self.compositor, DISPLAY=session.outside["DISPLAY"])
+        found = need(lambda: self.sockets(session) - before, f"no compositor: {session.words_of('compositor')[-300:]}")
+        session.environment["WAYLAND_DISPLAY"] = sorted(found)[0]
+        session.environment["XDG_SESSION_TYPE"] = "wayland"
+        need(lambda: any(session.picture().pixels), "the compositor shows nothing", 40)
+        self.meet_xwayland(session)
+
+    @staticmethod
+    def meet_xwayland(session):
+        """Its display, the newest, is that of programs that want one."""
+        displays = [path.name[1:] for path in sorted(X_SOCKETS.glob("X*"), key=lambda path: path.stat().st_mtime)]
+        others = [display for display in displays if f":{display}" != session.outside["DISPLAY"]]
+        if others:
+            session.environment["DISPLAY"] = f":{others[-1]}"
+        for file in (*session.run_folder.glob(".mutter-Xwaylandauth.*"), *session.run_folder.glob("xauth_*")):
+            session.environment["XAUTHORITY"] = str(file)
+
+    @staticmethod
+    def sockets(session):
+        return {path.name for path in session.run_folder.glob("wayland-*") if not path.suffix}
