@@ -92,12 +92,12 @@ class Session:
         """What is to be seen now, as a file."""
         self.picture().write(self.results / f"{name}.png")
 
-    def settled(self, limit=10):
-        """The picture once it has stayed as it is for half a second."""
+    def settled(self, limit=10, pause=0.4):
+        """The picture once it has stayed as it is for so long."""
         last = self.picture()
         end = time.monotonic() + limit
         while time.monotonic() < end:
-            time.sleep(0.5)
+            time.sleep(pause)
             now = self.picture()
             if now.pixels == last.pixels:
                 break

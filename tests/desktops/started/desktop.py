@@ -8,6 +8,7 @@ from session import need
 
 LISTED_WITHOUT = ("_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER")
 DEMANDING = "_NET_WM_STATE_DEMANDS_ATTENTION"
+PANEL, WALLPAPER = "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP"
 X_SOCKETS = pathlib.Path("/tmp/.X11-unix")
 
 
@@ -55,12 +56,15 @@ class XDesktop(Desktop):
 
     manager = ()  # The window manager's command.
     others = {}  # Panels and the like: the log's name, the command.
+    shows = ()  # Types of windows that those have.
 
     def start(self, session):
         session.start_x_server()
         self.start_manager(session)
         for name, command in self.others.items():
             session.start(name, *command)
+        need(lambda: set(self.shows) <= {word for window in x11.clients(session) for word in window.types}, "no panel", 40)
+        session.settled(20, pause=2 if self.others else 0.3)
 
     def start_manager(self, session):
         session.start("manager", *self.manager)

@@ -1,9 +1,10 @@
-from started.desktop import XDesktop
+from started.desktop import PANEL, WALLPAPER, XDesktop
 
 
 class This(XDesktop):
     title = "MATE 1.26: marco, caja, panel (X11)"
-    packages = ("marco", "caja", "mate-panel", "mate-desktop", "mate-icon-theme", "qt6-gtk-platformtheme")
+    packages = ("marco", "caja", "mate-panel", "mate-desktop", "mate-settings-daemon-common", "mate-icon-theme", "qt6-gtk-platformtheme")
     variables = {"XDG_CURRENT_DESKTOP": "MATE"}
     manager = ("marco", "--sm-disable")
     others = {"panel": ("mate-panel",), "desktop": ("caja", "--no-default-window", "--force-desktop")}
+    shows = (PANEL, WALLPAPER)

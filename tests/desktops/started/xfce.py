@@ -1,4 +1,4 @@
-from started.desktop import XDesktop
+from started.desktop import PANEL, WALLPAPER, XDesktop
 
 
 class This(XDesktop):
@@ -7,3 +7,4 @@ class This(XDesktop):
     variables = {"XDG_CURRENT_DESKTOP": "XFCE", "XFCE_PANEL_MIGRATE_DEFAULT": "1"}
     manager = ("xfwm4", "--sm-client-disable")
     others = {"panel": ("xfce4-panel", "--sm-client-disable"), "desktop": ("xfdesktop", "--sm-client-disable")}
+    shows = (PANEL, WALLPAPER)
