@@ -55,6 +55,12 @@ class Session:
             process.kill()
             process.wait()
 
+    def kill(self, name):
+        """As a crash would."""
+        process = self.processes.pop(name)
+        process.kill()
+        process.wait()
+
     def words_of(self, name):
         return (self.results / f"{name}.log").read_text(errors="replace")
 

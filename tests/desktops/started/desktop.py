@@ -2,6 +2,7 @@
 
 import pathlib
 
+import buses
 import x11
 from picture import Box
 from session import need
@@ -60,6 +61,7 @@ class XDesktop(Desktop):
 
     def start(self, session):
         session.start_x_server()
+        buses.tell_services(session)
         self.start_manager(session)
         for name, command in self.others.items():
             session.start(name, *command)
@@ -71,7 +73,7 @@ class XDesktop(Desktop):
         need(lambda: x11.is_managed(session), "no window manager")
 
     def restart(self, session):
-        session.processes.pop("manager").kill()
+        session.kill("manager")
         self.start_manager(session)
 
 
@@ -97,6 +99,7 @@ class NestedDesktop(Desktop):
         session.environment["XDG_SESSION_TYPE"] = "wayland"
         need(lambda: any(session.picture().pixels), "the compositor shows nothing", 40)
         self.meet_xwayland(session)
+        buses.tell_services(session)
 
     @staticmethod
     def meet_xwayland(session):

@@ -3,6 +3,6 @@ from started.desktop import XDesktop
 
 class This(XDesktop):
     title = "Cinnamon's muffin 5.6 (X11)"
-    packages = ("muffin", "cinnamon-desktop-data", "libgl1-mesa-dri", "qt6-gtk-platformtheme")
+    packages = ("muffin", "cinnamon-desktop-data", "cinnamon-settings-daemon", "libgl1-mesa-dri", "qt6-gtk-platformtheme")
     variables = {"XDG_CURRENT_DESKTOP": "X-Cinnamon"}
     manager = ("muffin", "--sm-disable")
