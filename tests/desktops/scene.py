@@ -12,7 +12,12 @@ from session import Failure, eventually, need
 
 SIZES = {"nearest": (170, 170), "radar": (364, 170), "board": (364, 382)}
 MAGENTA = 0xFF00FF
+LINE = 4  # Of a frame, on both sides together.
 GRID = 8  # To which a dropped widget snaps.
+
+
+def is_near(size, other):
+    return all(abs(one - two) <= LINE for one, two in zip(size, other))
 
 
 class Scene:
@@ -34,9 +39,9 @@ class Scene:
         self.picture = self.session.settled()
 
     def find_widgets(self):
-        """By what has changed since there were none."""
+        """By what has changed since there were none. A window manager may have drawn a line around them."""
         boxes = self.picture.changes(self.bare)
-        found = {name: [box for box in boxes if box.size == size] for name, size in SIZES.items()}
+        found = {name: [box for box in boxes if is_near(box.size, size)] for name, size in SIZES.items()}
         if any(len(places) != 1 for places in found.values()):
             raise Failure(f"not three widgets of their sizes, but changes at {', '.join(map(str, boxes)) or 'no place'}")
         self.places = {name: places[0] for name, places in found.items()}

@@ -5,6 +5,7 @@ import time
 from scene import MAGENTA
 from session import Failure, eventually, need
 
+SHADOW = 24  # That a compositor draws around a menu.
 HEXES = ("407a2c", "4ca9e1", "40663d", "3c65cf", "406c1b")  # Of the board's rows.
 
 
@@ -108,9 +109,9 @@ def open_menu(scene, place):
 
 
 def menu(scene):
-    """A menu at the screen's edge is as large as one in its middle."""
+    """A menu at the screen's edge is as large as one in its middle, but for its shadow."""
     board, nearest = scene.places["board"], scene.places["nearest"]
     whole = open_menu(scene, nearest.middle)
     at_edge = open_menu(scene, (board.right - 6, board.bottom - 40))
-    if any(is_edge < is_whole - 16 for is_edge, is_whole in zip(at_edge.size, whole.size)):
+    if any(edge < middle - SHADOW for edge, middle in zip(at_edge.size, whole.size)):
         raise Failure(f"{at_edge} of a menu of {whole.size[0]}x{whole.size[1]} is on the screen")

@@ -1,5 +1,6 @@
 """How the widgets come up for a new user."""
 
+from scene import SIZES
 from session import Failure
 
 
@@ -11,6 +12,8 @@ def place(scene):
     top = area.top + 24
     for name in ("nearest", "radar", "board"):
         box = scene.places[name]
+        if box.size != SIZES[name]:
+            raise Failure(f"{name} with a line around it, at {box}")
         if box.right != edge or abs(box.top - top) >= 8:
             raise Failure(f"{name} at {box}, not with its right edge at {edge} and its top at {top}, in {area}")
         top = box.bottom + 8

@@ -111,6 +111,12 @@ class NestedDesktop(Desktop):
         for file in (*session.run_folder.glob(".mutter-Xwaylandauth.*"), *session.run_folder.glob("xauth_*")):
             session.environment["XAUTHORITY"] = str(file)
 
+    def restart(self, session):
+        session.kill("compositor")
+        for name in self.sockets(session):
+            (session.run_folder / name).unlink()
+        self.start_compositor(session)
+
     @staticmethod
     def sockets(session):
         return {path.name for path in session.run_folder.glob("wayland-*") if not path.suffix}

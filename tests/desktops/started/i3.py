@@ -20,6 +20,9 @@ class This(XDesktop):
         self.manager = ("i3", "-c", str(rules))
         super().start_manager(session)
 
+    def go_to_workspace(self, session, number):
+        session.run("i3-msg", "workspace", str(number + 1))
+
     def work_area(self, session):
         """It has no bar, and says nothing of one."""
         return Box(0, 0, WIDTH, HEIGHT)
