@@ -10,6 +10,9 @@ from picture import Picture
 WIDTH, HEIGHT = 1600, 1000
 
 
+WALLPAPER = pathlib.Path(__file__).resolve().parents[2] / "docs/pictures/wallpaper.svg"
+
+
 class Failure(Exception):
     """What is wrong, in words."""
 

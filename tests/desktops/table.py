@@ -1,20 +1,42 @@
 """What the desktops told, as a table."""
 
-SIGNS = {"right": "+", "flaw": "X", "failure": "**X**", "not there": "n/a"}
+import inspect
+
+from asked import BEHAVIOURS
+
+SIGNS = {"right": "+", "flaw": "X", "failure": "**X**", "not there": "–"}
+MARK = "<!-- what follows is written by ./dev desktops --paper -->\n"
 
 
-def text(visits):
-    """A row a desktop, a column a behaviour, and below it the words of what is not right."""
-    behaviours = list(dict.fromkeys(behaviour for visit in visits for behaviour in visit["told"]))
+def rows(visits):
+    """A row a desktop, a column a behaviour."""
+    told = {behaviour for visit in visits for behaviour in visit["told"]}
+    behaviours = [name for name in BEHAVIOURS if name in told] + sorted(told - BEHAVIOURS.keys())
     lines = [["desktop", *behaviours], ["---"] * (len(behaviours) + 1)]
     for visit in visits:
         outcomes = (visit["told"].get(name, {}).get("outcome") for name in behaviours)
         lines.append([visit["title"], *(SIGNS.get(outcome, "") for outcome in outcomes)])
-    rows = ["| " + " | ".join(line) + " |" for line in lines]
-    notes = [
-        f"- {visit['title']}, {behaviour}: {answer['words']}"
-        for visit in visits
-        for behaviour, answer in visit["told"].items()
-        if answer["words"] and answer["outcome"] != "right"
+    return "\n".join("| " + " | ".join(line) + " |" for line in lines) + "\n"
+
+
+def notes(visits, outcomes):
+    """The words of what is not right."""
+    told = ((visit["title"], behaviour, answer) for visit in visits for behaviour, answer in visit["told"].items())
+    return "".join(f"- {title}, {behaviour}: {answer['words']}\n" for title, behaviour, answer in told if answer["outcome"] in outcomes)
+
+
+def text(visits):
+    return rows(visits) + "\n" + notes(visits, ("flaw", "failure", "not there"))
+
+
+def write_paper(path, visits):
+    """Into the file, in place of what stands after the mark."""
+    asked = "".join(f"- **{name}**: {' '.join(inspect.getdoc(function).split())}\n" for name, function in BEHAVIOURS.items())
+    parts = [
+        "\n## The table\n\n`+` right, `X` a flaw of the desktop's own, **X** one of ours, `–` not there.\n\n" + rows(visits),
+        "\nWhat is asked:\n\n" + asked,
+        "\n## Flaws of the desktops\n\n" + notes(visits, ("flaw", "not there")),
     ]
-    return "\n".join(rows + [""] + notes)
+    if ours := notes(visits, ("failure",)):
+        parts.append("\n## Flaws of ours\n\n" + ours)
+    path.write_text(path.read_text().split(MARK)[0] + MARK + "".join(parts))

@@ -10,8 +10,9 @@ def restart(scene):
     if words := scene.desktop.without.get("restart"):
         return words
     scene.desktop.restart(scene.session)
+    time.sleep(1)  # Until what was there has gone.
     scene.all_seen(limit=8)
-    time.sleep(1.5)  # What is back stays.
+    time.sleep(0.5)  # What is back stays.
     if gone := scene.all_seen(limit=0.5):
         scene.session.keep("restart")
         raise Failure(f"{', '.join(gone)} not to be seen ten seconds after the restart")

@@ -9,7 +9,7 @@ from session import need
 
 LISTED_WITHOUT = ("_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER")
 DEMANDING = "_NET_WM_STATE_DEMANDS_ATTENTION"
-PANEL, WALLPAPER = "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP"
+PANEL, BACKDROP = "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP"
 X_SOCKETS = pathlib.Path("/tmp/.X11-unix")
 
 
@@ -39,10 +39,12 @@ class Desktop:
         x11.go_to_workspace(session, number)
 
     def listed(self, session):
-        """Words about every widget that a task bar, pager or switcher would show, or that asks for attention."""
+        """Words about every widget that a task bar, pager or switcher would show, or that asks for attention. A window manager keeps
+        the states it knows."""
         words = []
+        without = [state for state in LISTED_WITHOUT if x11.supports(session, state)]
         for window in x11.widgets(session):
-            words += [f"{window.title} lacks {state}" for state in LISTED_WITHOUT if state not in window.states]
+            words += [f"{window.title} lacks {state}" for state in without if state not in window.states]
             if DEMANDING in window.states:
                 words.append(f"{window.title} has {DEMANDING}")
         return words if x11.widgets(session) else ["no widget among _NET_CLIENT_LIST_STACKING"]

@@ -3,7 +3,7 @@
 import time
 
 import buses
-from session import need
+from session import WALLPAPER, need
 
 VARIABLES = {
     "XDG_CURRENT_DESKTOP": "GNOME",
@@ -20,7 +20,7 @@ PACKAGES = (
     "qt6-gtk-platformtheme",
     "xwayland",
 )
-SETTINGS = """[org/gnome/shell]
+SETTINGS = f"""[org/gnome/shell]
 welcome-dialog-last-shown-version='999'
 disable-user-extensions=true
 [org/gnome/mutter]
@@ -31,6 +31,10 @@ num-workspaces=2
 enable-animations=false
 [org/gnome/desktop/session]
 idle-delay=uint32 0
+[org/gnome/desktop/lockdown]
+disable-lock-screen=true
+[org/gnome/desktop/background]
+picture-uri='file://{WALLPAPER}'
 """
 SHELL = "org.gnome.Shell"
 

@@ -1,4 +1,4 @@
-from started.desktop import PANEL, WALLPAPER, XDesktop
+from started.desktop import PANEL, BACKDROP, XDesktop
 
 
 class This(XDesktop):
@@ -7,4 +7,4 @@ class This(XDesktop):
     variables = {"XDG_CURRENT_DESKTOP": "MATE"}
     manager = ("marco", "--sm-disable")
     others = {"panel": ("mate-panel",), "desktop": ("caja", "--no-default-window", "--force-desktop")}
-    shows = (PANEL, WALLPAPER)
+    shows = (PANEL, BACKDROP)

@@ -1,4 +1,4 @@
-from started.desktop import PANEL, WALLPAPER, XDesktop
+from started.desktop import PANEL, BACKDROP, XDesktop
 
 
 class This(XDesktop):
@@ -7,7 +7,7 @@ class This(XDesktop):
     variables = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
     manager = ("kwin_x11",)
     others = {"panel": ("plasmashell",)}
-    shows = (PANEL, WALLPAPER)
+    shows = (PANEL, BACKDROP)
 
     def start_manager(self, session):
         settings = session.home / ".config/kwinrc"
