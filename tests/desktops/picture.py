@@ -42,8 +42,7 @@ class Picture:
         self.words = memoryview(pixels).cast("I")
 
     @staticmethod
-    def read(path):
-        data = pathlib.Path(path).read_bytes()
+    def of_frame_buffer(data):
         header = struct.unpack(">25I", data[:100])
         width, height, bits, line = header[4], header[5], header[11], header[12]
         if bits != 32 or line != 4 * width:
@@ -51,6 +50,15 @@ class Picture:
         start = header[0] + 12 * header[19]
         pixels = bytearray(data[start : start + line * height])
         pixels[3::4] = bytes(width * height)
+        return Picture(width, height, bytes(pixels))
+
+    @staticmethod
+    def of_pnm(data):
+        head, colours = data.split(b"\n", 1)
+        width, height = (int(word) for word in head.split()[1:3])
+        pixels = bytearray(4 * width * height)
+        for channel in range(3):
+            pixels[2 - channel :: 4] = colours[channel::3]
         return Picture(width, height, bytes(pixels))
 
     @property

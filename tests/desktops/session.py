@@ -13,6 +13,34 @@ WIDTH, HEIGHT = 1600, 1000
 WALLPAPER = pathlib.Path(__file__).resolve().parents[2] / "docs/pictures/wallpaper.svg"
 
 
+OUTPUTS = f"""Section "Device"
+    Identifier "device"
+    Driver "dummy"
+    VideoRam 256000
+EndSection
+Section "Monitor"
+    Identifier "monitor"
+    HorizSync 5-1000
+    VertRefresh 5-200
+    Modeline "{WIDTH}x{HEIGHT}" 136 {WIDTH} {WIDTH + 112} {WIDTH + 280} {WIDTH + 560} {HEIGHT} {HEIGHT + 3} {HEIGHT + 9} {HEIGHT + 38}
+    Modeline "1280x800" 84 1280 1352 1480 1680 800 803 809 831
+EndSection
+Section "Screen"
+    Identifier "screen"
+    Device "device"
+    Monitor "monitor"
+    DefaultDepth 24
+    DefaultFbBpp 32
+    SubSection "Display"
+        Depth 24
+        FbBpp 32
+        Modes "{WIDTH}x{HEIGHT}" "1280x800"
+        Virtual 4000 2000
+    EndSubSection
+EndSection
+"""
+
+
 class Failure(Exception):
     """What is wrong, in words."""
 
@@ -77,25 +105,35 @@ class Session:
 
     # The screen
 
-    def start_x_server(self):
-        """Its frame buffer is a file, from which pictures are read."""
-        reader, writer = os.pipe()
+    def start_x_server(self, has_outputs=False):
+        """Its frame buffer is a file, from which pictures are read; or it has outputs that come and go."""
+        if has_outputs:
+            file = self.run_folder / "xorg.conf"
+            file.write_text(OUTPUTS)
+            self.await_x_server(["Xorg", "-config", str(file), "-logfile", str(self.results / "xorg.log")])
+            return
         buffer = self.run_folder / "frame-buffer"
         buffer.mkdir()
-        log = open(self.results / "xvfb.log", "ab")
-        size = f"{WIDTH}x{HEIGHT}x24"
-        command = ["Xvfb", "-displayfd", str(writer), "-screen", "0", size, "-nolisten", "tcp", "-noreset", "-fbdir", str(buffer)]
-        self.processes["xvfb"] = subprocess.Popen(command, pass_fds=[writer], stdout=log, stderr=log)
+        self.await_x_server(["Xvfb", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", str(buffer)])
+        self.outside["buffer"] = buffer / "Xvfb_screen0"
+
+    def await_x_server(self, command):
+        reader, writer = os.pipe()
+        command += ["-displayfd", str(writer), "-nolisten", "tcp", "-noreset"]
+        log = open(self.results / "x-server.log", "ab")
+        self.processes["x-server"] = subprocess.Popen(command, pass_fds=[writer], stdout=log, stderr=log)
         os.close(writer)
         with os.fdopen(reader) as answer:
             display = answer.readline().strip()
         if not display:
             raise Failure("no X server")
         self.environment["DISPLAY"] = self.outside["DISPLAY"] = f":{display}"
-        self.outside["buffer"] = buffer / "Xvfb_screen0"
 
     def picture(self):
-        return Picture.read(self.outside["buffer"])
+        if buffer := self.outside.get("buffer"):
+            return Picture.of_frame_buffer(buffer.read_bytes())
+        command = [str(pathlib.Path(__file__).parent / "photograph")]
+        return Picture.of_pnm(subprocess.run(command, env=self.environment, capture_output=True, check=True).stdout)
 
     def keep(self, name):
         """What is to be seen now, as a file."""

@@ -4,6 +4,8 @@ import re
 import time
 from typing import NamedTuple
 
+from picture import Box
+
 
 class Window(NamedTuple):
     id: str
@@ -48,6 +50,18 @@ def clients(session):
 
 def widgets(session):
     return [window for window in clients(session) if "skyvane-host" in window.owner]
+
+
+def frames(session):
+    found = []
+    for window in widgets(session):
+        text = session.run("xwininfo", "-id", window.id)
+        left, top, width, height = (
+            int(re.search(rf"{name}:\s+(-?\d+)", text).group(1))
+            for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+        )
+        found.append(Box(left, top, left + width, top + height))
+    return found
 
 
 def active_title(session):

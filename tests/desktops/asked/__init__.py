@@ -17,6 +17,8 @@ BEHAVIOURS = {
     "drag": hand.drag,
     "menu": hand.menu,
     "rest": rest.rest,
+    "scale": changes.scale,
+    "screens": changes.screens,
     "restart": changes.restart,
 }
 SLOW = {"rest"}  # Left out of the tests that every build runs.

@@ -2,7 +2,56 @@
 
 import time
 
-from session import Failure
+from picture import Picture
+from scene import SIZES, is_near
+from session import Failure, eventually
+
+
+def scale(scene):
+    """The screen's scale becomes 1.25, 1.5 and 2 while widgets are shown: each has its size at it, and none covers another."""
+    if words := scene.desktop.without.get("scale"):
+        return words
+    background = scene.desktop.background.to_bytes(4, "little")
+    plain = Picture(scene.picture.width, scene.picture.height, background * (scene.picture.width * scene.picture.height))
+    try:
+        for factor in (1.25, 1.5, 2):
+            scene.desktop.change_scale(scene.session, factor)
+            wanted = [tuple(round(factor * length) for length in size) for size in SIZES.values()]
+            boxes = lambda: [box.size for box in scene.session.picture().changes(plain)]  # noqa: E731
+            if not eventually(lambda: all(any(is_near(size, box) for box in boxes()) for size in wanted), 5):  # noqa: B023
+                scene.session.keep(f"scale-{factor}")
+                raise Failure(f"at {factor} widgets of {boxes()}")
+    finally:
+        scene.desktop.change_scale(scene.session, 1)
+    scene.expect_all_seen("back at scale 1")
+    return None
+
+
+def screens(scene):
+    """A second screen comes along; the first is unplugged, replugged, and for a while a smaller one. Each time the widgets are
+    where they were, and meanwhile none stands over another."""
+    if words := scene.desktop.without.get("screens"):
+        return words
+    session, desktop = scene.session, scene.desktop
+    desktop.add_screen(session)
+    time.sleep(2)
+    scene.expect_all_seen("in place when a second screen comes along")
+    for name, change, back in (("unplugged", desktop.switch_screen, True), ("smaller", desktop.resize_screen, False)):
+        change(session, not back)
+        time.sleep(3)
+        session.keep(f"screen-{name}")
+        if over := overlapping(desktop.frames(session) or []):
+            raise Failure(f"{over} when the screen is {name}")
+        change(session, back)
+        if gone := scene.all_seen(limit=10):
+            session.keep("screen-back")
+            raise Failure(f"{', '.join(gone)} not in place after the screen was {name}")
+    return None
+
+
+def overlapping(frames):
+    pairs = [(one, other) for number, one in enumerate(frames) for other in frames[:number] if one.inside(other)]
+    return "; ".join(f"{one} over {other}" for one, other in pairs)
 
 
 def restart(scene):

@@ -5,11 +5,12 @@ import pathlib
 import buses
 import x11
 from picture import Box
-from session import need
+from session import HEIGHT, WIDTH, need
 
 LISTED_WITHOUT = ("_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER")
 DEMANDING = "_NET_WM_STATE_DEMANDS_ATTENTION"
 PANEL, BACKDROP = "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP"
+NOT_TRIED = {"scale": "not tried", "screens": "not tried"}
 X_SOCKETS = pathlib.Path("/tmp/.X11-unix")
 
 
@@ -21,7 +22,7 @@ class Desktop:
     has_services = True  # Its own, on the message bus.
     tiles = False  # Its windows stand side by side.
     flaws = {}  # What is the desktop's own fault, by behaviour: why, in the words of its own that show it.
-    without = {}  # What it does not have, by behaviour: what that is.
+    without = NOT_TRIED  # What it cannot be asked, by behaviour: why.
 
     def start(self, session):
         """Until windows can be opened on it."""
@@ -53,6 +54,30 @@ class Desktop:
         """Ends what manages the windows as a crash would, and has it started again as the session would."""
         raise NotImplementedError
 
+    # What is asked only of those that are not without it.
+
+    background = 0  # The colour, 0xRRGGBB, of all that neither window nor panel covers.
+
+    def change_scale(self, session, factor):
+        raise NotImplementedError
+
+    def add_screen(self, session):
+        """A second one, to the right of the first."""
+        raise NotImplementedError
+
+    def switch_screen(self, session, is_on):
+        """The first one."""
+        raise NotImplementedError
+
+    def resize_screen(self, session, is_small):
+        """The first one."""
+        raise NotImplementedError
+
+    def frames(self, session):
+        """Of all widgets; None where the window system tells no places."""
+        return x11.frames(session)
+
+
 
 class XDesktop(Desktop):
     """On an X server of its own."""
@@ -60,9 +85,12 @@ class XDesktop(Desktop):
     manager = ()  # The window manager's command.
     others = {}  # Panels and the like: the log's name, the command.
     shows = ()  # Types of windows that those have.
+    has_outputs = False  # Screens that come and go.
 
     def start(self, session):
-        session.start_x_server()
+        session.start_x_server(self.has_outputs)
+        if self.has_outputs:
+            self.add_output(session, "DUMMY0", f"{WIDTH}x{HEIGHT}", "--primary", "--pos", "0x0")
         buses.tell_services(session)
         self.start_manager(session)
         for name, command in self.others.items():
@@ -77,6 +105,22 @@ class XDesktop(Desktop):
     def restart(self, session):
         session.kill("manager")
         self.start_manager(session)
+
+    @staticmethod
+    def add_output(session, name, mode, *words):
+        session.run("xrandr", "--output", name, "--mode", mode, *words)
+
+    def add_screen(self, session):
+        self.add_output(session, "DUMMY1", "1280x800", "--pos", f"{WIDTH}x0")
+
+    def switch_screen(self, session, is_on):
+        if is_on:
+            self.add_output(session, "DUMMY0", f"{WIDTH}x{HEIGHT}", "--primary", "--pos", "0x0")
+        else:
+            session.run("xrandr", "--output", "DUMMY0", "--off")
+
+    def resize_screen(self, session, is_small):
+        self.add_output(session, "DUMMY0", "1280x800" if is_small else f"{WIDTH}x{HEIGHT}", "--pos", "0x0")
 
 
 class NestedDesktop(Desktop):

@@ -1,6 +1,6 @@
 from picture import Box
 from session import HEIGHT, WIDTH
-from started.desktop import XDesktop
+from started.desktop import NOT_TRIED, XDesktop
 
 RULES = """font pango:monospace 8
 for_window [title="^Editor, wide$"] floating enable, resize set 1300 600, move position 150 150
@@ -12,7 +12,7 @@ class This(XDesktop):
     title = "i3 4.22 (X11)"
     packages = ("i3-wm",)
     has_services = False
-    without = {"shown desktop": "i3 cannot show the desktop"}
+    without = NOT_TRIED | {"shown desktop": "i3 cannot show the desktop"}
 
     def start_manager(self, session):
         rules = session.home / "i3.config"

@@ -1,7 +1,7 @@
 import json
 
 from picture import Box
-from started.desktop import NestedDesktop
+from started.desktop import NOT_TRIED, NestedDesktop
 
 RULES = """xwayland enable
 output * mode 1600x1000
@@ -16,7 +16,7 @@ class This(NestedDesktop):
     packages = ("sway", "xwayland", "qt6-wayland")
     has_services = False
     variables = {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman", "WLR_X11_OUTPUTS": "1", "XDG_CURRENT_DESKTOP": "sway"}
-    without = {"shown desktop": "sway cannot show the desktop"}
+    without = NOT_TRIED | {"shown desktop": "sway cannot show the desktop"}
 
     def prepare(self, session):
         rules = session.home / "sway.config"

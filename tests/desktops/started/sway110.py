@@ -1,3 +1,4 @@
+from session import WIDTH, need
 from started import sway, waybar
 
 
@@ -6,6 +7,26 @@ class This(sway.This):
     suite = "trixie"
     packages = (*sway.This.packages, "waybar", "swaybg")
     has_services = True
+    background = 0x1D3440
+
+    without = {"shown desktop": sway.This.without["shown desktop"]}
+
+    def change_scale(self, session, factor):
+        self.tell(session, "output", "X11-1", "scale", str(factor))
+
+    def add_screen(self, session):
+        self.tell(session, "create_output")
+        need(lambda: len(self.tell(session, "--type", "get_outputs")) == 2, "no second screen")
+        session.hand("search", "--name", "X11-2", "windowmove", WIDTH, 0)
+
+    def frames(self, session):
+        return None
+
+    def resize_screen(self, session, is_small):
+        self.tell(session, "output", "X11-1", "mode", "1280x800" if is_small else "1600x1000")
+
+    def switch_screen(self, session, is_on):
+        self.tell(session, "output", "X11-1", "enable" if is_on else "disable")
 
     def start_compositor(self, session):
         super().start_compositor(session)

@@ -1,5 +1,5 @@
 from session import WALLPAPER
-from started.desktop import BACKDROP, PANEL, XDesktop
+from started.desktop import BACKDROP, NOT_TRIED, PANEL, XDesktop
 
 CHANNEL = """<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-desktop" version="1.0">
@@ -13,10 +13,15 @@ CHANNEL = """<?xml version="1.0" encoding="UTF-8"?>
 
 class This(XDesktop):
     title = "Xfce 4.18: xfwm4, xfdesktop, panel (X11)"
-    packages = ("xfwm4", "xfdesktop4", "xfce4-panel", "xfconf", "gvfs", "adwaita-icon-theme", "librsvg2-common", "qt6-gtk-platformtheme")
+    packages = (
+        *("xfwm4", "xfdesktop4", "xfce4-panel", "xfconf", "gvfs", "adwaita-icon-theme", "librsvg2-common", "qt6-gtk-platformtheme"),
+        *("xserver-xorg-core", "xserver-xorg-video-dummy", "x11-xserver-utils"),
+    )
     variables = {"XDG_CURRENT_DESKTOP": "XFCE", "XFCE_PANEL_MIGRATE_DEFAULT": "1"}
     manager = ("xfwm4", "--sm-client-disable")
     others = {"panel": ("xfce4-panel", "--sm-client-disable"), "desktop": ("xfdesktop", "--sm-client-disable")}
+    has_outputs = True
+    without = {"scale": NOT_TRIED["scale"]}
     shows = (PANEL, BACKDROP)
 
     def start_manager(self, session):
