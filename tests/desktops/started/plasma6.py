@@ -3,7 +3,7 @@ import time
 
 import buses
 from picture import Box
-from session import Failure, need
+from session import WALLPAPER, Failure
 from started.desktop import NestedDesktop
 
 AREA = """
@@ -20,7 +20,7 @@ for (const window of workspace.windowList())
 class This(NestedDesktop):
     title = "Plasma 6.3 (Wayland)"
     suite = "trixie"
-    packages = ("kwin-wayland", "plasma-workspace", "plasma-desktop", "xwayland", "libgl1-mesa-dri", "qt6-wayland")
+    packages = ("kwin-wayland", "plasma-workspace", "plasma-desktop", "breeze-icon-theme", "xwayland", "libgl1-mesa-dri", "qt6-wayland")
     variables = {
         "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "6", "KWIN_COMPOSE": "Q",
         "XDG_CONFIG_DIRS": "/etc/xdg", "QT_LOGGING_RULES": "js.debug=true;kwin_scripting.debug=true",
@@ -36,6 +36,8 @@ class This(NestedDesktop):
         super().start_compositor(session)
         session.start("panel", "plasmashell")
         time.sleep(15)
+        session.run("plasma-apply-wallpaperimage", str(WALLPAPER))
+        session.settled(20, pause=2)
 
     def told_by(self, session, script):
         """What a script in the window manager prints."""
