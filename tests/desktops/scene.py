@@ -25,7 +25,7 @@ class Scene:
         self.session, self.desktop = session, desktop
         self.asked_file = pathlib.Path(world) / "asked"
         self.typed_file = session.home / "typed"
-        self.places = {}  # Where the widgets stand.
+        self.places = {}  # Where the widgets stand; empty when they are not all to be seen.
         self.editor_count = 0
 
     # The widgets
@@ -37,14 +37,14 @@ class Scene:
         need(lambda: "/v2/point" in self.asked(), f"the feed is not asked: {self.session.words_of('host')[-300:]}", 30)
         time.sleep(1)
         self.picture = self.session.settled()
+        self.find_widgets()
 
     def find_widgets(self):
         """By what has changed since there were none. A window manager may have drawn a line around them."""
-        boxes = self.picture.changes(self.bare)
-        found = {name: [box for box in boxes if is_near(box.size, size)] for name, size in SIZES.items()}
-        if any(len(places) != 1 for places in found.values()):
-            raise Failure(f"not three widgets of their sizes, but changes at {', '.join(map(str, boxes)) or 'no place'}")
-        self.places = {name: places[0] for name, places in found.items()}
+        self.changes = self.picture.changes(self.bare)
+        found = {name: [box for box in self.changes if is_near(box.size, size)] for name, size in SIZES.items()}
+        if all(len(places) == 1 for places in found.values()):
+            self.places = {name: places[0] for name, places in found.items()}
 
     def look(self):
         """Takes what is to be seen now as what the widgets look like."""

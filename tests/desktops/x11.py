@@ -71,13 +71,13 @@ def active_title(session):
 
 def show_desktop(session, is_shown):
     session.run("wmctrl", "-k", "on" if is_shown else "off")
-    time.sleep(1)
+    time.sleep(0.5)
 
 
 def go_to_workspace(session, number):
     """Counted from 0."""
     session.run("wmctrl", "-s", str(number))
-    time.sleep(1)
+    time.sleep(0.5)
 
 
 def work_area(session):

@@ -10,9 +10,10 @@ SECONDS = 60
 
 
 def switches(process):
-    """How often its threads have been woken until now."""
-    text = "\n".join(status.read_text() for status in pathlib.Path(f"/proc/{process}/task").glob("*/status"))
-    return sum(map(int, re.findall(r"^voluntary_ctxt_switches:\s+(\d+)", text, re.MULTILINE)))
+    """How often each of its threads has been woken until now."""
+    threads = pathlib.Path(f"/proc/{process}/task").iterdir()
+    texts = {thread.name: (thread / "status").read_text() for thread in threads}
+    return {thread: int(re.search(r"^voluntary_ctxt_switches:\s+(\d+)", text, re.MULTILINE).group(1)) for thread, text in texts.items()}
 
 
 def rest(scene):
@@ -22,5 +23,7 @@ def rest(scene):
     time.sleep(3)
     before = switches(process)
     time.sleep(SECONDS)
-    if count := switches(process) - before:
+    after = switches(process)
+    count = sum(number - before.get(thread, 0) for thread, number in after.items()) + len(before.keys() - after.keys())
+    if count:
         raise Failure(f"{count} wake-ups in {SECONDS} s")

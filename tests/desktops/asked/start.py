@@ -6,7 +6,8 @@ from session import Failure
 
 def place(scene):
     """Three, of the right sizes, down the right edge of the room that panels leave."""
-    scene.find_widgets()
+    if not scene.places:
+        raise Failure(f"not three widgets of their sizes, but changes at {', '.join(map(str, scene.changes)) or 'no place'}")
     area = scene.desktop.work_area(scene.session)
     edge = area.right - 24
     top = area.top + 24
