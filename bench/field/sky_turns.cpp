@@ -4,7 +4,6 @@
 #include "companion/app/appearance.h"
 #include "companion/feed/pacer.h"
 #include "companion/host_switch/host_control.h"
-#include "companion/photo/photo_image.h"
 #include "companion/window/main_window.h"
 #include "platform/net/url_session.h"
 #include "tests/session/wait_for.h"
@@ -23,10 +22,9 @@ int main(int argc, char* argv[])
     const QDBusConnection bus = QDBusConnection::sessionBus();
     const test::ScratchFolder folder;
     Pacer pacer{UrlSession{}, 0ms};
-    PhotoDecoder decoder{decodePhoto};
     Errands errands;
     SkyFeed feed{errands, pacer.transport()};
-    Lookups lookups{errands, decoder, pacer.transport()};
+    Lookups lookups{errands, /*decode=*/{}, pacer.transport()};
     HostControl host{bus, {}};
     const Appearance appearance{bus};
     const FontMeasurer fonts;

@@ -6,7 +6,6 @@
 #include "companion/app/hand_over.h"
 #include "companion/feed/pacer.h"
 #include "companion/host_switch/host_control.h"
-#include "companion/photo/photo_image.h"
 #include "companion/window/main_window.h"
 #include "core/config/shared_state.h"
 #include "desk/activation.h"
@@ -22,7 +21,6 @@
 #include <QTimer>
 
 #include <chrono>
-#include <cstdlib>
 #include <optional>
 
 namespace skyvane {
@@ -36,10 +34,10 @@ constexpr std::chrono::seconds longestWaitForRequest{10};
 /// What was asked for, as the window does it.
 class OpenCompanion {
 public:
-    OpenCompanion(const CompanionSetup& setup, PhotoDecoder& decoder)
+    explicit OpenCompanion(const CompanionSetup& setup)
         : m_pacer(setup.transport)
         , m_feed(m_errands, m_pacer.transport())
-        , m_lookups(m_errands, decoder, m_pacer.transport())
+        , m_lookups(m_errands, setup.decode, m_pacer.transport())
         , m_host(setup.sessionBus, setup.hostProgram)
         , m_appearance(setup.sessionBus)
         , m_window({
@@ -132,7 +130,7 @@ CompanionSetup CompanionSetup::standard()
         .sessionBus = QDBusConnection::sessionBus(),
         .systemBus = QDBusConnection::systemBus(),
         .transport = UrlSession{},
-        .decode = decodePhoto,
+        .decode = decodePhotoBy(Programs::photo(Programs::ownFolder())),
         .open = [](const QUrl& page) { QDesktopServices::openUrl(page); },
         .hostProgram = toQString(Programs::host(Programs::ownFolder()).string()),
         .autostart = AutostartFolders::standard(),
@@ -143,7 +141,6 @@ CompanionSetup CompanionSetup::standard()
 int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QString& token)
 {
     const QDBusConnection& bus = setup.sessionBus;
-    PhotoDecoder decoder{setup.decode};
     // There to be found before the name is; what it is asked waits for the event loop.
     std::optional<OpenCompanion> companion;
     std::optional<CompanionService> service;
@@ -154,7 +151,7 @@ int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QSt
         service.reset();
         return handOverTo(bus, line, token);
     }
-    companion.emplace(setup, decoder);
+    companion.emplace(setup);
     if (line.isService)
         QTimer::singleShot(longestWaitForRequest, [&] { quitUnless(companion->isShown()); });
     else
@@ -162,9 +159,6 @@ int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QSt
     const int status = QApplication::exec();
     instance.reset();
     service.reset();
-    companion.reset(); // Nobody gives the decoder anything from here on.
-    if (!decoder.isIdle())
-        std::_Exit(status);
     return status;
 }
 

@@ -2,7 +2,7 @@
 
 #include "companion/app/command_line.h"
 #include "companion/host_switch/autostart.h"
-#include "companion/photo/photo_decoder.h"
+#include "companion/photo/photo_image.h"
 #include "platform/net/transport.h"
 
 #include <QDBusConnection>
@@ -19,7 +19,7 @@ struct CompanionSetup {
     QDBusConnection sessionBus;
     QDBusConnection systemBus;
     Transport transport;
-    PhotoDecoder::Decode decode; ///< Of photographs.
+    DecodePhoto decode;
     std::function<void(const QUrl&)> open; ///< Shows a page on the web.
     QString hostProgram;
     AutostartFolders autostart;

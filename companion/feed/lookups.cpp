@@ -51,26 +51,26 @@ std::optional<FlightRoute> withShownTexts(std::optional<FlightRoute> route)
 }
 
 QImage loadImage(
-    const URL& url, const Transport& transport, PhotoDecoder& decoder, const std::stop_token& stop)
+    const URL& url, const Transport& transport, const DecodePhoto& decode, const std::stop_token& stop)
 {
     if (url.scheme() != "https")
         return {};
     try {
-        URLResponse answer = transport({.url = url, .headers = {userAgent()}}, stop);
-        return answer.status == 200 ? decoder.image(std::move(answer.body), stop) : QImage{};
+        const URLResponse answer = transport({.url = url, .headers = {userAgent()}}, stop);
+        return answer.status == 200 ? decode(answer.body, stop) : QImage{};
     } catch (const std::exception&) {
         return {};
     }
 }
 
-std::optional<Photograph> loadPhotograph(
-    const std::string& hex, const Transport& transport, PhotoDecoder& decoder, const std::stop_token& stop)
+std::optional<Photograph> loadPhotograph(const std::string& hex, const Transport& transport,
+    const DecodePhoto& decode, const std::stop_token& stop)
 {
     auto photo = PhotoAPI::fetch(hex, transport, stop);
     if (!photo)
         return std::nullopt;
     cut(photo->photographer);
-    QImage image = loadImage(photo->thumbnailURL, transport, decoder, stop);
+    QImage image = loadImage(photo->thumbnailURL, transport, decode, stop);
     if (image.isNull())
         return std::nullopt;
     return Photograph{.photo = *std::move(photo), .image = std::move(image)};
@@ -100,8 +100,8 @@ Errand Lookups::photograph(const std::string& hex, PhotographFound found)
         found(known != nullptr ? *known : std::nullopt);
         return {};
     }
-    return m_errands.run([hex, transport = m_transport, &decoder = m_decoder](
-                             std::stop_token stop) { return loadPhotograph(hex, transport, decoder, stop); },
+    return m_errands.run([hex, transport = m_transport, decode = m_decode](
+                             std::stop_token stop) { return loadPhotograph(hex, transport, decode, stop); },
         [this, hex, found = std::move(found)](
             std::optional<Photograph> photo) { found(m_photographs.keep(hex, std::move(photo))); });
 }

@@ -2,7 +2,7 @@
 
 #include "companion/feed/answer_memory.h"
 #include "companion/feed/errands.h"
-#include "companion/photo/photo_decoder.h"
+#include "companion/photo/photo_image.h"
 #include "core/enrichment/flight_route.h"
 #include "core/enrichment/plane_photo.h"
 #include "core/model/aircraft.h"
@@ -13,6 +13,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace skyvane {
 
@@ -28,9 +29,9 @@ public:
     using RouteFound = std::function<void(const std::optional<FlightRoute>&)>;
     using PhotographFound = std::function<void(const std::optional<Photograph>&)>;
 
-    /// Everything handed in outlives this.
-    Lookups(Errands& errands, PhotoDecoder& decoder, Transport transport)
-        : m_errands(errands), m_decoder(decoder), m_transport(std::move(transport))
+    /// What is handed in outlives this.
+    Lookups(Errands& errands, DecodePhoto decode, Transport transport)
+        : m_errands(errands), m_decode(std::move(decode)), m_transport(std::move(transport))
     {
     }
 
@@ -44,7 +45,7 @@ public:
 
 private:
     Errands& m_errands;
-    PhotoDecoder& m_decoder;
+    DecodePhoto m_decode;
     Transport m_transport;
     AnswerMemory<FlightRoute> m_routes{std::chrono::minutes{1}};
     AnswerMemory<Photograph> m_photographs{std::chrono::minutes{1}, /*most=*/16};

@@ -3,6 +3,9 @@
 #include <QImage>
 #include <QSize>
 
+#include <filesystem>
+#include <functional>
+#include <stop_token>
 #include <string_view>
 
 namespace skyvane {
@@ -10,8 +13,12 @@ namespace skyvane {
 /// How large a photograph is shown, in points.
 inline constexpr QSize photoSize{420, 280};
 
-/// Decodes bytes from strangers, as far as `PhotoFile` lets them pass: the pixels alone, scaled down to three
-/// a point of `photoSize`. Null for everything else. Any thread may call it.
-QImage decodePhoto(std::string_view bytes);
+/// Decodes a photograph's file; null for everything else, and at once when `stop` asks for it. Any thread may
+/// call it.
+using DecodePhoto = std::function<QImage(std::string_view file, const std::stop_token& stop)>;
+
+/// Decodes bytes from strangers in a child process, this program: the pixels alone, three a point of
+/// `photoSize` at most.
+DecodePhoto decodePhotoBy(std::filesystem::path program);
 
 } // namespace skyvane

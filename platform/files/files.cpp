@@ -1,5 +1,6 @@
 #include "platform/files/files.h"
 
+#include "platform/files/descriptor.h"
 #include "platform/pinned.h"
 
 #include <fcntl.h>
@@ -15,22 +16,6 @@
 namespace skyvane::Files {
 
 namespace {
-
-/// Closes what open(2) gave.
-class Descriptor {
-public:
-    explicit Descriptor(int number) : m_number(number) { }
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int number() const { return m_number; }
-    bool isOpen() const { return m_number >= 0; }
-    bool close() { return m_number < 0 || ::close(std::exchange(m_number, -1)) == 0; }
-
-private:
-    int m_number;
-};
 
 std::optional<std::filesystem::path> homeInUserDatabase()
 {

@@ -36,6 +36,12 @@ std::filesystem::path widgets(const std::filesystem::path& folder)
     return thereOf(prefix / "libexec/skyvane/skyvane-widgets", prefix / "widgets/extension/skyvane-widgets");
 }
 
+std::filesystem::path photo(const std::filesystem::path& folder)
+{
+    return thereOf(
+        folder.parent_path() / "libexec/skyvane/skyvane-photo", folder / "photo/decoder/skyvane-photo");
+}
+
 std::filesystem::path catalogues(const std::filesystem::path& prefix)
 {
     return prefix / "share/locale";

@@ -74,7 +74,7 @@ public:
     HttpsServer server{authority, serviceHosts()};
     Pinned<Network> network{server.network()};
     Pacer pacer{UrlSession{}, std::chrono::milliseconds{20}};
-    PhotoDecoder decoder;
+    DecodePhoto decode = decodePhotoBy(SKYVANE_PHOTO);
     Errands errands;
     FontMeasurer fonts;
 };

@@ -79,7 +79,7 @@ protected:
 
     test::CompanionStage stage;
     SkyFeed feed{stage.errands, stage.pacer.transport()};
-    Lookups lookups{stage.errands, stage.decoder, stage.pacer.transport()};
+    Lookups lookups{stage.errands, stage.decode, stage.pacer.transport()};
     std::vector<QUrl> opened;
     AircraftPage page{{feed, lookups, [this](const QUrl& url) { opened.push_back(url); }}, stage.fonts};
 };

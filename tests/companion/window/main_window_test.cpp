@@ -59,7 +59,7 @@ protected:
 
     test::CompanionStage stage;
     SkyFeed feed{stage.errands, stage.pacer.transport(), 300ms};
-    Lookups lookups{stage.errands, stage.decoder, stage.pacer.transport()};
+    Lookups lookups{stage.errands, stage.decode, stage.pacer.transport()};
     QDBusConnection bus{"none"};
     HostControl host{bus, "/nowhere/skyvane-host"};
 };

@@ -30,6 +30,18 @@ TEST(Programs, theInstalledWidgetsComeFirst)
     EXPECT_EQ(Programs::widgets(folder.path() / "bin"), installed);
 }
 
+TEST(Programs, theInstalledDecoderOfPhotographsComesFirst)
+{
+    const test::ScratchFolder folder;
+    const auto installed = folder.path() / "libexec/skyvane/skyvane-photo";
+    const auto built = folder.path() / "companion/photo/decoder/skyvane-photo";
+    EXPECT_EQ(Programs::photo(folder.path() / "bin"), installed);
+    makeFile(built);
+    EXPECT_EQ(Programs::photo(folder.path() / "companion"), built);
+    makeFile(installed);
+    EXPECT_EQ(Programs::photo(folder.path() / "companion"), installed);
+}
+
 TEST(Programs, theCompanionStandsBesideTheHostOrInItsBuildTree)
 {
     const test::ScratchFolder folder;

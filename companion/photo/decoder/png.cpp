@@ -1,5 +1,5 @@
 #include "companion/photo/byte_reader.h"
-#include "companion/photo/formats.h"
+#include "companion/photo/decoder/formats.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "companion/photo/photo_file.h"
+#include "companion/photo/decoder/photo_file.h"
 #include "tests/companion/photo/photo_bytes.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "companion/photo/photo_file.h"
+#include "companion/photo/decoder/photo_file.h"
 
-#include "companion/photo/formats.h"
+#include "companion/photo/decoder/formats.h"
 
 namespace skyvane::PhotoFile {
 
