@@ -2,7 +2,11 @@
 
 #include "desk/x11.h"
 
+#include <QCoreApplication>
 #include <QWidget>
+
+#include <iterator>
+#include <utility>
 
 namespace skyvane::Activation {
 
@@ -27,6 +31,27 @@ void activateOnX11(xcb_connection_t* connection, xcb_window_t window, std::uint3
     X11::tellWindowManager(connection, window, activeWindow, {fromApplication, time});
 }
 
+/// Startup notification: a text in client messages of 20 bytes each, the first of a type of its own.
+void announce(xcb_connection_t* connection, xcb_window_t window, const QString& text)
+{
+    static const auto [begin, more]
+        = X11::atoms<2>(connection, {"_NET_STARTUP_INFO_BEGIN", "_NET_STARTUP_INFO"});
+    const QByteArray bytes = text.toUtf8() + '\0';
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 8;
+    message.window = window;
+    constexpr qsizetype room = sizeof message.data.data8;
+    for (qsizetype start = 0; start < bytes.size(); start += room) {
+        message.type = start == 0 ? begin : more;
+        std::ranges::fill(message.data.data8, 0);
+        std::ranges::copy(bytes.mid(start, room), std::begin(message.data.data8));
+        xcb_send_event(connection, 0, X11::root(connection), XCB_EVENT_MASK_PROPERTY_CHANGE,
+            reinterpret_cast<const char*>(&message));
+    }
+    xcb_flush(connection);
+}
+
 } // namespace
 
 QString tokenOfStart()
@@ -43,6 +68,31 @@ QProcessEnvironment withoutToken(QProcessEnvironment environment)
     for (const char* name : {waylandVariable, x11Variable})
         environment.remove(QString::fromLatin1(name));
     return environment;
+}
+
+QProcessEnvironment withToken(QProcessEnvironment environment, const QString& token)
+{
+    environment = withoutToken(std::move(environment));
+    if (!token.isEmpty()) {
+        for (const char* name : {waylandVariable, x11Variable})
+            environment.insert(QString::fromLatin1(name), token);
+    }
+    return environment;
+}
+
+QString newToken(xcb_connection_t* connection, std::uint32_t window, std::uint32_t time)
+{
+    static int count = 0;
+    if (time == 0)
+        return {};
+    const QString token = QStringLiteral("skyvane-%1-%2_TIME%3")
+                              .arg(QCoreApplication::applicationPid())
+                              .arg(++count)
+                              .arg(time);
+    // Silent: no pointer turns into an hourglass for a window that may be there already.
+    announce(connection, window,
+        QStringLiteral("new: ID=%1 NAME=Skyvane SCREEN=0 SILENT=1 TIMESTAMP=%2").arg(token).arg(time));
+    return token;
 }
 
 QString tokenIn(const QVariantMap& platformData)
@@ -72,8 +122,11 @@ void bringToFront(QWidget& window, const QString& token)
     qunsetenv(x11Variable);
     const std::uint32_t time = timeIn(token);
     xcb_connection_t* connection = X11::connection();
-    if (time != 0 && connection != nullptr)
-        activateOnX11(connection, static_cast<xcb_window_t>(window.winId()), time);
+    if (time == 0 || connection == nullptr)
+        return;
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    activateOnX11(connection, id, time);
+    announce(connection, id, QStringLiteral("remove: ID=%1").arg(token));
 }
 
 } // namespace skyvane::Activation

@@ -5,6 +5,12 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
 
 namespace skyvane {
 
@@ -26,7 +32,60 @@ std::string absence()
     return text.empty() ? "neither DISPLAY nor WAYLAND_DISPLAY is set" : "none is found by " + text;
 }
 
+/// The handler of messages before ours.
+QtMessageHandler& otherHandler()
+{
+    static QtMessageHandler handler = nullptr;
+    return handler;
+}
+
+/// Right after these words the toolkit ends the program, with exit status 255.
+void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    otherHandler()(type, context, text);
+    if (text.startsWith(QStringLiteral("The Wayland connection ")))
+        std::_Exit(EXIT_FAILURE);
+}
+
+bool isX11Reachable()
+{
+    if (!qEnvironmentVariableIsSet("DISPLAY"))
+        return false;
+    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection{
+        xcb_connect(nullptr, nullptr), &xcb_disconnect};
+    return xcb_connection_has_error(connection.get()) == 0;
+}
+
+/// The compositor's socket stands below the session's folder unless its name is a whole path.
+bool isWaylandReachable()
+{
+    const std::filesystem::path name = qgetenv("WAYLAND_DISPLAY").toStdString();
+    const std::string path
+        = (std::filesystem::path{qgetenv("XDG_RUNTIME_DIR").toStdString()} / name).string();
+    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    if (name.empty() || path.size() >= sizeof address.sun_path)
+        return false;
+    path.copy(address.sun_path, path.size());
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (socket < 0)
+        return false;
+    const bool isConnected
+        = ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    ::close(socket);
+    return isConnected;
+}
+
 } // namespace
+
+void Display::endWithDisplay()
+{
+    otherHandler() = qInstallMessageHandler(handleMessage);
+}
+
+bool Display::isReachable()
+{
+    return isX11Reachable() || isWaylandReachable();
+}
 
 Display::Display(std::string program)
     : m_absence(std::move(program) + ": no display: " + absence() + "\n") { }

@@ -14,16 +14,22 @@ public:
     /// Reads the environment, which the program may change afterwards. `program`: its name.
     explicit Display(std::string program);
 
+    /// Whether a display that the environment names can be connected to now.
+    static bool isReachable();
+
     /// Makes the application. Where there is no display, for which the toolkit dumps core, the program ends
-    /// with one line on standard error and exit status 1.
+    /// with one line on standard error and exit status 1; so it does when its display goes later.
     template <class Application>
     Application open(int& argc, char** argv) const
     {
+        endWithDisplay();
         const Attempt attempt{*this};
         return Application{argc, argv};
     }
 
 private:
+    static void endWithDisplay();
+
     struct Message {
         QtMsgType type;
         const char* category;

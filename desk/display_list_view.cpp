@@ -156,7 +156,7 @@ bool DisplayListView::focusNextPrevChild(bool isNext)
     const std::size_t stops = m_list.links.size() + 1;
     const std::size_t stop = m_focusedLink ? *m_focusedLink + 1 : 0;
     const bool isAtEnd = isNext ? stop + 1 == stops : stop == 0;
-    if (isAtEnd && QWidget::focusNextPrevChild(isNext))
+    if (isAtEnd && passKeyboard(isNext))
         return true;
     const std::size_t next = (stop + (isNext ? 1 : stops - 1)) % stops;
     focusLink(next == 0 ? std::nullopt : std::optional{next - 1});

@@ -47,6 +47,10 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     bool focusNextPrevChild(bool isNext) override;
 
+    /// Called where Tab has come to the end of the links. Whether the keyboard went elsewhere; else it goes
+    /// round again.
+    virtual bool passKeyboard(bool isNext) { return QWidget::focusNextPrevChild(isNext); }
+
     /// The card's colour; absent before anything is shown.
     const std::optional<Color>& background() const { return m_background; }
 

@@ -1,6 +1,7 @@
 #include "desk/x11.h"
 
 #include <QGuiApplication>
+#include <QScreen>
 
 #include <iterator>
 
@@ -16,6 +17,19 @@ xcb_connection_t* connection()
 xcb_window_t root(xcb_connection_t* connection)
 {
     return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+}
+
+/// Newer servers have an extension of this name, older ones outputs.
+bool isWithinWayland(xcb_connection_t* connection)
+{
+    const std::string_view name = "XWAYLAND";
+    const auto answer = reply(xcb_query_extension_reply(connection,
+        xcb_query_extension(connection, static_cast<std::uint16_t>(name.size()), name.data()), nullptr));
+    return (answer && answer->present != 0)
+        || std::ranges::any_of(QGuiApplication::screens(), [&](const QScreen* screen) {
+               return screen->name().startsWith(
+                   QLatin1String{name.data(), static_cast<qsizetype>(name.size())});
+           });
 }
 
 void tellWindowManager(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t type,
@@ -36,13 +50,26 @@ void tellWindowManager(xcb_connection_t* connection, xcb_window_t window, xcb_at
 std::vector<std::uint32_t> words(
     xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type)
 {
+    return words(connection, std::vector{window}, property, type).front();
+}
+
+std::vector<std::vector<std::uint32_t>> words(xcb_connection_t* connection,
+    const std::vector<xcb_window_t>& windows, xcb_atom_t property, xcb_atom_t type)
+{
     constexpr std::uint32_t longest = 4096;
-    const auto cookie = xcb_get_property(connection, 0, window, property, type, 0, longest);
-    const auto answer = reply(xcb_get_property_reply(connection, cookie, nullptr));
-    if (!answer || answer->format != 32)
-        return {};
-    const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(answer.get()));
-    return {first, first + answer->length};
+    std::vector<xcb_get_property_cookie_t> asked;
+    for (const xcb_window_t window : windows)
+        asked.push_back(xcb_get_property(connection, 0, window, property, type, 0, longest));
+    std::vector<std::vector<std::uint32_t>> all;
+    for (const xcb_get_property_cookie_t cookie : asked) {
+        auto& words = all.emplace_back();
+        const auto answer = reply(xcb_get_property_reply(connection, cookie, nullptr));
+        if (!answer || answer->format != 32)
+            continue;
+        const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(answer.get()));
+        words.assign(first, first + answer->length);
+    }
+    return all;
 }
 
 } // namespace skyvane::X11

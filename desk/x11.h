@@ -18,6 +18,9 @@ xcb_connection_t* connection();
 
 xcb_window_t root(xcb_connection_t* connection);
 
+/// Whether the server shows its windows as those of a Wayland compositor.
+bool isWithinWayland(xcb_connection_t* connection);
+
 /// Owns what the server answered; null where it failed.
 template <class Answer>
 using Reply = std::unique_ptr<Answer, decltype(&std::free)>;
@@ -35,6 +38,10 @@ void tellWindowManager(xcb_connection_t* connection, xcb_window_t window, xcb_at
 /// The 32-bit words of a window's property; empty where it has none of this type.
 std::vector<std::uint32_t> words(
     xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type);
+
+/// The same of several windows, asked for in one round trip.
+std::vector<std::vector<std::uint32_t>> words(xcb_connection_t* connection,
+    const std::vector<xcb_window_t>& windows, xcb_atom_t property, xcb_atom_t type);
 
 /// The atoms of these names, asked for in one round trip; XCB_ATOM_NONE where the server fails.
 template <std::size_t count>

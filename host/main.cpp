@@ -2,6 +2,7 @@
 #include "desk/display.h"
 #include "host/commands/run_command.h"
 #include "host/service/run_desktop.h"
+#include "host/service/supervisor.h"
 #include "host/session/layer_shell.h"
 #include "host/session/toolkit_look.h"
 #include "platform/files/programs.h"
@@ -43,13 +44,8 @@ int runCommand(const std::vector<std::string>& words, char* argv[])
     return skyvane::runCommand(words, extension(), {.out = std::cout, .error = std::cerr});
 }
 
-} // namespace
-
-int main(int argc, char* argv[])
+int showWidgets(bool isRestart, char* argv[])
 {
-    const std::vector<std::string> words(argv + (argc > 0 ? 1 : 0), argv + argc);
-    if (!words.empty())
-        return runCommand(words, argv);
     const std::filesystem::path folder = skyvane::Programs::ownFolder();
     skyvane::useCatalogues(skyvane::Programs::catalogues(folder.parent_path()));
     // As the user has it: some of it is taken out below, some by the toolkit.
@@ -61,6 +57,20 @@ int main(int argc, char* argv[])
     choosePlatform();
     skyvane::keepThemesOut();
     QApplication::setDesktopFileName(skyvane::BusName::host());
-    const auto application = display.open<QApplication>(argc, argv);
-    return skyvane::runDesktop(extension(), skyvane::standardSetup(companion));
+    int programNameOnly = 1;
+    const auto application = display.open<QApplication>(programNameOnly, argv);
+    return skyvane::runDesktop(extension(), skyvane::standardSetup(companion), isRestart);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const std::vector<std::string> words(argv + (argc > 0 ? 1 : 0), argv + argc);
+    if (words == std::vector<std::string>{"--supervise"})
+        return skyvane::Supervisor::run(
+            [&](bool isRestart) { return showWidgets(isRestart, argv); }, skyvane::Display::isReachable);
+    if (!words.empty())
+        return runCommand(words, argv);
+    return showWidgets(/*isRestart=*/false, argv);
 }

@@ -3,6 +3,7 @@
 
 #include "bench/field/turns.h"
 #include "host/desktop/desktop.h"
+#include "host/session/desktop_way.h"
 #include "host/session/toolkit_look.h"
 #include "platform/clock.h"
 #include "platform/files/configuration_file.h"
@@ -71,10 +72,11 @@ int main(int argc, char* argv[])
             DesktopSetup{
                 .hostFile = folder.path() / "host.json",
                 .configuration = Files::configurationFile(),
-                .open = [](const URL&) {},
+                .open = [](const URL&, const QString&) {},
                 .welcome = [] {},
-                .settings = [] {},
-            });
+                .settings = [](const QString&) {},
+            },
+            DesktopWay::ofSession());
     });
     test::waitFor([] { return false; }, 1s); // The extension may be started twice for a beginning.
     bench::playTurns([&] {

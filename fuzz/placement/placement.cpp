@@ -16,12 +16,12 @@ const std::vector<ScreenArea> screens{
 /// The file in which the host remembers where its widgets stand.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto widgets = PlacedWidgets::decoded(fuzz::text(data, size));
-    if (!widgets)
+    const auto arrangement = Arrangement::decoded(fuzz::text(data, size));
+    if (!arrangement)
         return 0;
-    fuzz::require(PlacedWidgets::decoded(PlacedWidgets::encoded(*widgets)) == widgets);
+    fuzz::require(Arrangement::decoded(arrangement->encoded()) == arrangement);
     std::vector<QRect> taken;
-    for (const PlacedWidget& widget : *widgets) {
+    for (const PlacedWidget& widget : arrangement->widgets) {
         const Size points = WidgetContainer::size(widget.target.family);
         const QSize pixels{static_cast<int>(points.width), static_cast<int>(points.height)};
         const QRect frame = Placing::frame(widget.placement, pixels, screens);

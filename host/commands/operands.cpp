@@ -43,6 +43,15 @@ std::vector<Candidate> placedNumbers(const Arguments&, const CommandContext&)
     return numbers;
 }
 
+std::vector<Candidate> screens(const Arguments&, const CommandContext&)
+{
+    std::istringstream lines{askHost(QDBusConnection::sessionBus(), &HostInterface::ListScreens)};
+    std::vector<Candidate> screens;
+    for (std::string name; std::getline(lines, name);)
+        screens.push_back({.word = name, .meaning = ""});
+    return screens;
+}
+
 } // namespace
 
 Operand kindOperand()
@@ -73,6 +82,16 @@ Operand numberOperand()
         .noun = "a widget's number",
         .check = [](const std::string& word) { placedNumber(word); },
         .candidates = placedNumbers,
+    };
+}
+
+Operand screenOperand()
+{
+    return {
+        .name = "SCREEN",
+        .noun = "a screen",
+        .help = "as listed",
+        .candidates = screens,
     };
 }
 

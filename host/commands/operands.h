@@ -12,6 +12,7 @@ Operand familyOperand();
 
 /// The number of a placed widget.
 Operand numberOperand();
+Operand screenOperand();
 
 /// The operand's value. Throws `UsageError`.
 WidgetFamily familyNamed(const std::string& word);

@@ -31,6 +31,19 @@ void remove(const Arguments& arguments, const CommandContext& context)
     tell(context, [&](HostInterface& host) { return host.Remove(widget); });
 }
 
+void move(const Arguments& arguments, const CommandContext& context)
+{
+    const int widget = placedNumber(arguments.operands[0]);
+    const QString screen = QString::fromStdString(arguments.operands[1]);
+    tell(context, [&](HostInterface& host) { return host.Move(widget, screen); });
+}
+
+template <bool isLocked>
+void setLocked(const Arguments&, const CommandContext& context)
+{
+    tell(context, [](HostInterface& host) { return host.SetLocked(isLocked); });
+}
+
 template <auto method>
 void tellHost(const Arguments&, const CommandContext& context)
 {
@@ -85,9 +98,38 @@ const std::vector<Command>& commands()
             .run = remove,
         },
         {
+            .name = "undo",
+            .help = "Puts the widget back that was removed within the last ten seconds.",
+            .meaning = "Put the widget back that was just removed",
+            .run = tellHost<&HostInterface::Undo>,
+        },
+        {
+            .name = "move",
+            .operands = {numberOperand(), screenOperand()},
+            .meaning = "Move a widget to another screen",
+            .run = move,
+        },
+        {
+            .name = "lock",
+            .help = "No widget can be dragged any more.",
+            .meaning = "Keep the widgets where they are",
+            .run = setLocked<true>,
+        },
+        {
+            .name = "unlock",
+            .meaning = "Let widgets be dragged",
+            .run = setLocked<false>,
+        },
+        {
             .name = "refresh",
             .meaning = "Ask for new content",
             .run = tellHost<&HostInterface::Refresh>,
+        },
+        {
+            .name = "focus",
+            .help = "Gives the widgets the keyboard: Tab leads on, Enter opens.",
+            .meaning = "Give the widgets the keyboard",
+            .run = tellHost<&HostInterface::Focus>,
         },
         {
             .name = "quit",
@@ -101,12 +143,24 @@ const std::vector<Command>& commands()
             .run = tellHost<&HostInterface::ListPlaced>,
         },
         {
+            .name = "list --screens",
+            .help = "The screens' names, the primary one's first.",
+            .meaning = "The screens that widgets can be on",
+            .run = tellHost<&HostInterface::ListScreens>,
+        },
+        {
             .name = "list",
             .help = "The widgets: kind, name and families.",
             .meaning = "The widgets that there are",
             .run = list,
         },
         renderCommand(),
+        {
+            .name = "--supervise",
+            .help = "Shows the widgets, too, and again when their display comes back or they crash.",
+            .meaning = "Show the widgets, again when they end by a failure",
+            .run = [](const Arguments&, const CommandContext&) {}, // Done before there are commands.
+        },
         {
             .name = "--help",
             .meaning = "Print a summary",

@@ -1,9 +1,13 @@
 #include "host/desktop/companion.h"
 
 #include "desk/activation.h"
+#include "desk/bus/application_interface.h"
+#include "desk/bus/names.h"
 #include "desk/text.h"
 
 #include <QCoreApplication>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QLoggingCategory>
 #include <QProcess>
 
@@ -36,26 +40,22 @@ void startDetached(
         qCWarning(journal, "the companion cannot be started: %s", program.c_str());
 }
 
-} // namespace
-
-void Companion::start(const QStringList& words) const
+/// The bus starts the companion that is installed, where none runs.
+QDBusMessage openCall(const QString& link, const QString& token)
 {
-    startDetached(program, words, Activation::withoutToken(environment));
+    auto message = QDBusMessage::createMethodCall(BusName::companion(), BusName::path(BusName::companion()),
+        QString::fromLatin1(ApplicationInterface::staticInterfaceName()), QStringLiteral("Open"));
+    message << QStringList{link} << Activation::platformData(token);
+    return message;
 }
 
-void Companion::startInPlaceOfHost() const
+void askOpener(const Companion& companion, const QString& link, const QString& token, const QString& opener)
 {
-    startDetached(program, {}, environment);
-}
-
-void Companion::openLink(const URL& link, const QString& opener) const
-{
-    const QString text = toQString(link.text());
     auto* process = new QProcess{QCoreApplication::instance()};
-    prepare(*process, opener, {text}, Activation::withoutToken(environment));
-    const auto settle = [companion = *this, process, text](bool isOpened) {
+    prepare(*process, opener, {link}, Activation::withToken(companion.environment, token));
+    const auto settle = [companion, process, link, token](bool isOpened) {
         if (!isOpened)
-            companion.start({text});
+            companion.start({link}, token);
         process->deleteLater();
     };
     QObject::connect(process, &QProcess::finished, process, [settle](int code, QProcess::ExitStatus status) {
@@ -66,6 +66,34 @@ void Companion::openLink(const URL& link, const QString& opener) const
             settle(/*isOpened=*/false);
     });
     process->start();
+}
+
+} // namespace
+
+void Companion::start(const QStringList& words, const QString& token) const
+{
+    startDetached(program, words, Activation::withToken(environment, token));
+}
+
+void Companion::startInPlaceOfHost() const
+{
+    startDetached(program, {}, environment);
+}
+
+void Companion::openLink(
+    const QDBusConnection& bus, const URL& link, const QString& token, const QString& opener) const
+{
+    const QString text = toQString(link.text());
+    if (!bus.isConnected())
+        return askOpener(*this, text, token, opener);
+    auto* answer
+        = new QDBusPendingCallWatcher{bus.asyncCall(openCall(text, token)), QCoreApplication::instance()};
+    QObject::connect(
+        answer, &QDBusPendingCallWatcher::finished, answer, [companion = *this, answer, text, token, opener] {
+            if (answer->isError())
+                askOpener(companion, text, token, opener);
+            answer->deleteLater();
+        });
 }
 
 } // namespace skyvane

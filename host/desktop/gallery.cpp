@@ -14,8 +14,8 @@
 
 namespace skyvane {
 
-Gallery::Gallery(ExtensionProcess& extension, const FontMeasurer& fonts, Add add)
-    : m_extension(extension), m_fonts(fonts), m_add(std::move(add)), m_content(new QWidget)
+Gallery::Gallery(ExtensionProcess& extension, const FontMeasurer& fonts, const DesktopWay& way, Add add)
+    : m_extension(extension), m_fonts(fonts), m_way(way), m_add(std::move(add)), m_content(new QWidget)
 {
     setWindowTitle(localizedText("Add Widgets"));
     m_rows = new QVBoxLayout{m_content};
@@ -59,8 +59,8 @@ QWidget* Gallery::row(const WidgetInfo& widget)
     lines->addLayout(samples);
     for (const WidgetFamily family : widget.families) {
         const WidgetTarget target{.kind = widget.kind, .family = family};
-        auto* button
-            = new SampleButton{family, m_fonts, [this, target](const QRect& frame) { m_add(target, frame); }};
+        auto* button = new SampleButton{
+            family, m_fonts, m_way, [this, target](const QRect& frame) { m_add(target, frame); }};
         button->setAccessibleName(name + QStringLiteral(", ") + familyTitle(family));
         connect(button, &QAbstractButton::clicked, this, [this, target] { m_add(target, std::nullopt); });
         m_extension.ask(Protocol::SnapshotCall{.params = {.target = target, .isPreview = true}},

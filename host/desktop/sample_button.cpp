@@ -1,6 +1,6 @@
 #include "host/desktop/sample_button.h"
 
-#include "host/session/desktop_hints.h"
+#include "host/session/desktop_way.h"
 #include "host/session/round_shape.h"
 #include "paint/widget_card.h"
 
@@ -34,8 +34,9 @@ std::unique_ptr<QWidget> pictureOf(QWidget& widget)
 
 } // namespace
 
-SampleButton::SampleButton(WidgetFamily family, const FontMeasurer& fonts, Dropped dropped)
-    : m_dropped(std::move(dropped)), m_picture(new DisplayListView{fonts})
+SampleButton::SampleButton(
+    WidgetFamily family, const FontMeasurer& fonts, const DesktopWay& way, Dropped dropped)
+    : m_way(way), m_dropped(std::move(dropped)), m_picture(new DisplayListView{fonts})
 {
     setFixedSize(WidgetCard::sizeOf(family));
     setCursor(Qt::PointingHandCursor);
@@ -71,7 +72,7 @@ void SampleButton::mouseMoveEvent(QMouseEvent* event)
 {
     const QPoint place = event->position().toPoint();
     const bool isFar = (place - m_pressed).manhattanLength() >= QApplication::startDragDistance();
-    if (!m_dragged && isFar && (event->buttons() & Qt::LeftButton) && arePlacesKnown())
+    if (!m_dragged && isFar && (event->buttons() & Qt::LeftButton) && m_way.arePlacesKnown())
         m_dragged = pictureOf(*this);
     if (!m_dragged)
         return QAbstractButton::mouseMoveEvent(event);

@@ -11,13 +11,15 @@
 
 namespace skyvane {
 
+class DesktopWay;
+
 /// A widget of a family as a button with its sample's picture, which can be dragged out of the window.
 class SampleButton : public QAbstractButton {
 public:
     /// Told the picture's frame at the end of a drag, in the coordinates of the screens.
     using Dropped = std::function<void(const QRect& frame)>;
 
-    SampleButton(WidgetFamily family, const FontMeasurer& fonts, Dropped dropped);
+    SampleButton(WidgetFamily family, const FontMeasurer& fonts, const DesktopWay& way, Dropped dropped);
 
     void showSample(const WidgetEntry& entry);
 
@@ -30,6 +32,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    const DesktopWay& m_way;
     Dropped m_dropped;
     DisplayListView* m_picture;
     QPoint m_pressed;

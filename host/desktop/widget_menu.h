@@ -1,11 +1,13 @@
 #pragma once
 
+#include "host/placing/placing.h"
 #include "ui/layout/widget_container.h"
 
 #include <QPoint>
 #include <QString>
 
 #include <functional>
+#include <string>
 #include <vector>
 
 class QMenu;
@@ -13,8 +15,19 @@ class QWidget;
 
 namespace skyvane {
 
+/// What a widget's menu offers, and what it ticks.
+struct WidgetMenuChoices {
+    std::vector<WidgetFamily> families;
+    WidgetFamily family;
+    std::vector<ScreenArea> screens; ///< Offered where there are several.
+    std::string screen;
+    bool isLocked;
+};
+
 struct WidgetMenuActions {
     std::function<void(WidgetFamily)> resize;
+    std::function<void(const std::string& screen)> moveTo;
+    std::function<void(bool isLocked)> lock;
     std::function<void()> refresh;
     std::function<void()> add;
     std::function<void()> remove;
@@ -26,7 +39,6 @@ struct WidgetMenuActions {
 QString familyTitle(WidgetFamily family);
 
 /// The menu of one widget; it goes when it closes.
-QMenu* makeWidgetMenu(QWidget& parent, const std::vector<WidgetFamily>& families, WidgetFamily current,
-    const WidgetMenuActions& actions);
+QMenu* makeWidgetMenu(QWidget& parent, const WidgetMenuChoices& choices, const WidgetMenuActions& actions);
 
 } // namespace skyvane

@@ -1,7 +1,8 @@
 #include "host/desktop/widget_window.h"
 
 #include "desk/text.h"
-#include "host/session/desktop_hints.h"
+#include "host/desktop/drag_picture.h"
+#include "host/session/desktop_way.h"
 #include "host/session/round_shape.h"
 #include "paint/to_qt.h"
 #include "paint/widget_card.h"
@@ -39,15 +40,25 @@ QString stateOf(Mark mark)
     return localizedText("Refreshing.");
 }
 
+std::uint32_t timeOf(const QInputEvent& event)
+{
+    return static_cast<std::uint32_t>(event.timestamp());
+}
+
 } // namespace
 
-WidgetWindow::WidgetWindow(WidgetFamily family, const FontMeasurer& fonts, WidgetActions actions)
-    : DisplayListView(fonts, [this](const URL* link) { open(link); }), m_actions(std::move(actions))
+WidgetWindow::WidgetWindow(
+    WidgetFamily family, const FontMeasurer& fonts, DesktopWay& way, WidgetActions actions)
+    : DisplayListView(fonts, [this](const URL* link) { open(link); })
+    , m_way(way)
+    , m_actions(std::move(actions))
 {
     setFixedSize(WidgetCard::sizeOf(family));
     showEmptyCard();
-    makePartOfDesktop(*this);
+    m_way.adopt(*this);
 }
+
+WidgetWindow::~WidgetWindow() = default;
 
 void WidgetWindow::setNames(const QString& name, const QString& description)
 {
@@ -78,6 +89,8 @@ void WidgetWindow::setShaped(bool isShaped)
 
 void WidgetWindow::paintEvent(QPaintEvent* event)
 {
+    if (m_picture)
+        return; // It is seen elsewhere.
     if (m_isShaped && background())
         QPainter{this}.fillRect(rect(), toQt(*background()));
     DisplayListView::paintEvent(event);
@@ -89,40 +102,83 @@ void WidgetWindow::paintEvent(QPaintEvent* event)
 
 void WidgetWindow::mousePressEvent(QMouseEvent* event)
 {
-    stayOnDesktop(*this);
+    m_way.keepBelow(*this);
     DisplayListView::mousePressEvent(event);
     if (event->button() != Qt::LeftButton)
         return;
-    m_pressed = event->globalPosition().toPoint();
-    m_origin = pos();
-    m_isDragging = false;
+    m_hold = Hold{.origin = pos(), .inWindow = event->position(), .onScreens = event->globalPosition()};
+    m_dragged.reset();
 }
 
 void WidgetWindow::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPoint place = event->globalPosition().toPoint();
-    if (m_pressed && (place - *m_pressed).manhattanLength() >= QApplication::startDragDistance()) {
-        m_isDragging = true;
-        dropTap();
+    if (m_hold && m_isMovable) {
+        const QPoint place = heldPlace(*event);
+        if (m_dragged || (place - m_hold->origin).manhattanLength() >= QApplication::startDragDistance())
+            drag(place);
     }
-    if (m_pressed && m_isDragging)
-        moveOnDesktop(*this, m_actions.snapped({m_origin + place - *m_pressed, size()}).topLeft());
     DisplayListView::mouseMoveEvent(event);
+}
+
+/// Where the window belongs for the pointer to be where it was pressed. A window that stays is what the
+/// pointer counts from; of one that moves only the screens are sure.
+QPoint WidgetWindow::heldPlace(const QMouseEvent& event) const
+{
+    const QPointF moved = m_way.movesUnderPointer() ? event.globalPosition() - m_hold->onScreens
+                                                    : event.position() - m_hold->inWindow;
+    return m_hold->origin + moved.toPoint();
+}
+
+void WidgetWindow::drag(const QPoint& place)
+{
+    if (!m_dragged) {
+        dropTap();
+        if (!m_way.movesUnderPointer())
+            m_picture = std::make_unique<DragPicture>(*this, m_way);
+        update();
+    }
+    m_dragged = m_actions.snapped({place, size()}).topLeft();
+    m_way.move(m_picture ? static_cast<QWidget&>(*m_picture) : *this, *m_dragged);
+}
+
+void WidgetWindow::drop()
+{
+    const std::unique_ptr<DragPicture> picture = std::move(m_picture); // Until this is painted there.
+    if (picture) {
+        m_way.move(*this, *m_dragged);
+        repaint();
+    }
+    m_dragged.reset();
+    m_actions.dropped();
 }
 
 void WidgetWindow::mouseReleaseEvent(QMouseEvent* event)
 {
+    m_time = timeOf(*event);
     DisplayListView::mouseReleaseEvent(event);
+    m_time = 0;
     if (event->button() != Qt::LeftButton)
         return;
-    m_pressed.reset();
-    if (std::exchange(m_isDragging, false))
-        m_actions.dropped();
+    m_hold.reset();
+    if (m_dragged)
+        drop();
+}
+
+void WidgetWindow::keyPressEvent(QKeyEvent* event)
+{
+    m_time = timeOf(*event);
+    DisplayListView::keyPressEvent(event);
+    m_time = 0;
 }
 
 void WidgetWindow::contextMenuEvent(QContextMenuEvent* event)
 {
-    m_actions.menu(event->globalPos());
+    m_actions.menu(event->pos(), timeOf(*event));
+}
+
+bool WidgetWindow::passKeyboard(bool isNext)
+{
+    return m_actions.passKeyboard && m_actions.passKeyboard(isNext);
 }
 
 void WidgetWindow::open(const URL* link)
@@ -131,7 +187,7 @@ void WidgetWindow::open(const URL* link)
         : m_shown                                  ? m_shown->url
                                                    : std::nullopt;
     if (url && url->scheme() == "skyvane")
-        m_actions.open(*url);
+        m_actions.open(*url, m_way.activationToken(*this, m_time));
 }
 
 } // namespace skyvane

@@ -30,14 +30,14 @@ std::filesystem::path HostFile::standardPath()
     return std::filesystem::path{folder.toStdString()} / "skyvane/host.json";
 }
 
-std::optional<std::vector<PlacedWidget>> HostFile::read()
+std::optional<Arrangement> HostFile::read()
 {
     std::error_code error;
     if (!std::filesystem::exists(std::filesystem::symlink_status(m_file, error)))
         return std::nullopt;
     const auto bytes = Files::read(m_file, largestFile);
-    if (auto widgets = bytes ? PlacedWidgets::decoded(*bytes) : std::nullopt)
-        return widgets;
+    if (auto arrangement = bytes ? Arrangement::decoded(*bytes) : std::nullopt)
+        return arrangement;
     const std::filesystem::path aside = freeNameAside(m_file);
     std::filesystem::rename(m_file, aside, error);
     m_isUntouchable = static_cast<bool>(error);
@@ -48,13 +48,13 @@ std::optional<std::vector<PlacedWidget>> HostFile::read()
     return std::nullopt;
 }
 
-void HostFile::write(const std::vector<PlacedWidget>& widgets)
+void HostFile::write(const Arrangement& arrangement)
 {
     if (m_isUntouchable)
         return;
     std::error_code ignored;
     std::filesystem::create_directories(m_file.parent_path(), ignored);
-    if (!Files::writeAtomically(m_file, PlacedWidgets::encoded(widgets)))
+    if (!Files::writeAtomically(m_file, arrangement.encoded()))
         qCWarning(journal, "%s cannot be written", m_file.c_str());
 }
 

@@ -16,11 +16,11 @@ public:
 
     /// Absent on the first start. A file that cannot be understood is set aside under a name that ends in
     /// ".broken", with a line in the journal; then, too, this is a first start.
-    std::optional<std::vector<PlacedWidget>> read();
+    std::optional<Arrangement> read();
 
     /// All or nothing; a failure is a line in the journal. A file that could neither be understood nor set
     /// aside stands.
-    void write(const std::vector<PlacedWidget>& widgets);
+    void write(const Arrangement& arrangement);
 
 private:
     std::filesystem::path m_file;

@@ -10,7 +10,7 @@
 #include <set>
 #include <utility>
 
-namespace skyvane::PlacedWidgets {
+namespace skyvane {
 
 namespace {
 
@@ -30,6 +30,7 @@ nlohmann::ordered_json json(const PlacedWidget& widget)
     nlohmann::ordered_json json{{"id", widget.id}};
     json.update(Protocol::write(widget.target));
     json["screen"] = widget.placement.screen;
+    json["identity"] = widget.placement.identity;
     json["corner"] = corner->second;
     json["x"] = widget.placement.inset.x();
     json["y"] = widget.placement.inset.y();
@@ -65,39 +66,44 @@ PlacedWidget widget(JSON::Value value)
             .screen = members.required("screen", JSON::text),
             .corner = members.required("corner", corner),
             .inset = {members.required("x", number), members.required("y", number)},
+            .identity = members.optional("identity", JSON::text).value_or(std::string{}),
         },
     };
 }
 
 } // namespace
 
-std::string encoded(const std::vector<PlacedWidget>& widgets)
+std::string Arrangement::encoded() const
 {
     nlohmann::ordered_json list = nlohmann::ordered_json::array();
-    for (const PlacedWidget& widget : widgets)
-        list.push_back(json(widget));
-    const nlohmann::ordered_json whole{{"version", version}, {"widgets", list}};
+    for (const PlacedWidget& placed : widgets)
+        list.push_back(json(placed));
+    const nlohmann::ordered_json whole{{"version", version}, {"locked", isLocked}, {"widgets", list}};
     // A screen's name is whatever its maker wrote.
-    return whole.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+    return whole.dump(2, ' ', /*ensure_ascii=*/false, nlohmann::ordered_json::error_handler_t::replace)
+        + "\n";
 }
 
-std::optional<std::vector<PlacedWidget>> decoded(std::string_view bytes)
+std::optional<Arrangement> Arrangement::decoded(std::string_view text)
 {
     try {
-        const JSON::Document document{bytes};
+        const JSON::Document document{text};
         const JSON::Object members{document.root()};
         if (members.required("version", JSON::integer) != version)
             return std::nullopt;
-        auto widgets = members.required("widgets", JSON::listOf(widget));
+        Arrangement arrangement{
+            .widgets = members.required("widgets", JSON::listOf(widget)),
+            .isLocked = members.optional("locked", JSON::boolean).value_or(false),
+        };
         std::set<int> ids;
-        for (const PlacedWidget& placed : widgets) {
+        for (const PlacedWidget& placed : arrangement.widgets) {
             if (placed.id < 1 || !ids.insert(placed.id).second)
                 return std::nullopt;
         }
-        return widgets;
+        return arrangement;
     } catch (const JSON::DecodingError&) {
         return std::nullopt;
     }
 }
 
-} // namespace skyvane::PlacedWidgets
+} // namespace skyvane

@@ -19,14 +19,18 @@ struct PlacedWidget {
     bool operator==(const PlacedWidget&) const = default;
 };
 
-/// The text of the file that remembers them.
-namespace PlacedWidgets {
+/// The widgets on the desktop, as they are remembered.
+struct Arrangement {
+    std::vector<PlacedWidget> widgets{};
+    bool isLocked = false; ///< No widget can be dragged.
 
-std::string encoded(const std::vector<PlacedWidget>& widgets);
+    bool operator==(const Arrangement&) const = default;
 
-/// Absent when the text is of another shape or version, or two widgets have one id.
-std::optional<std::vector<PlacedWidget>> decoded(std::string_view text);
+    /// The text of the file that remembers it.
+    std::string encoded() const;
 
-} // namespace PlacedWidgets
+    /// Absent when the text is of another shape or version, or two widgets have one id.
+    static std::optional<Arrangement> decoded(std::string_view text);
+};
 
 } // namespace skyvane

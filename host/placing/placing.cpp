@@ -81,6 +81,45 @@ long long overlap(const QRect& one, const QRect& other)
     return common.isEmpty() ? 0 : 1LL * common.width() * common.height();
 }
 
+/// Its own screen, whatever socket that is in now, else the one of the same name; null where there is
+/// neither.
+const ScreenArea* homeOf(const Placement& placement, const std::vector<ScreenArea>& screens)
+{
+    const auto find = [&](const auto& isMeant) {
+        const auto found = std::ranges::find_if(screens, isMeant);
+        return found == screens.end() ? nullptr : &*found;
+    };
+    const auto hasName = [&](const ScreenArea& screen) { return screen.name == placement.screen; };
+    const auto isSame = [&](const ScreenArea& screen) {
+        return !screen.identity.empty() && screen.identity == placement.identity;
+    };
+    if (const ScreenArea* both = find([&](const ScreenArea& s) { return hasName(s) && isSame(s); }))
+        return both;
+    if (const ScreenArea* moved = find(isSame))
+        return moved;
+    return find(hasName);
+}
+
+/// As it is remembered, which may be outside the area.
+QRect rememberedFrame(const Placement& placement, QSize size, const QRect& area)
+{
+    const auto start = [](Span space, int length, int inset, bool isFromEnd) {
+        return isFromEnd ? space.end() - inset - length : space.start + inset;
+    };
+    return {
+        QPoint{
+            start(across(area), size.width(), placement.inset.x(), isRight(placement.corner)),
+            start(down(area), size.height(), placement.inset.y(), isBottom(placement.corner)),
+        },
+        size,
+    };
+}
+
+bool covers(const QRect& frame, const std::vector<QRect>& others)
+{
+    return std::ranges::any_of(others, [&](const QRect& other) { return frame.intersects(other); });
+}
+
 int distance(const QRect& frame, const QRect& area)
 {
     return (frame.center() - area.center()).manhattanLength();
@@ -115,6 +154,7 @@ std::optional<Placement> placement(const QRect& frame, const std::vector<ScreenA
         .screen = screen->name,
         .corner = cornerOf(isAtRight, isAtBottom),
         .inset = {isAtRight ? right : left, isAtBottom ? bottom : top},
+        .identity = screen->identity,
     };
 }
 
@@ -122,19 +162,31 @@ QRect frame(const Placement& placement, QSize size, const std::vector<ScreenArea
 {
     if (screens.empty())
         return {QPoint{}, size};
-    const auto named = std::find_if(screens.begin(), screens.end(),
-        [&](const ScreenArea& screen) { return screen.name == placement.screen; });
-    const QRect area = named == screens.end() ? screens.front().area : named->area;
-    const auto start = [](Span space, int length, int inset, bool isFromEnd) {
-        return inside({isFromEnd ? space.end() - inset - length : space.start + inset, length}, space);
-    };
-    return {
-        QPoint{
-            start(across(area), size.width(), placement.inset.x(), isRight(placement.corner)),
-            start(down(area), size.height(), placement.inset.y(), isBottom(placement.corner)),
-        },
-        size,
-    };
+    const ScreenArea* home = homeOf(placement, screens);
+    const QRect area = home == nullptr ? screens.front().area : home->area;
+    return inside(rememberedFrame(placement, size, area), area);
+}
+
+std::vector<QRect> frames(const std::vector<Remembered>& widgets, const std::vector<ScreenArea>& screens)
+{
+    std::vector<QRect> frames;
+    std::vector<QRect> taken;
+    std::vector<std::size_t> displaced;
+    for (const auto& [placement, size] : widgets) {
+        const QRect place = frames.emplace_back(frame(placement, size, screens));
+        const ScreenArea* home = homeOf(placement, screens);
+        if (home != nullptr && place == rememberedFrame(placement, size, home->area))
+            taken.push_back(place);
+        else
+            displaced.push_back(frames.size() - 1);
+    }
+    for (const std::size_t index : displaced) {
+        const auto screen = screenOf(frames[index], screens);
+        if (screen && covers(frames[index], taken))
+            frames[index] = freeFrame(frames[index].size(), screen->area, taken);
+        taken.push_back(frames[index]);
+    }
+    return frames;
 }
 
 QRect snapped(QRect frame, const QRect& area, const std::vector<QRect>& neighbours)
@@ -150,6 +202,11 @@ QRect snapped(QRect frame, const QRect& area, const std::vector<QRect>& neighbou
     frame.moveTo(
         snappedStart(across(frame), across(area), columns), snappedStart(down(frame), down(area), rows));
     return frame;
+}
+
+QRect inside(const QRect& frame, const QRect& area)
+{
+    return {QPoint{inside(across(frame), across(area)), inside(down(frame), down(area))}, frame.size()};
 }
 
 QRect freeFrame(QSize size, const QRect& area, const std::vector<QRect>& taken)

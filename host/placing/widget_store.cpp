@@ -10,44 +10,65 @@ WidgetStore::WidgetStore(const std::filesystem::path& file) : m_file(file)
     auto remembered = m_file.read();
     m_isFirstStart = !remembered;
     if (remembered)
-        m_widgets = *std::move(remembered);
+        m_arrangement = *std::move(remembered);
 }
 
 const PlacedWidget* WidgetStore::find(int widget) const
 {
-    const auto found = std::ranges::find(m_widgets, widget, &PlacedWidget::id);
-    return found == m_widgets.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(m_arrangement.widgets, widget, &PlacedWidget::id);
+    return found == m_arrangement.widgets.end() ? nullptr : &*found;
 }
 
 PlacedWidget* WidgetStore::findMutable(int widget)
 {
-    const auto found = std::ranges::find(m_widgets, widget, &PlacedWidget::id);
-    return found == m_widgets.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(m_arrangement.widgets, widget, &PlacedWidget::id);
+    return found == m_arrangement.widgets.end() ? nullptr : &*found;
+}
+
+int WidgetStore::freeId() const
+{
+    int last = 0;
+    for (const PlacedWidget& widget : all())
+        last = std::max(last, widget.id);
+    return last + 1;
 }
 
 PlacedWidget WidgetStore::add(const WidgetTarget& target, const Placement& placement)
 {
-    int last = 0;
-    for (const PlacedWidget& widget : m_widgets)
-        last = std::max(last, widget.id);
-    m_widgets.push_back({.id = last + 1, .target = target, .placement = placement});
-    m_file.write(m_widgets);
-    return m_widgets.back();
+    return putBack({.id = freeId(), .target = target, .placement = placement});
 }
 
-bool WidgetStore::remove(int widget)
+std::optional<PlacedWidget> WidgetStore::remove(int widget)
 {
-    if (std::erase_if(m_widgets, [&](const PlacedWidget& placed) { return placed.id == widget; }) == 0)
-        return false;
-    m_file.write(m_widgets);
-    return true;
+    const PlacedWidget* found = find(widget);
+    if (found == nullptr)
+        return std::nullopt;
+    const PlacedWidget removed = *found;
+    std::erase(m_arrangement.widgets, removed);
+    m_file.write(m_arrangement);
+    return removed;
+}
+
+PlacedWidget WidgetStore::putBack(PlacedWidget widget)
+{
+    if (find(widget.id) != nullptr)
+        widget.id = freeId();
+    m_arrangement.widgets.push_back(std::move(widget));
+    m_file.write(m_arrangement);
+    return all().back();
+}
+
+void WidgetStore::setLocked(bool isLocked)
+{
+    m_arrangement.isLocked = isLocked;
+    m_file.write(m_arrangement);
 }
 
 void WidgetStore::resize(int widget, WidgetFamily family)
 {
     if (PlacedWidget* placed = findMutable(widget)) {
         placed->target.family = family;
-        m_file.write(m_widgets);
+        m_file.write(m_arrangement);
     }
 }
 
@@ -55,7 +76,7 @@ void WidgetStore::move(int widget, const Placement& placement)
 {
     if (PlacedWidget* placed = findMutable(widget)) {
         placed->placement = placement;
-        m_file.write(m_widgets);
+        m_file.write(m_arrangement);
     }
 }
 

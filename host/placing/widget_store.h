@@ -13,14 +13,19 @@ public:
     /// Whether no earlier session left anything that can be understood.
     bool isFirstStart() const { return m_isFirstStart; }
 
-    const std::vector<PlacedWidget>& all() const { return m_widgets; }
+    const std::vector<PlacedWidget>& all() const { return m_arrangement.widgets; }
     /// Null where there is none of this id.
     const PlacedWidget* find(int widget) const;
 
     /// Adds a widget and returns it, with an id of its own.
     PlacedWidget add(const WidgetTarget& target, const Placement& placement);
-    /// Returns whether there was a widget of this id.
-    bool remove(int widget);
+    /// Returns the widget, absent when there was none of this id.
+    std::optional<PlacedWidget> remove(int widget);
+    /// Puts a removed widget back and returns it, with an id of its own should another have taken it.
+    PlacedWidget putBack(PlacedWidget widget);
+
+    bool isLocked() const { return m_arrangement.isLocked; }
+    void setLocked(bool isLocked);
 
     /// These change nothing when there is no widget of this id.
     void resize(int widget, WidgetFamily family);
@@ -28,9 +33,10 @@ public:
 
 private:
     PlacedWidget* findMutable(int widget);
+    int freeId() const;
 
     HostFile m_file;
-    std::vector<PlacedWidget> m_widgets;
+    Arrangement m_arrangement;
     bool m_isFirstStart;
 };
 

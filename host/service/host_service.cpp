@@ -36,6 +36,25 @@ QString HostService::Remove(int widget)
                                      : refuse(QStringLiteral("there is no placed widget %1").arg(widget));
 }
 
+QString HostService::Undo()
+{
+    return m_desktop->undo() ? QString{} : refuse(QStringLiteral("no widget was removed just now"));
+}
+
+QString HostService::Move(int widget, const QString& screen)
+{
+    return m_desktop->moveTo(widget, screen.toStdString())
+        ? QString{}
+        : refuse(QStringLiteral("there is no placed widget %1, or no screen \"%2\"")
+                     .arg(QString::number(widget), screen));
+}
+
+QString HostService::SetLocked(bool locked)
+{
+    m_desktop->setLocked(locked);
+    return {};
+}
+
 QString HostService::Refresh()
 {
     m_desktop->refreshAll();
@@ -53,10 +72,23 @@ QString HostService::ListPlaced() const
     return text;
 }
 
+QString HostService::ListScreens() const
+{
+    QString text;
+    for (const ScreenArea& screen : m_desktop->screens())
+        text += QString::fromStdString(screen.name) + QStringLiteral("\n");
+    return text;
+}
+
 QString HostService::ShowGallery()
 {
     m_desktop->showGallery();
     return {};
+}
+
+QString HostService::Focus()
+{
+    return m_desktop->giveKeyboard() ? QString{} : refuse(QStringLiteral("there is no placed widget"));
 }
 
 QString HostService::Quit()

@@ -24,9 +24,14 @@ public:
     // The interface's methods, called by its adaptor.
     QString Add(const QString& kind, const QString& family);
     QString Remove(int widget);
+    QString Undo();
+    QString Move(int widget, const QString& screen);
+    QString SetLocked(bool locked);
     QString Refresh();
     QString ListPlaced() const;
+    QString ListScreens() const;
     QString ShowGallery();
+    QString Focus();
     QString Quit();
 
 private:

@@ -1,12 +1,17 @@
 #include "host/service/run_desktop.h"
 
 #include "desk/bus/single_instance.h"
+#include "desk/text.h"
 #include "host/service/ask_host.h"
 #include "host/service/host_service.h"
+#include "host/session/desktop_way.h"
 #include "platform/files/configuration_file.h"
 
 #include <QApplication>
 #include <QLoggingCategory>
+#include <QMessageBox>
+
+#include <utility>
 
 namespace skyvane {
 
@@ -25,6 +30,14 @@ int showGalleryOfOther(const QDBusConnection& bus)
     }
 }
 
+/// Once, in the journal and in a window. That is no failure which another start could mend.
+int sayProblem(const QString& problem)
+{
+    qCWarning(journal, "%s", qUtf8Printable(problem));
+    QMessageBox{QMessageBox::Warning, localizedText("Skyvane Widgets"), problem, QMessageBox::Close}.exec();
+    return 0;
+}
+
 } // namespace
 
 DesktopSetup standardSetup(const Companion& companion)
@@ -32,14 +45,19 @@ DesktopSetup standardSetup(const Companion& companion)
     return {
         .hostFile = HostFile::standardPath(),
         .configuration = Files::configurationFile(),
-        .open = [companion](const URL& url) { companion.openLink(url); },
+        .open = [companion](const URL& url,
+                    const QString& token) { companion.openLink(QDBusConnection::sessionBus(), url, token); },
         .welcome = [companion] { companion.startInPlaceOfHost(); },
-        .settings = [companion] { companion.start({QStringLiteral("--settings")}); },
+        .settings
+        = [companion](const QString& token) { companion.start({QStringLiteral("--settings")}, token); },
     };
 }
 
-int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup)
+int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup, bool isRestart)
 {
+    auto way = DesktopWay::ofSession();
+    if (const auto problem = way->problem())
+        return sayProblem(*problem);
     QApplication::setQuitOnLastWindowClosed(false);
     ExtensionProcess extension{program};
     extension.start(); // Gets ready while the windows do.
@@ -48,8 +66,8 @@ int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup)
     const HostService service{bus, desktop};
     const SingleInstance instance{bus, BusName::host()};
     if (!instance.isFirst())
-        return showGalleryOfOther(bus);
-    desktop.emplace(extension, setup);
+        return isRestart ? 0 : showGalleryOfOther(bus);
+    desktop.emplace(extension, setup, std::move(way));
     const int status = QApplication::exec();
     desktop.reset(); // What it remembers is written before the name is free for the next host.
     return status;

@@ -1,19 +1,24 @@
 #include "host/session/layer_shell.h"
 
+#include "host/session/desktop_way.h"
+
 #include <LayerShellQt/Window>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
 
-#include <cstdint>
-#include <memory>
+#include <map>
 #include <string_view>
+#include <utility>
 #include <wayland-client.h>
 
-namespace skyvane::LayerShell {
+namespace skyvane {
 
 namespace {
+
+using Layer = LayerShellQt::Window;
 
 void noteGlobal(
     void* isFound, wl_registry*, std::uint32_t /*name*/, const char* interface, std::uint32_t /*version*/)
@@ -30,9 +35,90 @@ QScreen* screenOf(const QRect& frame)
     return screen != nullptr ? screen : QGuiApplication::primaryScreen();
 }
 
+/// Widgets as surfaces of the layer between the wallpaper and all ordinary windows.
+class LayerWay : public DesktopWay {
+public:
+    void adopt(QWidget& window) override;
+    void move(QWidget& window, const QPoint& place) override;
+    void giveKeyboard(QWidget& window) override;
+
+    /// Events of the pointer count from the surface that holds it, and compositors disagree from where when
+    /// it moves meanwhile: KWin and labwc from its new place, sway from that of the press.
+    bool movesUnderPointer() const override { return false; }
+
+    bool arePlacesKnown() const override { return false; }
+
+private:
+    /// The screen that each window's surface was made for.
+    std::map<const QWidget*, QPointer<QScreen>> m_screens;
+    QObject m_context;
+};
+
+void LayerWay::adopt(QWidget& window)
+{
+    DesktopWay::adopt(window);
+    window.winId(); // Makes the window that the layer is told about.
+    Layer* layer = Layer::get(window.windowHandle());
+    layer->setLayer(Layer::LayerBottom);
+    layer->setAnchors({Layer::AnchorTop, Layer::AnchorLeft});
+    layer->setKeyboardInteractivity(Layer::KeyboardInteractivityNone);
+    layer->setScope(QStringLiteral("dock")); // KWin tells by it what stays when the desktop is shown.
+    layer->setExclusiveZone(-1); // Margins count from the screen's edge, not from a panel's.
+    layer->setCloseOnDismissed(false); // Of a screen that goes; it is shown elsewhere.
+    QObject::connect(
+        &window, &QObject::destroyed, &m_context, [this, key = &window] { m_screens.erase(key); });
+}
+
+/// A surface belongs to one screen for as long as it is shown, and is gone with it, whichever screen the
+/// toolkit says the window is on by then.
+void LayerWay::move(QWidget& window, const QPoint& place)
+{
+    QWindow* handle = window.windowHandle();
+    QScreen* screen = screenOf({place, window.size()});
+    if (handle == nullptr || screen == nullptr)
+        return;
+    const QPointer<QScreen> before = std::exchange(m_screens[&window], screen);
+    const bool changesScreen = before != screen && window.isVisible();
+    if (changesScreen)
+        window.hide();
+    const QPoint inset = place - screen->geometry().topLeft();
+    handle->setScreen(screen);
+    Layer::get(handle)->setMargins({inset.x(), inset.y(), 0, 0});
+    window.move(place);
+    if (changesScreen)
+        window.show();
+    window.update(); // The new place is told with the next picture.
+}
+
+/// On the bottom layer compositors may refuse it. The widget comes up for as long as it has the keyboard.
+void LayerWay::giveKeyboard(QWidget& window)
+{
+    Layer* layer = Layer::get(window.windowHandle());
+    layer->setLayer(Layer::LayerTop);
+    layer->setKeyboardInteractivity(Layer::KeyboardInteractivityExclusive);
+    window.setFocus(Qt::TabFocusReason);
+    window.update();
+    QObject::disconnect(window.windowHandle(), &QWindow::activeChanged, layer, nullptr);
+    QObject::connect(window.windowHandle(), &QWindow::activeChanged, layer, [&window, layer] {
+        const bool isActive = window.windowHandle()->isActive();
+        layer->setKeyboardInteractivity(
+            isActive ? Layer::KeyboardInteractivityOnDemand : Layer::KeyboardInteractivityNone);
+        if (!isActive) {
+            layer->setLayer(Layer::LayerBottom);
+            QObject::disconnect(window.windowHandle(), &QWindow::activeChanged, layer, nullptr);
+        }
+        window.update();
+    });
+}
+
 } // namespace
 
-bool isOffered()
+bool LayerShell::isBuiltIn()
+{
+    return true;
+}
+
+bool LayerShell::isOffered()
 {
     if (!qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
         return false;
@@ -49,34 +135,9 @@ bool isOffered()
     return isFound;
 }
 
-void adopt(QWidget& window)
+std::unique_ptr<DesktopWay> LayerShell::way()
 {
-    window.winId(); // Makes the window that the layer is told about.
-    LayerShellQt::Window* layer = LayerShellQt::Window::get(window.windowHandle());
-    layer->setLayer(LayerShellQt::Window::LayerBottom);
-    layer->setAnchors({LayerShellQt::Window::AnchorTop, LayerShellQt::Window::AnchorLeft});
-    layer->setKeyboardInteractivity(LayerShellQt::Window::KeyboardInteractivityOnDemand);
-    layer->setScope(QStringLiteral("dock")); // KWin tells by it what stays when the desktop is shown.
-    layer->setExclusiveZone(-1); // Margins count from the screen's edge, not from a panel's.
-    layer->setCloseOnDismissed(false);
+    return isOffered() ? std::make_unique<LayerWay>() : nullptr;
 }
 
-void move(QWidget& window, const QPoint& place)
-{
-    QWindow* handle = window.windowHandle();
-    QScreen* screen = screenOf({place, window.size()});
-    if (handle == nullptr || screen == nullptr)
-        return;
-    const bool changesScreen = handle->screen() != screen && window.isVisible();
-    if (changesScreen)
-        window.hide(); // A surface belongs to one screen for as long as it is shown.
-    const QPoint inset = place - screen->geometry().topLeft();
-    handle->setScreen(screen);
-    LayerShellQt::Window::get(handle)->setMargins({inset.x(), inset.y(), 0, 0});
-    window.move(place);
-    if (changesScreen)
-        window.show();
-    window.update(); // The new place is told with the next picture.
-}
-
-} // namespace skyvane::LayerShell
+} // namespace skyvane

@@ -31,6 +31,13 @@ bool isDesktopShown(xcb_connection_t* connection)
         == std::vector<std::uint32_t>{1};
 }
 
+bool hasActiveWindow(xcb_connection_t* connection)
+{
+    static const auto active = X11::atoms<1>(connection, {"_NET_ACTIVE_WINDOW"}).front();
+    const auto window = X11::words(connection, X11::root(connection), active, XCB_ATOM_WINDOW);
+    return !window.empty() && window.front() != XCB_WINDOW_NONE;
+}
+
 void lower(xcb_connection_t* connection, xcb_window_t window)
 {
     static const auto restack = X11::atoms<1>(connection, {"_NET_RESTACK_WINDOW"}).front();

@@ -12,6 +12,9 @@ bool showsDesktop(xcb_connection_t* connection);
 /// Whether it does so now.
 bool isDesktopShown(xcb_connection_t* connection);
 
+/// Whether any window has the keyboard.
+bool hasActiveWindow(xcb_connection_t* connection);
+
 /// Puts a window that was mapped before under all others of its layer.
 void lower(xcb_connection_t* connection, xcb_window_t window);
 

@@ -257,6 +257,18 @@ TEST_F(CompanionProgram, withoutADisplayItEndsWithOneLine)
     }
 }
 
+TEST_F(CompanionProgram, aDisplayThatGoesEndsItWithOneLine)
+{
+    first.setProcessEnvironment(session.environment());
+    first.start(SKYVANE_COMPANION, QStringList{});
+    ASSERT_TRUE(isCalled("The sky over Home"));
+    session.endServer();
+    EXPECT_TRUE(test::waitFor([&] { return first.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(first.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(first.exitCode(), 1);
+    EXPECT_EQ(first.readAllStandardError().count('\n'), 1);
+}
+
 TEST_F(CompanionProgram, whatTheToolkitSaysOnTheWayToADisplayIsSaid)
 {
     session.set("QT_QPA_PLATFORM", "nonsense;xcb");

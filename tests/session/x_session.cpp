@@ -81,6 +81,12 @@ XSession::~XSession()
     end(m_server);
 }
 
+void XSession::endServer()
+{
+    m_server.kill();
+    m_server.waitForFinished();
+}
+
 std::string XSession::run(const QString& program, const QStringList& words) const
 {
     QProcess process;

@@ -43,6 +43,9 @@ public:
     /// All windows the window manager knows, the lowest first.
     std::vector<unsigned long> stacking() const;
 
+    /// Ends the X server, as when it crashes.
+    void endServer();
+
     /// The session's bus, for services that a test offers.
     const MessageBus& bus() const { return *m_bus; }
 

@@ -31,13 +31,15 @@ using testing::IsEmpty;
 
 TEST(Completion, theFirstWordIsACommandAndAfterADashAnOption)
 {
-    EXPECT_THAT(offered({""}), ElementsAre("add", "remove", "refresh", "quit", "list", "render"));
-    EXPECT_THAT(offered({"-"}), ElementsAre("--help", "--version"));
+    EXPECT_THAT(offered({""}),
+        ElementsAre(
+            "add", "remove", "undo", "move", "lock", "unlock", "refresh", "focus", "quit", "list", "render"));
+    EXPECT_THAT(offered({"-"}), ElementsAre("--supervise", "--help", "--version"));
 }
 
 TEST(Completion, theSecondWordOfACommandFollowsItsFirst)
 {
-    EXPECT_THAT(offered({"list", ""}), ElementsAre("--placed"));
+    EXPECT_THAT(offered({"list", ""}), ElementsAre("--placed", "--screens"));
     EXPECT_THAT(offered({"list", "--placed", ""}), IsEmpty());
     EXPECT_THAT(offered({"refresh", ""}), IsEmpty());
     EXPECT_THAT(offered({"paint", ""}), IsEmpty());

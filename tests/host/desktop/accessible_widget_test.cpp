@@ -14,11 +14,12 @@ class AccessibleWidgetTest : public DesktopTest {
 protected:
     AccessibleWidgetTest() : DesktopTest("worded")
     {
-        HostFile{hostFile}.write({{
-            .id = 1,
-            .target = {.kind = "org.example.clock", .family = WidgetFamily::small},
-            .placement = {.screen = {}, .corner = ScreenCorner::topLeft, .inset = {96, 48}},
-        }});
+        HostFile{hostFile}.write(
+            {.widgets = {{
+                 .id = 1,
+                 .target = {.kind = "org.example.clock", .family = WidgetFamily::small},
+                 .placement = {.screen = {}, .corner = ScreenCorner::topLeft, .inset = {96, 48}},
+             }}});
     }
 
     /// The widget's window, once it has so many parts.

@@ -1,8 +1,12 @@
 #include "host/desktop/companion.h"
 
 #include "tests/session/journal.h"
+#include "tests/session/private_bus.h"
 #include "tests/session/wait_for.h"
 #include "tests/support/scratch_folder.h"
+
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
 
 #include <gmock/gmock.h>
 
@@ -14,6 +18,19 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+/// Writes down what it is asked over the bus.
+class RunningCompanion : public QDBusVirtualObject {
+public:
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
+    {
+        asked = message.arguments();
+        return connection.send(message.createReply());
+    }
+
+    QVariantList asked;
+};
 
 /// A companion that writes down what it was started with.
 class CompanionTest : public testing::Test {
@@ -36,7 +53,9 @@ protected:
     QString opener(const std::string& line) const
     {
         const auto program = folder.path() / "opener";
-        makeProgram(program, "echo \"$*\" >\"$0.told\"\n" + line);
+        makeProgram(program,
+            "echo \"$*|$XDG_ACTIVATION_TOKEN|$DESKTOP_STARTUP_ID\" >\"$0.new\" && mv \"$0.new\" \"$0.told\"\n"
+                + line);
         return QString::fromStdString(program.string());
     }
 
@@ -50,6 +69,8 @@ protected:
         return line;
     }
 
+    test::PrivateBus session;
+    QDBusConnection bus = session.connection();
     test::ScratchFolder folder;
     Companion companion{
         .program = folder.path() / "skyvane", .environment = QProcessEnvironment::systemEnvironment()};
@@ -61,9 +82,15 @@ protected:
 
 TEST_F(CompanionTest, isStartedWithItsWordsAndWithoutTheHostsActivation)
 {
-    companion.start({"--settings"});
+    companion.start({"--settings"}, {});
     EXPECT_EQ(told(), "--settings||");
     EXPECT_THAT(test::Journal::lines(), IsEmpty());
+}
+
+TEST_F(CompanionTest, isStartedWithTheClicksActivation)
+{
+    companion.start({"--settings"}, "click_TIME7");
+    EXPECT_EQ(told(), "--settings|click_TIME7|click_TIME7");
 }
 
 TEST_F(CompanionTest, inPlaceOfTheHostMayComeToTheFront)
@@ -80,10 +107,10 @@ TEST_F(CompanionTest, aMissingOneIsALineInTheJournal)
         ElementsAre("the companion cannot be started: " + companion.program.string()));
 }
 
-TEST_F(CompanionTest, aLinkIsTheDesktopsToOpen)
+TEST_F(CompanionTest, aLinkIsTheDesktopsToOpenWithTheClicksActivation)
 {
-    companion.openLink(link, opener("exit 0"));
-    EXPECT_EQ(told("opener"), "skyvane://aircraft/4ca7b3");
+    companion.openLink(bus, link, "click_TIME7", opener("exit 0"));
+    EXPECT_EQ(told("opener"), "skyvane://aircraft/4ca7b3|click_TIME7|click_TIME7");
     const auto file = folder.path() / "skyvane.told";
     EXPECT_FALSE(
         test::waitFor([&] { return std::filesystem::exists(file); }, std::chrono::milliseconds{300}));
@@ -91,14 +118,34 @@ TEST_F(CompanionTest, aLinkIsTheDesktopsToOpen)
 
 TEST_F(CompanionTest, aLinkThatTheDesktopCannotOpenIsTheCompanions)
 {
-    companion.openLink(link, opener("exit 3"));
+    companion.openLink(bus, link, {}, opener("exit 3"));
     EXPECT_EQ(told(), "skyvane://aircraft/4ca7b3||");
 }
 
 TEST_F(CompanionTest, aLinkWithoutAnOpenerIsTheCompanions)
 {
-    companion.openLink(link, "/nowhere/opener");
-    EXPECT_EQ(told(), "skyvane://aircraft/4ca7b3||");
+    companion.openLink(bus, link, "click_TIME7", "/nowhere/opener");
+    EXPECT_EQ(told(), "skyvane://aircraft/4ca7b3|click_TIME7|click_TIME7");
+}
+
+TEST_F(CompanionTest, aLinkWithoutABusIsTheDesktopsToOpen)
+{
+    companion.openLink(QDBusConnection{"none"}, link, {}, opener("exit 0"));
+    EXPECT_EQ(told("opener"), "skyvane://aircraft/4ca7b3||");
+}
+
+TEST_F(CompanionTest, aLinkGoesToTheCompanionThatRunsWithTheClicksActivation)
+{
+    QDBusConnection other = session.other();
+    RunningCompanion running;
+    ASSERT_TRUE(other.registerVirtualObject("/org/skyvane/Companion", &running));
+    ASSERT_TRUE(other.registerService("org.skyvane.Companion"));
+    companion.openLink(bus, link, "click_TIME7", opener("exit 0"));
+    EXPECT_TRUE(test::waitFor([&] { return running.asked.size() == 2; }));
+    EXPECT_EQ(running.asked.value(0).toStringList(), QStringList{"skyvane://aircraft/4ca7b3"});
+    EXPECT_EQ(qdbus_cast<QVariantMap>(running.asked.value(1)).value("activation-token"), "click_TIME7");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "opener.told"));
+    other.unregisterService("org.skyvane.Companion");
 }
 
 } // namespace skyvane

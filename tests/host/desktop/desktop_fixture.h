@@ -26,11 +26,17 @@ protected:
     /// Started, with so many windows, all of which the window manager has placed.
     bool start(std::size_t count)
     {
+        return startUnmanaged(count) && test::waitFor([&] { return areManaged(); });
+    }
+
+    /// Started, with so many windows.
+    bool startUnmanaged(std::size_t count)
+    {
         host.setProcessEnvironment(session.environment());
         host.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         host.start(
             SKYVANE_DESKTOP_PROGRAM, {path(extension.program().path), path(hostFile), path(configuration)});
-        return hasWindows(count) && test::waitFor([&] { return areManaged(); });
+        return hasWindows(count);
     }
 
     void end()
@@ -59,7 +65,7 @@ protected:
     {
         return test::waitFor([&] {
             const auto widgets = HostFile{hostFile}.read();
-            return widgets && widgets->size() == count;
+            return widgets && widgets->widgets.size() == count;
         });
     }
 

@@ -4,25 +4,92 @@
 
 namespace skyvane {
 
-TEST_F(DesktopTest, theMenuRemovesAWidgetForGood)
+namespace {
+
+class DesktopMenuTest : public DesktopTest {
+protected:
+    /// The window that offers a removed widget back; empty when there is none.
+    std::string card() const
+    {
+        const auto window = session.run("xdotool", {"search", "--onlyvisible", "--name", " was removed\\.$"});
+        return window.substr(0, window.find('\n'));
+    }
+};
+
+} // namespace
+
+TEST_F(DesktopMenuTest, theMenuRemovesAWidgetForGood)
 {
     ASSERT_TRUE(start(3));
     chooseFromMenu({1171, 100}, "m");
-    EXPECT_TRUE(hasWindows(2));
     EXPECT_TRUE(isInFile(2));
     end();
     EXPECT_TRUE(start(2));
 }
 
-TEST_F(DesktopTest, anEmptyDesktopStartsWithTheGallery)
+TEST_F(DesktopMenuTest, aCardInTheRemovedWidgetsPlaceOffersItBack)
 {
-    HostFile{hostFile}.write({});
+    ASSERT_TRUE(start(3));
+    const auto before = HostFile{hostFile}.read();
+    chooseFromMenu({1171, 100}, "m");
+    EXPECT_TRUE(isInFile(2));
+    ASSERT_TRUE(test::waitFor([&] { return !card().empty(); }));
+    const QRect frame = session.frameOf(card());
+    EXPECT_EQ(frame.topLeft(), QPoint(1086, 24));
+    EXPECT_EQ(frame.width(), 170);
+    pointer({"mousemove", QString::number(frame.center().x()), QString::number(frame.bottom() - 20), "click",
+        "1"});
+    EXPECT_TRUE(isInFile(3));
+    EXPECT_EQ(HostFile{hostFile}.read()->widgets.back(), before->widgets.front());
+    EXPECT_TRUE(hasWindows(3));
+    EXPECT_TRUE(card().empty());
+}
+
+TEST_F(DesktopMenuTest, theOfferEndsAfterTenSeconds)
+{
+    ASSERT_TRUE(start(3));
+    command({"remove", "1"});
+    EXPECT_TRUE(test::waitFor([&] { return !card().empty(); }));
+    EXPECT_TRUE(test::waitFor([&] { return card().empty(); }));
+    command({"undo"});
+    EXPECT_TRUE(isInFile(2));
+    EXPECT_TRUE(hasWindows(2));
+}
+
+TEST_F(DesktopMenuTest, lockedWidgetsStayWhereTheyAreUntilTheyAreUnlocked)
+{
+    ASSERT_TRUE(start(3));
+    ASSERT_TRUE(isAt(smallWindow(), {1086, 24, 170, 170}));
+    EXPECT_TRUE(test::waitFor([&] { // A key that the menu hears twice unlocks again.
+        chooseFromMenu({1171, 100}, "l");
+        return HostFile{hostFile}.read()->isLocked;
+    }));
+    end();
+    ASSERT_TRUE(start(3));
+    const auto drag = [&] {
+        pointer({"mousemove", "1200", "60", "mousedown", "1", "mousemove", "1150", "90", "mousemove", "402",
+            "503", "mouseup", "1"});
+    };
+    EXPECT_TRUE(test::waitFor([&] {
+        pointer({"mousemove", "1171", "60", "click", "1"});
+        return host.bytesAvailable() > 0;
+    }));
+    drag();
+    EXPECT_EQ(session.frameOf(smallWindow()), QRect(1086, 24, 170, 170));
+    command({"unlock"});
+    drag();
+    EXPECT_TRUE(isAt(smallWindow(), {288, 464, 170, 170}));
+}
+
+TEST_F(DesktopMenuTest, anEmptyDesktopStartsWithTheGallery)
+{
+    HostFile{hostFile}.write(Arrangement{});
     ASSERT_TRUE(start(1));
     EXPECT_EQ(gallery(), windows.front());
     EXPECT_TRUE(test::waitFor([&] { return extension.events("widgets.snapshot").size() >= 3; }));
 }
 
-TEST_F(DesktopTest, theGalleryIsShownWhenTheBusAsks)
+TEST_F(DesktopMenuTest, theGalleryIsShownWhenTheBusAsks)
 {
     ASSERT_TRUE(start(3));
     session.run("dbus-send",
@@ -31,7 +98,7 @@ TEST_F(DesktopTest, theGalleryIsShownWhenTheBusAsks)
     EXPECT_FALSE(gallery().empty());
 }
 
-TEST_F(DesktopTest, theGalleryAddsAWidget)
+TEST_F(DesktopMenuTest, theGalleryAddsAWidget)
 {
     ASSERT_TRUE(start(3));
     chooseFromMenu({1171, 100}, "a");
@@ -39,13 +106,13 @@ TEST_F(DesktopTest, theGalleryAddsAWidget)
     EXPECT_TRUE(test::waitFor([&] {
         pointer({"windowactivate", window, "mousemove", "--window", window, "60", "120", "click", "1"});
         const auto widgets = HostFile{hostFile}.read();
-        return widgets && widgets->size() > 3;
+        return widgets && widgets->widgets.size() > 3;
     }));
-    EXPECT_EQ(HostFile{hostFile}.read()->at(3).target,
+    EXPECT_EQ(HostFile{hostFile}.read()->widgets.at(3).target,
         (WidgetTarget{.kind = "org.example.clock", .family = WidgetFamily::small}));
 }
 
-TEST_F(DesktopTest, theGalleryStandsAboveTheWidgets)
+TEST_F(DesktopMenuTest, theGalleryStandsAboveTheWidgets)
 {
     ASSERT_TRUE(start(3));
     chooseFromMenu({1171, 100}, "a");
@@ -56,7 +123,7 @@ TEST_F(DesktopTest, theGalleryStandsAboveTheWidgets)
     }));
 }
 
-TEST_F(DesktopTest, aSampleDraggedOutOfTheGalleryIsAWidgetWhereItWasDropped)
+TEST_F(DesktopMenuTest, aSampleDraggedOutOfTheGalleryIsAWidgetWhereItWasDropped)
 {
     ASSERT_TRUE(start(3));
     chooseFromMenu({1171, 100}, "a");
@@ -75,16 +142,16 @@ TEST_F(DesktopTest, aSampleDraggedOutOfTheGalleryIsAWidgetWhereItWasDropped)
             + place(frame.x() + 40, frame.y() + 120) + place(200, 620) + place(191, 627)
             + QStringList{"mouseup", "1"});
         const auto widgets = HostFile{hostFile}.read();
-        return widgets && widgets->size() > 3;
+        return widgets && widgets->widgets.size() > 3;
     }));
-    const PlacedWidget widget = HostFile{hostFile}.read()->at(3);
+    const PlacedWidget widget = HostFile{hostFile}.read()->widgets.at(3);
     EXPECT_EQ(widget.target.family, WidgetFamily::small);
     EXPECT_EQ(widget.placement.corner, ScreenCorner::bottomLeft);
     EXPECT_LT((widget.placement.inset - QPoint{140, 160}).manhattanLength(), 80);
     EXPECT_EQ(widget.placement.inset.x() % 8, 0);
 }
 
-TEST_F(DesktopTest, theMenuOpensTheSettings)
+TEST_F(DesktopMenuTest, theMenuOpensTheSettings)
 {
     ASSERT_TRUE(start(3));
     chooseFromMenu({1171, 100}, "s");
@@ -92,7 +159,7 @@ TEST_F(DesktopTest, theMenuOpensTheSettings)
     EXPECT_EQ(host.readLine(), "settings\n");
 }
 
-TEST_F(DesktopTest, theMenuQuits)
+TEST_F(DesktopMenuTest, theMenuQuits)
 {
     ASSERT_TRUE(start(3));
     chooseFromMenu({1171, 100}, "q");
@@ -101,7 +168,7 @@ TEST_F(DesktopTest, theMenuQuits)
     EXPECT_EQ(host.exitCode(), 0);
 }
 
-TEST_F(DesktopTest, commandsReachTheRunningHost)
+TEST_F(DesktopMenuTest, commandsReachTheRunningHost)
 {
     EXPECT_EQ(command({"list", "--placed"}), "");
     ASSERT_TRUE(start(3));
@@ -112,8 +179,20 @@ TEST_F(DesktopTest, commandsReachTheRunningHost)
     EXPECT_TRUE(hasWindows(4));
     EXPECT_EQ(command({"add", "moon", "small"}), "");
     EXPECT_EQ(command({"remove", "1"}), "");
-    EXPECT_TRUE(hasWindows(3));
-    EXPECT_THAT(HostFile{hostFile}.read()->back().target,
+    EXPECT_TRUE(isInFile(3));
+    command({"undo"});
+    EXPECT_TRUE(isInFile(4));
+    EXPECT_TRUE(hasWindows(4));
+    command({"remove", "1"});
+    EXPECT_TRUE(isInFile(3));
+    command({"lock"});
+    EXPECT_TRUE(HostFile{hostFile}.read()->isLocked);
+    EXPECT_EQ(command({"list", "--screens"}), "screen\n");
+    command({"move", "3", "nowhere"});
+    const auto before = HostFile{hostFile}.read();
+    command({"move", "3", "screen"});
+    EXPECT_NE(HostFile{hostFile}.read(), before);
+    EXPECT_THAT(HostFile{hostFile}.read()->widgets.back().target,
         (WidgetTarget{.kind = "org.example.moon", .family = WidgetFamily::large}));
     const std::size_t asked = extension.events("widgets.timelines").size();
     command({"refresh"});
@@ -123,7 +202,7 @@ TEST_F(DesktopTest, commandsReachTheRunningHost)
     EXPECT_EQ(host.exitCode(), 0);
 }
 
-TEST_F(DesktopTest, aSecondStartShowsTheGalleryOfTheFirst)
+TEST_F(DesktopMenuTest, aSecondStartShowsTheGalleryOfTheFirst)
 {
     ASSERT_TRUE(start(3));
     session.run(SKYVANE_DESKTOP_PROGRAM, {"/nowhere/extension", "/nowhere/host.json", "/nowhere/config"});

@@ -1,4 +1,5 @@
-// The desktop with an extension and files of the test's choice; what it opens goes to standard output.
+// The desktop with an extension and files of the test's choice; what it opens goes to standard output, with
+// the activation token where SHOWS_TOKENS is set.
 
 #include "host/service/run_desktop.h"
 
@@ -10,13 +11,17 @@ int main(int argc, char* argv[])
 {
     if (argc != 4)
         return 2;
+    static const bool showsTokens = qEnvironmentVariableIsSet("SHOWS_TOKENS");
     QApplication application{argc, argv};
     return skyvane::runDesktop({.path = argv[1]},
         {
             .hostFile = argv[2],
             .configuration = argv[3],
-            .open = [](const skyvane::URL& url) { std::cout << url.text() << std::endl; },
+            .open =
+                [](const skyvane::URL& url, const QString& token) {
+                    std::cout << url.text() << (showsTokens ? " " + token.toStdString() : "") << std::endl;
+                },
             .welcome = [] { std::cout << "welcome" << std::endl; },
-            .settings = [] { std::cout << "settings" << std::endl; },
+            .settings = [](const QString&) { std::cout << "settings" << std::endl; },
         });
 }

@@ -79,4 +79,18 @@ TEST_F(DesktopTest, aChangedConfigurationRefreshesEveryWidget)
         EXPECT_NE(asked[1].what.find(kind), std::string::npos) << kind;
 }
 
+TEST_F(DesktopTest, aDisplayThatGoesEndsItWithOneLine)
+{
+    host.setProcessEnvironment(session.environment());
+    host.start(
+        SKYVANE_DESKTOP_PROGRAM, {path(extension.program().path), path(hostFile), path(configuration)});
+    ASSERT_TRUE(hasWindows(3));
+    session.endServer();
+    EXPECT_TRUE(test::waitFor([&] { return host.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(host.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(host.exitCode(), 1);
+    EXPECT_EQ(host.readAllStandardError().count('\n'), 1);
+    EXPECT_TRUE(HostFile{hostFile}.read());
+}
+
 } // namespace skyvane

@@ -1,5 +1,6 @@
 #include "host/desktop/widget_window.h"
 #include "host/extension/schedule.h"
+#include "host/session/desktop_way.h"
 #include "platform/pinned.h"
 #include "tests/host/extension/fake_extension.h"
 #include "tests/session/wait_for.h"
@@ -65,7 +66,8 @@ protected:
     Pinned<Date> now{future};
     test::FakeExtension extension{"counting"};
     FontMeasurer fonts;
-    WidgetWindow window{WidgetFamily::small, fonts, {}};
+    DesktopWay way;
+    WidgetWindow window{WidgetFamily::small, fonts, way, {}};
     std::optional<ShownEntry> last;
     int shown = 0; ///< Different contents in a row.
     ExtensionProcess process{extension.program(), {.betweenTimelines = 0ms, .idle = 50ms, .grace = 20s}};

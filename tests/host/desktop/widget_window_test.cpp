@@ -1,5 +1,6 @@
 #include "host/desktop/widget_window.h"
 
+#include "host/session/desktop_way.h"
 #include "tests/session/wait_for.h"
 #include "ui/tree/build.h"
 
@@ -42,6 +43,13 @@ ShownEntry content(std::vector<View> rows, const char* tap = "skyvane://open")
             }};
 }
 
+/// Windows of such a desktop stay where they are while the pointer holds them, and only their own coordinates
+/// are to be relied on.
+class StillWay : public DesktopWay {
+public:
+    bool movesUnderPointer() const override { return false; }
+};
+
 class WidgetWindowTest : public testing::Test {
 protected:
     void send(QEvent::Type type, QPointF place, Qt::MouseButton button = Qt::LeftButton)
@@ -67,12 +75,13 @@ protected:
     FontMeasurer fonts;
     std::vector<std::string> opened;
     int drops = 0;
-    WidgetWindow window{WidgetFamily::small, fonts,
+    DesktopWay way;
+    WidgetWindow window{WidgetFamily::small, fonts, way,
         {
-            .open = [this](const URL& target) { opened.push_back(target.text()); },
+            .open = [this](const URL& target, const QString&) { opened.push_back(target.text()); },
             .snapped = [](const QRect& frame) { return frame.translated(1, 2); },
             .dropped = [this] { ++drops; },
-            .menu = [](const QPoint&) {},
+            .menu = [](const QPoint&, std::uint32_t) {},
         }};
 };
 
@@ -113,6 +122,45 @@ TEST_F(WidgetWindowTest, aDragMovesAndOpensNothing)
     send(QEvent::MouseButtonRelease, {50, 50});
     EXPECT_EQ(drops, 1);
     EXPECT_THAT(opened, IsEmpty());
+}
+
+TEST_F(WidgetWindowTest, aWindowThatStaysIsFollowedByItsPictureAndMovesWhenItIsDropped)
+{
+    StillWay stillWay;
+    WidgetWindow still{WidgetFamily::small, fonts, stillWay,
+        {
+            .open = [](const URL&, const QString&) {},
+            .snapped = [](const QRect& frame) { return frame; },
+            .dropped = [this] { ++drops; },
+            .menu = [](const QPoint&, std::uint32_t) {},
+        }};
+    still.showContent(content({spacer()}));
+    still.move(100, 100);
+    still.show();
+    const auto send = [&](QEvent::Type type, QPointF place) {
+        QMouseEvent event{type, place, place, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier};
+        QApplication::sendEvent(&still, &event);
+    };
+    const auto picture = [&]() -> QWidget* {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (widget->isVisible() && widget != &still)
+                return widget;
+        }
+        return nullptr;
+    };
+    send(QEvent::MouseButtonPress, {50, 50});
+    for (const QPointF place : {QPointF{80, 50}, QPointF{-250, 350}, QPointF{-40, 112}})
+        send(QEvent::MouseMove, place);
+    EXPECT_EQ(still.pos(), QPoint(100, 100));
+    ASSERT_NE(picture(), nullptr);
+    EXPECT_EQ(picture()->geometry(), QRect(10, 162, 170, 170));
+    EXPECT_EQ(picture()->grab().toImage().pixelColor(85, 85), QColor(0, 0, 255));
+    EXPECT_EQ(still.grab().toImage().pixelColor(85, 85).alpha(), 0);
+    send(QEvent::MouseButtonRelease, {-40, 112});
+    EXPECT_EQ(still.pos(), QPoint(10, 162));
+    EXPECT_EQ(picture(), nullptr);
+    EXPECT_EQ(still.grab().toImage().pixelColor(85, 85), QColor(0, 0, 255));
+    EXPECT_EQ(drops, 1);
 }
 
 TEST_F(WidgetWindowTest, lessThanTheDragDistanceIsATap)

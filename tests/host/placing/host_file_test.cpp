@@ -14,7 +14,7 @@ namespace {
 
 using test::replaced;
 
-const std::vector<PlacedWidget> two{
+const Arrangement two{.widgets{
     {
         .id = 1,
         .target = {.kind = "org.example.clock", .family = WidgetFamily::small},
@@ -25,7 +25,7 @@ const std::vector<PlacedWidget> two{
         .target = {.kind = "org.example.moon", .family = WidgetFamily::large},
         .placement = {.screen = "Größe \"24\"", .corner = ScreenCorner::bottomLeft, .inset = {0, -8}},
     },
-};
+}};
 
 class HostFileTest : public testing::Test {
 protected:
@@ -44,24 +44,35 @@ protected:
 
 } // namespace
 
-TEST(PlacedWidgets, whatIsWrittenIsRead)
+TEST(Arrangement, whatIsWrittenIsRead)
 {
-    EXPECT_EQ(PlacedWidgets::decoded(PlacedWidgets::encoded(two)), two);
-    EXPECT_EQ(PlacedWidgets::decoded(PlacedWidgets::encoded({})), std::vector<PlacedWidget>{});
+    EXPECT_EQ(Arrangement::decoded(two.encoded()), two);
+    EXPECT_EQ(Arrangement::decoded(Arrangement{}.encoded()), Arrangement{});
+    Arrangement locked = two;
+    locked.isLocked = true;
+    locked.widgets.front().placement.identity = "Maker Model 17";
+    EXPECT_EQ(Arrangement::decoded(locked.encoded()), locked);
 }
 
-TEST(PlacedWidgets, anotherShapeIsAbsent)
+TEST(Arrangement, theFileOfAnEarlierVersionIsRead)
 {
-    const std::string good = PlacedWidgets::encoded(two);
-    EXPECT_EQ(PlacedWidgets::decoded(""), std::nullopt);
-    EXPECT_EQ(PlacedWidgets::decoded("[]"), std::nullopt);
-    EXPECT_EQ(PlacedWidgets::decoded(good.substr(0, good.size() / 2)), std::nullopt);
-    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "\"version\": 1", "\"version\": 2")), std::nullopt);
-    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "\"id\": 7", "\"id\": 1")), std::nullopt);
-    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "\"id\": 7", "\"id\": 0")), std::nullopt);
-    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "topRight", "middle")), std::nullopt);
-    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "small", "tiny")), std::nullopt);
-    EXPECT_EQ(PlacedWidgets::decoded(replaced(good, "\"x\": 24", "\"x\": 1e18")), std::nullopt);
+    EXPECT_EQ(Arrangement::decoded(R"({"version": 1, "widgets": [{"id": 1, "kind": "org.example.clock",
+        "family": "small", "screen": "DP-1", "corner": "topRight", "x": 24, "y": 32}]})"),
+        (Arrangement{.widgets = {two.widgets.front()}}));
+}
+
+TEST(Arrangement, anotherShapeIsAbsent)
+{
+    const std::string good = two.encoded();
+    EXPECT_EQ(Arrangement::decoded(""), std::nullopt);
+    EXPECT_EQ(Arrangement::decoded("[]"), std::nullopt);
+    EXPECT_EQ(Arrangement::decoded(good.substr(0, good.size() / 2)), std::nullopt);
+    EXPECT_EQ(Arrangement::decoded(replaced(good, "\"version\": 1", "\"version\": 2")), std::nullopt);
+    EXPECT_EQ(Arrangement::decoded(replaced(good, "\"id\": 7", "\"id\": 1")), std::nullopt);
+    EXPECT_EQ(Arrangement::decoded(replaced(good, "\"id\": 7", "\"id\": 0")), std::nullopt);
+    EXPECT_EQ(Arrangement::decoded(replaced(good, "topRight", "middle")), std::nullopt);
+    EXPECT_EQ(Arrangement::decoded(replaced(good, "small", "tiny")), std::nullopt);
+    EXPECT_EQ(Arrangement::decoded(replaced(good, "\"x\": 24", "\"x\": 1e18")), std::nullopt);
 }
 
 TEST_F(HostFileTest, aMissingFileIsTheFirstStartAndItsFolderIsMade)

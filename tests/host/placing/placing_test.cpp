@@ -90,4 +90,63 @@ TEST(Placing, aNewWidgetStandsFreeAtTheRightEdge)
     EXPECT_EQ(Placing::freeFrame(small, {0, 0, 200, 200}, {{0, 0, 200, 200}}), QRect(6, 24, 170, 170));
 }
 
+TEST(Placing, aScreenIsFoundAgainInAnotherSocket)
+{
+    const ScreenArea moved{.name = "DP-2", .area = {0, 0, 1600, 900}, .identity = "Maker Model 17"};
+    const ScreenArea other{.name = "DP-1", .area = {1600, 0, 1280, 1024}, .identity = "Maker Model 18"};
+    const Placement placement{
+        .screen = "DP-1", .corner = ScreenCorner::topLeft, .inset = {8, 8}, .identity = "Maker Model 17"};
+    EXPECT_EQ(Placing::frame(placement, small, {moved, other}).topLeft(), QPoint(8, 8));
+    EXPECT_EQ(Placing::frame(placement, small, {other, moved}).topLeft(), QPoint(8, 8));
+    EXPECT_EQ(Placing::frame(placement, small, {left, other}).topLeft(), QPoint(8, 38)) << "by its name";
+    EXPECT_EQ(Placing::placement({QPoint{8, 8}, small}, {moved, other}),
+        (Placement{.screen = "DP-2",
+            .corner = ScreenCorner::topLeft,
+            .inset = {8, 8},
+            .identity = "Maker Model 17"}));
+}
+
+TEST(Placing, ofTwoEqualScreensTheNameTellsWhich)
+{
+    const ScreenArea one{.name = "DP-1", .area = {0, 0, 1600, 900}, .identity = "Maker Model"};
+    const ScreenArea two{.name = "DP-2", .area = {1600, 0, 1600, 900}, .identity = "Maker Model"};
+    const Placement placement{
+        .screen = "DP-2", .corner = ScreenCorner::topLeft, .inset = {8, 8}, .identity = "Maker Model"};
+    EXPECT_EQ(Placing::frame(placement, small, {one, two}).topLeft(), QPoint(1608, 8));
+}
+
+TEST(Placing, whatHasNoPlaceOfItsOwnNowCoversNothing)
+{
+    const auto at = [](const char* screen, const QPoint& inset) {
+        return Placing::Remembered{
+            .placement = {.screen = screen, .corner = ScreenCorner::topRight, .inset = inset}, .size = small};
+    };
+    const std::vector<Placing::Remembered> widgets{
+        at("HDMI-1", {24, 24}), at("DP-1", {24, 24}), at("HDMI-1", {24, 24}), at("DP-1", {1800, 1000})};
+    const auto frames = Placing::frames(widgets, {left});
+    ASSERT_EQ(frames.size(), 4U);
+    EXPECT_EQ(frames[1], Placing::frame(widgets[1].placement, small, {left}));
+    for (std::size_t one = 0; one < frames.size(); ++one) {
+        EXPECT_TRUE(left.area.contains(frames[one]));
+        for (std::size_t other = 0; other < one; ++other)
+            EXPECT_FALSE(frames[one].intersects(frames[other])) << one << " and " << other;
+    }
+}
+
+TEST(Placing, whatTheUserPutOnTopOfEachOtherStaysSo)
+{
+    const Placing::Remembered widget{
+        .placement = {.screen = "DP-1", .corner = ScreenCorner::topLeft, .inset = {8, 8}}, .size = small};
+    const auto frames = Placing::frames({widget, widget}, {left});
+    EXPECT_EQ(frames[0], frames[1]);
+}
+
+TEST(Placing, aFrameIsMovedInsideByAsLittleAsPossible)
+{
+    const QRect area{100, 100, 500, 400};
+    EXPECT_EQ(Placing::inside({200, 200, 50, 50}, area), QRect(200, 200, 50, 50));
+    EXPECT_EQ(Placing::inside({590, 90, 50, 50}, area), QRect(550, 100, 50, 50));
+    EXPECT_EQ(Placing::inside({300, 300, 600, 50}, area), QRect(100, 300, 600, 50));
+}
+
 } // namespace skyvane

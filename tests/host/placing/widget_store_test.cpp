@@ -15,7 +15,7 @@ class WidgetStoreTest : public testing::Test {
 protected:
     std::vector<PlacedWidget> written() const
     {
-        return HostFile{file}.read().value_or(std::vector<PlacedWidget>{});
+        return HostFile{file}.read().value_or(Arrangement{}).widgets;
     }
 
     test::ScratchFolder folder;
@@ -47,7 +47,7 @@ TEST_F(WidgetStoreTest, everyChangeIsInTheFileAtOnce)
     store.move(1, elsewhere);
     EXPECT_EQ(written().front().placement, elsewhere);
     EXPECT_EQ(WidgetStore{file}.all(), store.all());
-    EXPECT_TRUE(store.remove(1));
+    EXPECT_EQ(store.remove(1)->placement, elsewhere);
     EXPECT_THAT(written(), IsEmpty());
 }
 
@@ -60,6 +60,29 @@ TEST_F(WidgetStoreTest, anIdIsNeverThatOfAWidgetThatStands)
     EXPECT_EQ(store.add(clock, corner).id, 4);
     EXPECT_EQ(store.find(2), nullptr);
     EXPECT_EQ(store.find(4)->id, 4);
+}
+
+TEST_F(WidgetStoreTest, aRemovedWidgetIsPutBackUnderItsIdUnlessAnotherHasIt)
+{
+    WidgetStore store{file};
+    store.add(clock, corner);
+    const PlacedWidget removed = store.add(clock, corner);
+    EXPECT_EQ(store.remove(2), removed);
+    EXPECT_EQ(store.putBack(removed), removed);
+    EXPECT_EQ(written().back(), removed);
+    store.remove(2);
+    EXPECT_EQ(store.add(clock, corner).id, 2);
+    EXPECT_EQ(store.putBack(removed).id, 3);
+}
+
+TEST_F(WidgetStoreTest, whetherPositionsAreLockedIsRemembered)
+{
+    WidgetStore store{file};
+    EXPECT_FALSE(store.isLocked());
+    store.setLocked(true);
+    EXPECT_TRUE(WidgetStore{file}.isLocked());
+    store.setLocked(false);
+    EXPECT_FALSE(WidgetStore{file}.isLocked());
 }
 
 TEST_F(WidgetStoreTest, whatIsNotThereCannotBeChanged)

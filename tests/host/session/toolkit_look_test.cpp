@@ -28,11 +28,12 @@ protected:
         putScript(folder.path() / "libexec/skyvane/skyvane-widgets",
             "exec " + extension.program().path.string() + "\n");
         putScript(program.parent_path() / "skyvane", "env >" + seen.string() + "\n");
-        HostFile{hostFile}.write({{
-            .id = 1,
-            .target = {.kind = "org.example.clock", .family = WidgetFamily::small},
-            .placement = {.screen = "screen", .corner = ScreenCorner::topRight, .inset = {24, 24}},
-        }});
+        HostFile{hostFile}.write(
+            {.widgets = {{
+                 .id = 1,
+                 .target = {.kind = "org.example.clock", .family = WidgetFamily::small},
+                 .placement = {.screen = "screen", .corner = ScreenCorner::topRight, .inset = {24, 24}},
+             }}});
         session.set("XDG_CONFIG_HOME", path(folder.path()));
     }
 

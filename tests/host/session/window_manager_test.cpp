@@ -1,52 +1,8 @@
 #include "tests/host/desktop/desktop_fixture.h"
 
-#include <array>
-#include <memory>
-#include <span>
-#include <xcb/xcb.h>
-
 namespace skyvane {
 
 namespace {
-
-/// What any client asks of the window manager, as the manager itself hears it.
-class Requests {
-public:
-    explicit Requests(const QString& display)
-        : m_connection(xcb_connect(display.toUtf8().constData(), nullptr), &xcb_disconnect)
-    {
-        const std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
-        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
-        xcb_change_window_attributes(m_connection.get(), root, XCB_CW_EVENT_MASK, &mask);
-        xcb_flush(m_connection.get());
-    }
-
-    /// Whether this window was spoken of, with these first words.
-    bool hold(const std::string& type, std::uint32_t window, std::array<std::uint32_t, 3> words)
-    {
-        while (auto* event = xcb_poll_for_event(m_connection.get()))
-            m_events.emplace_back(event, &std::free);
-        const xcb_atom_t wanted = atom(type);
-        return std::ranges::any_of(m_events, [&](const auto& event) {
-            const auto* message = reinterpret_cast<const xcb_client_message_event_t*>(event.get());
-            return (event->response_type & 0x7F) == XCB_CLIENT_MESSAGE && message->type == wanted
-                && message->window == window && std::ranges::equal(words, std::span{message->data.data32, 3});
-        });
-    }
-
-private:
-    xcb_atom_t atom(const std::string& name)
-    {
-        const auto cookie
-            = xcb_intern_atom(m_connection.get(), 0, static_cast<std::uint16_t>(name.size()), name.c_str());
-        const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply{
-            xcb_intern_atom_reply(m_connection.get(), cookie, nullptr), &std::free};
-        return reply->atom;
-    }
-
-    std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> m_connection;
-    std::vector<std::unique_ptr<xcb_generic_event_t, decltype(&std::free)>> m_events;
-};
 
 /// An ordinary window over the left part of the three widgets.
 class OrdinaryWindow {
@@ -96,38 +52,18 @@ protected:
 class TilingManagerTest : public WindowManagerTest {
 protected:
     TilingManagerTest() : WindowManagerTest("linked", test::WindowManager::i3) { }
-};
 
-/// The test hears what a window manager would.
-class NoManagerTest : public WindowManagerTest {
-protected:
-    NoManagerTest() : WindowManagerTest("linked", test::WindowManager::none)
+    /// The window at the pointer, of those that lie on each other the highest.
+    std::string underPointer() const
     {
-        host.setProcessEnvironment(session.environment());
-        host.start(
-            SKYVANE_DESKTOP_PROGRAM, {path(extension.program().path), path(hostFile), path(configuration)});
-        EXPECT_TRUE(hasWindows(3));
-        small = static_cast<std::uint32_t>(std::stoul(smallWindow()));
+        const auto text = session.run("xdotool", {"getmouselocation", "--shell"});
+        return text.substr(text.find("WINDOW=") + 7);
     }
 
-    /// Until it is heard.
-    void click()
+    bool isFocused(const std::string& window) const
     {
-        EXPECT_TRUE(test::waitFor([&] {
-            pointer({"mousemove", "1171", "60", "click", "1"});
-            return host.bytesAvailable() > 0;
-        }));
+        return test::waitFor([&] { return session.run("xdotool", {"getwindowfocus"}) == window + "\n"; });
     }
-
-    bool isAskedForKeyboard() { return requests.hold("_NET_ACTIVE_WINDOW", small, {pager, 0, 0}); }
-    bool isAskedForPlaceBelow()
-    {
-        return requests.hold("_NET_RESTACK_WINDOW", small, {pager, 0, XCB_STACK_MODE_BELOW});
-    }
-
-    static constexpr std::uint32_t pager = 2;
-    Requests requests{session.environment().value("DISPLAY")};
-    std::uint32_t small = 0;
 };
 
 } // namespace
@@ -152,17 +88,61 @@ TEST_F(WindowManagerTest, widgetsAppearBelowAnOrdinaryWindow)
     EXPECT_TRUE(isOnTop(ordinary));
 }
 
-TEST_F(WindowManagerTest, aClickGivesAWidgetTheKeyboardAndLeavesItBelow)
+TEST_F(WindowManagerTest, aClickOrADragTakesTheKeyboardFromNoWindow)
 {
     const OrdinaryWindow ordinary{session};
     ASSERT_TRUE(start(3));
-    for (const char* button : {"1", "2"}) {
-        session.run("wmctrl", {"-a", "Event Tester"});
-        ASSERT_TRUE(test::waitFor([&] { return active() == std::to_string(ordinary.id()) + "\n"; }));
-        pointer({"mousemove", "1240", "60", "click", button});
-        EXPECT_TRUE(test::waitFor([&] { return active() == smallWindow() + "\n"; }));
-        EXPECT_TRUE(isOnTop(ordinary));
-    }
+    session.run("wmctrl", {"-a", "Event Tester"});
+    const std::string typedIn = std::to_string(ordinary.id()) + "\n";
+    ASSERT_TRUE(test::waitFor([&] { return active() == typedIn; }));
+    ASSERT_TRUE(test::waitFor([&] {
+        pointer({"mousemove", "1240", "60", "click", "1"});
+        return host.bytesAvailable() > 0;
+    }));
+    EXPECT_EQ(active(), typedIn);
+    const auto before = HostFile{hostFile}.read();
+    pointer({"mousemove", "1200", "60", "mousedown", "1", "mousemove", "1150", "500", "mousemove", "1152",
+        "503", "mouseup", "1"});
+    EXPECT_TRUE(test::waitFor([&] { return HostFile{hostFile}.read() != before; }));
+    EXPECT_EQ(active(), typedIn);
+    EXPECT_EQ(session.run("xdotool", {"getwindowfocus"}), typedIn);
+    EXPECT_TRUE(isOnTop(ordinary));
+}
+
+TEST_F(WindowManagerTest, aMenuHearsTheKeyboardThatAnotherWindowHas)
+{
+    const OrdinaryWindow ordinary{session};
+    ASSERT_TRUE(start(3));
+    session.run("wmctrl", {"-a", "Event Tester"});
+    ASSERT_TRUE(test::waitFor([&] { return active() == std::to_string(ordinary.id()) + "\n"; }));
+    chooseFromMenu({1240, 60}, "q");
+    EXPECT_TRUE(test::waitFor([&] { return host.state() == QProcess::NotRunning; }));
+}
+
+TEST_F(WindowManagerTest, aClickGivesAWidgetTheKeyboardThatNobodyHas)
+{
+    ASSERT_TRUE(start(3));
+    EXPECT_TRUE(test::waitFor([&] {
+        pointer({"mousemove", "1240", "60", "click", "2"});
+        return active() == smallWindow() + "\n";
+    }));
+}
+
+TEST_F(WindowManagerTest, theKeyboardLeadsFromWidgetToWidgetBelowOtherWindows)
+{
+    const OrdinaryWindow ordinary{session};
+    ASSERT_TRUE(start(3));
+    command({"focus"});
+    const auto press = [&](const char* key) { session.run("xdotool", {"key", key}); };
+    ASSERT_TRUE(test::waitFor([&] { return active() == smallWindow() + "\n"; }));
+    EXPECT_TRUE(isOnTop(ordinary));
+    EXPECT_TRUE(test::waitFor([&] {
+        press("Tab");
+        return active() != smallWindow() + "\n";
+    }));
+    EXPECT_TRUE(isOnTop(ordinary));
+    press("Return");
+    EXPECT_TRUE(test::waitFor([&] { return host.bytesAvailable() > 0; }));
 }
 
 TEST_F(WindowManagerTest, widgetsTakeNoRoomFromOtherWindows)
@@ -176,36 +156,28 @@ TEST_F(WindowManagerTest, widgetsTakeNoRoomFromOtherWindows)
             std::string::npos);
 }
 
-TEST_F(TilingManagerTest, widgetsAreWhereTheyAreRememberedAndNoBars)
+TEST_F(TilingManagerTest, widgetsAreWhereTheyAreRememberedAndBelowTheTiles)
 {
-    constexpr int decoration = 40; // The manager's own, which is counted with a window's place.
-    ASSERT_TRUE(start(3));
-    EXPECT_TRUE(test::waitFor([&] {
-        const QRect frame = session.frameOf(smallWindow());
-        return frame.size() == QSize{170, 170}
-        && (frame.topLeft() - QPoint{1086, 24}).manhattanLength() < decoration;
+    ASSERT_TRUE(startUnmanaged(3));
+    EXPECT_TRUE(isAt(smallWindow(), {1086, 24, 170, 170}));
+    ASSERT_TRUE(test::waitFor([&] {
+        pointer({"mousemove", "1171", "60", "click", "1"});
+        return host.bytesAvailable() > 0;
     }));
+    EXPECT_EQ(underPointer(), smallWindow() + "\n");
+    const OrdinaryWindow tile{session};
+    EXPECT_TRUE(test::waitFor([&] { return underPointer() != smallWindow() + "\n"; }));
+    EXPECT_TRUE(isAt(smallWindow(), {1086, 24, 170, 170}));
 }
 
-TEST_F(NoManagerTest, aWidgetThatAppearsAsksForAPlaceBelow)
+TEST_F(TilingManagerTest, theKeyboardIsGivenToAWidgetThatNobodyManages)
 {
-    EXPECT_TRUE(test::waitFor([&] { return isAskedForPlaceBelow(); }));
-    EXPECT_FALSE(isAskedForKeyboard());
-}
-
-TEST_F(NoManagerTest, aClickAsksForTheKeyboard)
-{
-    click();
-    EXPECT_TRUE(test::waitFor([&] { return isAskedForKeyboard(); }));
-}
-
-TEST_F(NoManagerTest, aClickOnTheShownDesktopDoesNotAskForTheKeyboard)
-{
-    session.run(
-        "xprop", {"-root", "-format", "_NET_SHOWING_DESKTOP", "32c", "-set", "_NET_SHOWING_DESKTOP", "1"});
-    click();
-    EXPECT_TRUE(isAskedForPlaceBelow());
-    EXPECT_FALSE(isAskedForKeyboard());
+    ASSERT_TRUE(startUnmanaged(3));
+    ASSERT_TRUE(test::waitFor([&] { return !command({"list", "--placed"}).empty(); }));
+    command({"focus"});
+    EXPECT_TRUE(isFocused(smallWindow()));
+    session.run("xdotool", {"key", "Return"});
+    EXPECT_TRUE(test::waitFor([&] { return host.bytesAvailable() > 0; }));
 }
 
 } // namespace skyvane
