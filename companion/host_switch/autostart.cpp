@@ -55,6 +55,15 @@ bool removeOwn(const AutostartFolders& folders)
     return !error;
 }
 
+/// A text as it stands in an entry.
+std::string textLine(const std::string& text)
+{
+    std::string line;
+    for (const char character : text)
+        line += character == '\\' ? std::string{"\\\\"} : std::string{character};
+    return line;
+}
+
 } // namespace
 
 AutostartFolders AutostartFolders::standard()
@@ -74,11 +83,20 @@ AutostartFolders AutostartFolders::standard()
 
 namespace Autostart {
 
+bool isOn(const AutostartFolders& folders)
+{
+    if (const auto entry = Files::read(ownEntry(folders), largestEntry))
+        return !isHidden(*entry);
+    return isStartedSystemWide(folders);
+}
+
+/// TryExec: once the program is uninstalled, the entry starts nothing.
 bool turnOn(const AutostartFolders& folders, const std::filesystem::path& program)
 {
     if (isStartedSystemWide(folders))
         return removeOwn(folders);
-    return write(folders, "Exec=" + execLine(program.string()) + "\n");
+    return write(
+        folders, "TryExec=" + textLine(program.string()) + "\nExec=" + execLine(program.string()) + "\n");
 }
 
 bool turnOff(const AutostartFolders& folders)
@@ -110,7 +128,7 @@ std::string execLine(const std::string& path)
         }
         quoted += character;
     }
-    return quoted + "\"";
+    return quoted + "\" --supervise";
 }
 
 } // namespace Autostart

@@ -20,6 +20,8 @@ struct AutostartFolders {
 /// Whether the widgets start with every session.
 namespace Autostart {
 
+bool isOn(const AutostartFolders& folders);
+
 /// Uncovers the system-wide entry where there is one, else writes one of the user's for this program. Returns
 /// whether that worked.
 bool turnOn(const AutostartFolders& folders, const std::filesystem::path& program);
@@ -27,7 +29,7 @@ bool turnOn(const AutostartFolders& folders, const std::filesystem::path& progra
 /// Covers the system-wide entry where there is one, else removes the user's. Returns whether that worked.
 bool turnOff(const AutostartFolders& folders);
 
-/// A program's path, quoted as the Exec key of a desktop entry wants it.
+/// What the Exec key of a desktop entry says to start the host at this path under its supervisor.
 std::string execLine(const std::string& path);
 
 } // namespace Autostart

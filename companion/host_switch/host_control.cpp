@@ -60,6 +60,7 @@ void HostControl::start()
         return;
     QProcess host;
     host.setProgram(m_program);
+    host.setArguments({QStringLiteral("--supervise")});
     host.setProcessEnvironment(Activation::withoutToken(QProcessEnvironment::systemEnvironment()));
     if (host.startDetached()) {
         m_patience.start();

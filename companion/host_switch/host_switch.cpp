@@ -10,48 +10,55 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace skyvane {
-
-namespace {
-
-QString explanation()
-{
-    return localizedText("Now, and whenever you log in.");
-}
-
-} // namespace
 
 HostSwitch::HostSwitch(HostControl& host, AutostartFolders folders, QWidget* parent)
     : QWidget(parent)
     , m_host(host)
     , m_folders(std::move(folders))
-    , m_box(new QCheckBox{localizedText("Show &widgets on my desktop")})
-    , m_words(new QLabel{explanation()})
+    , m_now(new QCheckBox{localizedText("Show &widgets on my desktop")})
+    , m_atLogin(new QCheckBox{localizedText("Also whenever I log &in")})
+    , m_problem(new QLabel)
 {
-    m_box->setFont(TypeScale::strong(font()));
-    m_words->setTextFormat(Qt::PlainText);
-    m_words->setWordWrap(true);
-    TypeScale::makeQuiet(*m_words);
+    m_now->setFont(TypeScale::strong(font()));
+    m_problem->setTextFormat(Qt::PlainText);
+    m_problem->setWordWrap(true);
+    TypeScale::makeQuiet(*m_problem);
     auto* add = new QPushButton{localizedText("&Add Widgets…")};
     auto* column = new QVBoxLayout;
     column->setSpacing(2);
-    column->addWidget(m_box);
-    column->addWidget(m_words);
+    column->addWidget(m_now);
+    column->addWidget(m_atLogin);
+    column->addWidget(m_problem);
     auto* row = new QHBoxLayout{this};
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(20);
     row->addLayout(column, /*stretch=*/1);
     row->addWidget(add);
-    m_box->setChecked(m_host.isRunning());
-    connect(&m_host, &HostControl::runningChanged, m_box, &QCheckBox::setChecked);
+    setProblem({});
+    showWhatIsSo();
+    connect(&m_host, &HostControl::runningChanged, m_now, &QCheckBox::setChecked);
     connect(&m_host, &HostControl::failed, this, &HostSwitch::showProblem);
-    connect(m_box, &QCheckBox::clicked, this, &HostSwitch::choose);
+    connect(m_now, &QCheckBox::clicked, this, &HostSwitch::choose);
+    connect(m_atLogin, &QCheckBox::clicked, this, [this](bool isOn) {
+        setProblem({});
+        keep(isOn);
+    });
     connect(add, &QPushButton::clicked, this, &HostSwitch::addWidgets);
+}
+
+/// Others may have changed what starts at log-in.
+void HostSwitch::showEvent(QShowEvent* event)
+{
+    showWhatIsSo();
+    QWidget::showEvent(event);
 }
 
 void HostSwitch::choose(bool isOn)
 {
-    m_words->setText(explanation());
+    setProblem({});
     if (isOn)
         m_host.start();
     else
@@ -62,7 +69,7 @@ void HostSwitch::choose(bool isOn)
 /// Whoever adds widgets wants to see them, as with the switch.
 void HostSwitch::addWidgets()
 {
-    m_words->setText(explanation());
+    setProblem({});
     const bool isToBeTurnedOn = !m_host.isRunning();
     m_host.showGallery();
     if (isToBeTurnedOn)
@@ -74,16 +81,29 @@ void HostSwitch::keep(bool isOn)
 {
     const bool hasTaken
         = isOn ? Autostart::turnOn(m_folders, m_host.program().toStdString()) : Autostart::turnOff(m_folders);
+    m_atLogin->setChecked(Autostart::isOn(m_folders));
     if (!hasTaken)
         showProblem(
             localizedText("What starts when you log in cannot be changed: %1", {m_folders.own.string()}));
 }
 
+void HostSwitch::setProblem(const QString& problem)
+{
+    m_problem->setText(problem);
+    m_problem->setVisible(!problem.isEmpty());
+    m_now->setAccessibleDescription(problem);
+}
+
 void HostSwitch::showProblem(const QString& problem)
 {
-    m_words->setText(problem);
-    m_box->setAccessibleDescription(problem);
-    m_box->setChecked(m_host.isRunning());
+    setProblem(problem);
+    showWhatIsSo();
+}
+
+void HostSwitch::showWhatIsSo()
+{
+    m_now->setChecked(m_host.isRunning());
+    m_atLogin->setChecked(Autostart::isOn(m_folders));
 }
 
 } // namespace skyvane

@@ -34,8 +34,28 @@ TEST_F(AutostartTest, onWritesAnEntryOfTheUsersOwn)
 {
     EXPECT_TRUE(Autostart::turnOn(folders, "/opt/sky vane/bin/skyvane-host"));
     EXPECT_THAT(own(), Optional(HasSubstr("[Desktop Entry]\nType=Application\n")));
-    EXPECT_THAT(own(), Optional(HasSubstr("\nExec=\"/opt/sky vane/bin/skyvane-host\"\n")));
+    EXPECT_THAT(own(), Optional(HasSubstr("\nTryExec=/opt/sky vane/bin/skyvane-host\n")));
+    EXPECT_THAT(own(), Optional(HasSubstr("\nExec=\"/opt/sky vane/bin/skyvane-host\" --supervise\n")));
     EXPECT_THAT(own(), Optional(testing::Not(HasSubstr("Hidden"))));
+}
+
+TEST_F(AutostartTest, aBackslashOfThePathIsDoubledInBothKeys)
+{
+    EXPECT_TRUE(Autostart::turnOn(folders, "/a\\b"));
+    EXPECT_THAT(own(), Optional(HasSubstr("\nTryExec=/a\\\\b\nExec=\"/a\\\\\\\\b\"")));
+}
+
+TEST_F(AutostartTest, itIsOnWhereAnEntryOfTheUsersOrTheSystemsSaysSo)
+{
+    EXPECT_FALSE(Autostart::isOn(folders));
+    Autostart::turnOn(folders, "/bin/skyvane-host");
+    EXPECT_TRUE(Autostart::isOn(folders));
+    Autostart::turnOff(folders);
+    EXPECT_FALSE(Autostart::isOn(folders));
+    writeSystemWide("Exec=skyvane-host\n");
+    EXPECT_TRUE(Autostart::isOn(folders));
+    Autostart::turnOff(folders);
+    EXPECT_FALSE(Autostart::isOn(folders));
 }
 
 TEST_F(AutostartTest, offRemovesIt)
@@ -70,10 +90,10 @@ TEST_F(AutostartTest, whatCannotBeWrittenIsSaid)
 
 TEST_F(AutostartTest, theProgramsPathIsQuotedAsEntriesWantIt)
 {
-    EXPECT_EQ(Autostart::execLine("/usr/bin/skyvane-host"), R"("/usr/bin/skyvane-host")");
-    EXPECT_EQ(Autostart::execLine(R"(/a"b$c`d)"), R"("/a\\"b\\$c\\`d")");
-    EXPECT_EQ(Autostart::execLine(R"(/a\b)"), R"("/a\\\\b")");
-    EXPECT_EQ(Autostart::execLine("/100%"), R"("/100%%")");
+    EXPECT_EQ(Autostart::execLine("/usr/bin/skyvane-host"), R"("/usr/bin/skyvane-host" --supervise)");
+    EXPECT_EQ(Autostart::execLine(R"(/a"b$c`d)"), R"("/a\\"b\\$c\\`d" --supervise)");
+    EXPECT_EQ(Autostart::execLine(R"(/a\b)"), R"("/a\\\\b" --supervise)");
+    EXPECT_EQ(Autostart::execLine("/100%"), R"("/100%%" --supervise)");
 }
 
 } // namespace skyvane

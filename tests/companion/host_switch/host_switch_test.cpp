@@ -58,6 +58,37 @@ TEST_F(HostSwitchTest, onStartsTheHostAndOffEndsIt)
     EXPECT_FALSE(isStartedWithSession());
 }
 
+TEST_F(HostSwitchTest, aHostThatTheUserQuitsIsStillStartedAtLogInAndTheSwitchSaysBoth)
+{
+    const auto host = control(SKYVANE_FAKE_HOST);
+    HostSwitch hostSwitch{*host, folders};
+    const auto boxes = hostSwitch.findChildren<QCheckBox*>();
+    ASSERT_EQ(boxes.size(), 2);
+    boxes[0]->click();
+    ASSERT_TRUE(test::waitFor([&] { return host->isRunning(); }));
+    EXPECT_TRUE(boxes[1]->isChecked());
+    control(SKYVANE_FAKE_HOST)->stop();
+    EXPECT_TRUE(test::waitFor([&] { return !host->isRunning(); }));
+    EXPECT_FALSE(boxes[0]->isChecked());
+    EXPECT_TRUE(boxes[1]->isChecked());
+    boxes[1]->click();
+    EXPECT_FALSE(boxes[1]->isChecked());
+    EXPECT_FALSE(isStartedWithSession());
+    EXPECT_FALSE(boxes[0]->isChecked());
+}
+
+TEST_F(HostSwitchTest, whatStartsAtLogInIsReadAnewWhenTheSwitchIsShown)
+{
+    const auto host = control(SKYVANE_FAKE_HOST);
+    HostSwitch hostSwitch{*host, folders};
+    const auto boxes = hostSwitch.findChildren<QCheckBox*>();
+    EXPECT_FALSE(boxes[1]->isChecked());
+    Autostart::turnOn(folders, "/bin/skyvane-host");
+    hostSwitch.show();
+    EXPECT_TRUE(boxes[1]->isChecked());
+    EXPECT_FALSE(boxes[0]->isChecked());
+}
+
 TEST_F(HostSwitchTest, itFollowsAHostThatOthersStartAndEnd)
 {
     const auto mine = control(SKYVANE_FAKE_HOST);
