@@ -3,6 +3,7 @@
 #include "desk/activation.h"
 #include "desk/bus/names.h"
 #include "desk/display.h"
+#include "desk/journal.h"
 #include "platform/files/programs.h"
 #include "platform/text/localized.h"
 
@@ -32,6 +33,7 @@ int main(int argc, char* argv[])
     const auto read = skyvane::readCommandLine({argv + (argc > 0 ? 1 : 0), argv + argc});
     if (const auto* printed = std::get_if<skyvane::Printed>(&read))
         return print(*printed);
+    skyvane::keepJournalPrintable();
     const QString token = skyvane::Activation::tokenOfStart();
     skyvane::useCatalogues(skyvane::Programs::catalogues(skyvane::Programs::ownFolder().parent_path()));
     int programNameOnly = 1;

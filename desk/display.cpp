@@ -1,5 +1,7 @@
 #include "desk/display.h"
 
+#include "platform/text/printable.h"
+
 #include <QByteArray>
 
 #include <array>
@@ -21,7 +23,8 @@ std::string given()
     std::string text;
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
         if (qEnvironmentVariableIsSet(name))
-            text += (text.empty() ? "" : ", ") + std::string{name} + "=" + qgetenv(name).toStdString();
+            text += (text.empty() ? "" : ", ") + std::string{name} + "="
+                + Unicode::oneLine(qgetenv(name).toStdString());
     }
     return text;
 }

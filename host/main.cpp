@@ -1,5 +1,6 @@
 #include "desk/bus/names.h"
 #include "desk/display.h"
+#include "desk/journal.h"
 #include "host/commands/run_command.h"
 #include "host/service/run_desktop.h"
 #include "host/service/supervisor.h"
@@ -55,6 +56,7 @@ int showWidgets(bool isRestart, char* argv[])
     };
     const skyvane::Display display{"skyvane-host"};
     choosePlatform();
+    skyvane::keepJournalPrintable();
     skyvane::keepThemesOut();
     QApplication::setDesktopFileName(skyvane::BusName::host());
     int programNameOnly = 1;

@@ -1,6 +1,7 @@
 #include "protocol/answer.h"
 
 #include "platform/json/object.h"
+#include "platform/text/printable.h"
 #include "protocol/calls.h"
 #include "protocol/codec.h"
 #include "protocol/json_rpc.h"
@@ -29,7 +30,7 @@ JSON::Value resultOf(JSON::Value answer, std::int64_t id)
     if (members.required(JsonRPC::jsonrpc, JSON::string) != JsonRPC::version)
         throw JSON::DecodingError{"expected \"2.0\""}.inMember(JsonRPC::jsonrpc);
     if (const auto message = members.optional(JsonRPC::error, messageOf))
-        throw Refused{*message};
+        throw Refused{Unicode::oneLine(*message)};
     if (members.required(JsonRPC::id, JSON::integer) != id)
         throw JSON::DecodingError{"is that of another request"}.inMember(JsonRPC::id);
     return members.required(JsonRPC::result, [](JSON::Value value) { return value; });

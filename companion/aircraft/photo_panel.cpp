@@ -66,7 +66,7 @@ void PhotoPanel::showPhotograph(const std::optional<Photograph>& photograph)
     m_card->showImage(photograph->image, !m_page.isEmpty());
     m_credit->setText(creditOf(photograph->photo));
     m_card->setAccessibleName(m_credit->text());
-    m_card->setToolTip(m_page.toDisplayString());
+    m_card->setToolTip(m_page.toString(QUrl::FullyEncoded));
 }
 
 QString PhotoPanel::credit() const

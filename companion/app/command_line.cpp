@@ -1,6 +1,7 @@
 #include "companion/app/command_line.h"
 
 #include "desk/help_rows.h"
+#include "platform/text/printable.h"
 
 #include <algorithm>
 #include <array>
@@ -58,7 +59,10 @@ Shows the aircraft around your home, one of them in detail, and the settings of 
 
 Printed refusal(const std::string& problem)
 {
-    return {.text = "skyvane: " + problem + "\n" + std::string{synopsis}, .isError = true};
+    return {
+        .text = "skyvane: " + Unicode::oneLine(problem, Unicode::longestLine) + "\n" + std::string{synopsis},
+        .isError = true,
+    };
 }
 
 const Option* optionCalled(std::string_view word)

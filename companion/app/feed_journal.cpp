@@ -1,6 +1,6 @@
 #include "companion/app/feed_journal.h"
 
-#include "platform/text/one_line.h"
+#include "platform/text/printable.h"
 
 #include <QLoggingCategory>
 
@@ -14,7 +14,9 @@ Q_LOGGING_CATEGORY(journal, "skyvane.companion.feed")
 
 std::string lineOf(const SkyReport& report)
 {
-    return oneLine(report.details.empty() ? report.problem : report.problem + " (" + report.details + ")");
+    return Unicode::oneLine(
+        report.details.empty() ? report.problem : report.problem + " (" + report.details + ")",
+        Unicode::longestLine);
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 #include "core/enrichment/photo_api.h"
 #include "core/enrichment/polite_request.h"
 #include "core/enrichment/route_api.h"
-#include "platform/text/at_most.h"
+#include "platform/text/printable.h"
 #include "platform/text/unicode.h"
 
 #include <algorithm>
@@ -35,15 +35,15 @@ std::optional<std::string> callsignOf(const Aircraft& aircraft)
 void cut(std::optional<std::string>& text)
 {
     if (text)
-        text = Unicode::atMost(*std::move(text));
+        text = Unicode::oneLine(*std::move(text));
 }
 
 /// With no more of any text than anybody is shown.
 std::optional<FlightRoute> withShownTexts(std::optional<FlightRoute> route)
 {
     if (route) {
-        route->originCode = Unicode::atMost(std::move(route->originCode));
-        route->destinationCode = Unicode::atMost(std::move(route->destinationCode));
+        route->originCode = Unicode::oneLine(std::move(route->originCode));
+        route->destinationCode = Unicode::oneLine(std::move(route->destinationCode));
         cut(route->originCity);
         cut(route->destinationCity);
     }

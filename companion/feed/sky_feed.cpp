@@ -2,7 +2,7 @@
 
 #include "core/feed/adsb.h"
 #include "platform/clock.h"
-#include "platform/text/at_most.h"
+#include "platform/text/printable.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,10 +11,11 @@ namespace skyvane {
 
 namespace {
 
-/// With no more of any text than anybody is shown: a toolkit takes minutes to lay out a megabyte.
+/// With no more of any text than anybody is shown, and nothing in it that steers what is around it: a toolkit
+/// takes minutes to lay out a megabyte.
 std::vector<Aircraft> withShownTexts(std::vector<Aircraft> list)
 {
-    const auto cut = [](std::string& text) { text = Unicode::atMost(std::move(text)); };
+    const auto cut = [](std::string& text) { text = Unicode::oneLine(std::move(text)); };
     for (Aircraft& aircraft : list) {
         cut(aircraft.hex);
         for (std::optional<std::string>* text :
@@ -24,6 +25,15 @@ std::vector<Aircraft> withShownTexts(std::vector<Aircraft> list)
                 cut(**text);
     }
     return list;
+}
+
+/// The user's sky without aircraft; other programs may have named the home.
+SkyEntry entryAround(const std::optional<SharedState::Config>& config)
+{
+    SkyEntry entry = SkyEntry::around(config);
+    if (entry.home)
+        entry.home->label = Unicode::oneLine(std::move(entry.home->label));
+    return entry;
 }
 
 /// Whether both ask for the same aircraft.
@@ -39,7 +49,7 @@ SkyFeed::SkyFeed(Errands& errands, Transport transport, std::chrono::millisecond
     , m_transport(std::move(transport))
     , m_interval(interval)
     , m_config(SharedState::read())
-    , m_report{.entry = SkyEntry::around(m_config)}
+    , m_report{.entry = entryAround(m_config)}
 {
     m_timer.setSingleShot(true);
     m_timer.callOnTimeout([this] { refresh(); });
@@ -74,7 +84,7 @@ void SkyFeed::reload()
 void SkyFeed::readConfiguration()
 {
     m_config = SharedState::read();
-    SkyEntry entry = SkyEntry::around(m_config);
+    SkyEntry entry = entryAround(m_config);
     if (isSameSky(entry, m_report.entry)) {
         entry.date = m_report.entry.date;
         entry.aircraft = std::move(m_report.entry.aircraft);
@@ -95,7 +105,7 @@ SkyFeed::Outcome SkyFeed::ask(
         return {
             .aircraft = {},
             .problem = error.message,
-            .details = Unicode::atMost(error.cause.details),
+            .details = Unicode::oneLine(error.cause.details),
         };
     } catch (const std::exception& error) {
         return {.aircraft = {}, .problem = error.what()};

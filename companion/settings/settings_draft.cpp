@@ -1,6 +1,7 @@
 #include "companion/settings/settings_draft.h"
 
 #include "core/model/distance_unit.h"
+#include "platform/text/printable.h"
 
 namespace skyvane {
 
@@ -8,7 +9,7 @@ SettingsDraft SettingsDraft::of(const SharedState::Config& config)
 {
     return {
         .place = Coordinate{.latitude = config.home.latitude, .longitude = config.home.longitude},
-        .label = config.home.label,
+        .label = Unicode::oneLine(config.home.label), // Other programs write it, too.
         .radiusNM = config.radiusNM,
         .unit = config.distanceUnit,
         .accentHex = config.widgetColorHex,

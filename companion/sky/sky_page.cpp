@@ -11,6 +11,7 @@
 #include "core/radar/radar_view.h"
 #include "desk/display_list_view.h"
 #include "desk/text.h"
+#include "platform/text/printable.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -134,8 +135,8 @@ void SkyPage::showListOrWords()
     else if (m_table->rowCount() == 0)
         m_empty->show({
             .title = localizedText("No match"),
-            .explanation = localizedText(
-                "No aircraft in range has “%1” about it.", {m_filter->text().trimmed().toStdString()}),
+            .explanation = localizedText("No aircraft in range has “%1” about it.",
+                {Unicode::oneLine(m_filter->text().trimmed().toStdString())}),
             .action = localizedText("Clear the filter"),
         });
     const bool isList = !instead && m_table->rowCount() > 0;

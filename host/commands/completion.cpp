@@ -1,7 +1,7 @@
 #include "host/commands/completion.h"
 
 #include "host/commands/command_line.h"
-#include "platform/text/one_line.h"
+#include "platform/text/printable.h"
 
 #include <algorithm>
 #include <iterator>
@@ -102,7 +102,7 @@ std::string completions(const std::vector<Command>& table, const Words& words, c
 {
     std::string text;
     for (const Candidate& candidate : candidatesFor(table, words, context))
-        text += oneLine(candidate.word) + "\t" + oneLine(candidate.meaning) + "\n";
+        text += Unicode::oneLine(candidate.word) + "\t" + Unicode::oneLine(candidate.meaning) + "\n";
     return text;
 }
 

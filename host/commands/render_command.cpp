@@ -1,6 +1,7 @@
 #include "host/commands/render_command.h"
 
 #include "host/commands/operands.h"
+#include "platform/text/printable.h"
 #include "ui/layout/widget_container.h"
 
 #include <QBuffer>
@@ -120,7 +121,7 @@ void run(const Arguments& arguments, const CommandContext& context)
 {
     const RenderWords words = RenderWords::read(arguments);
     ExtensionClient extension{context.extension};
-    context.out << render(words, extension).string() << "\n";
+    context.out << Unicode::printable(render(words, extension).string()) << "\n";
 }
 
 std::vector<Candidate> pictureNames(const Arguments&, const CommandContext&)

@@ -3,7 +3,7 @@
 #include "host/commands/command_line.h"
 #include "host/commands/completion.h"
 #include "host/commands/table.h"
-#include "platform/text/one_line.h"
+#include "platform/text/printable.h"
 
 #include <ostream>
 
@@ -13,7 +13,7 @@ namespace {
 
 int fail(int status, const std::exception& reason, std::ostream& error)
 {
-    error << "skyvane-host: " << oneLine(reason.what()) << "\n";
+    error << "skyvane-host: " << Unicode::oneLine(reason.what(), Unicode::longestLine) << "\n";
     return status;
 }
 

@@ -4,7 +4,7 @@
 #include "host/commands/operands.h"
 #include "host/commands/render_command.h"
 #include "host/service/ask_host.h"
-#include "platform/text/one_line.h"
+#include "platform/text/printable.h"
 #include "ui/layout/widget_container.h"
 
 #include <ostream>
@@ -15,7 +15,7 @@ namespace {
 
 void tell(const CommandContext& context, const HostCall& call)
 {
-    context.out << askHost(QDBusConnection::sessionBus(), call);
+    context.out << Unicode::printable(askHost(QDBusConnection::sessionBus(), call));
 }
 
 void add(const Arguments& arguments, const CommandContext& context)
@@ -58,8 +58,8 @@ void list(const Arguments&, const CommandContext& context)
         std::string families;
         for (const WidgetFamily family : widget.families)
             families.append(families.empty() ? "" : ", ").append(WidgetContainer::name(family));
-        context.out << oneLine(widget.kind) << "\t" << oneLine(widget.displayName) << "\t" << families
-                    << "\n";
+        context.out << Unicode::oneLine(widget.kind) << "\t" << Unicode::oneLine(widget.displayName) << "\t"
+                    << families << "\n";
     }
 }
 

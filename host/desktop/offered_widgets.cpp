@@ -1,9 +1,25 @@
 #include "host/desktop/offered_widgets.h"
 
+#include "platform/text/printable.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace skyvane {
+
+namespace {
+
+/// As windows, menus and screen readers may have them.
+std::vector<WidgetInfo> withShownTexts(std::vector<WidgetInfo> widgets)
+{
+    for (WidgetInfo& widget : widgets) {
+        widget.displayName = Unicode::oneLine(std::move(widget.displayName));
+        widget.description = Unicode::oneLine(std::move(widget.description));
+    }
+    return widgets;
+}
+
+} // namespace
 
 void OfferedWidgets::learn(std::function<void()> learned)
 {
@@ -11,7 +27,7 @@ void OfferedWidgets::learn(std::function<void()> learned)
         [this, learned = std::move(learned)](const std::optional<Protocol::WidgetList>& list) {
             if (!list)
                 return;
-            m_widgets = list->widgets;
+            m_widgets = withShownTexts(list->widgets);
             learned();
         });
 }

@@ -2,7 +2,7 @@
 
 #include "host/extension/error.h"
 #include "host/extension/failures.h"
-#include "platform/text/one_line.h"
+#include "platform/text/printable.h"
 
 #include <QLoggingCategory>
 
@@ -199,7 +199,7 @@ void ExtensionProcess::tell(const std::string& reason)
     if (reason == m_toldFailure)
         return;
     m_toldFailure = reason;
-    qCWarning(journal, "%s", oneLine(reason).c_str());
+    qCWarning(journal, "%s", Unicode::oneLine(reason, Unicode::longestLine).c_str());
 }
 
 void ExtensionProcess::settle()

@@ -3,6 +3,8 @@
 #include "desk/bus/names.h"
 #include "host/desktop/desktop.h"
 #include "host/service/host_adaptor.h"
+#include "paint/to_qt.h"
+#include "platform/text/printable.h"
 #include "ui/layout/widget_container.h"
 
 #include <QCoreApplication>
@@ -66,7 +68,7 @@ QString HostService::ListPlaced() const
     QString text;
     for (const PlacedWidget& widget : m_desktop->placed()) {
         text += QStringLiteral("%1\t%2\t%3\n")
-                    .arg(QString::number(widget.id), QString::fromStdString(widget.target.kind),
+                    .arg(QString::number(widget.id), toQString(Unicode::oneLine(widget.target.kind)),
                         QString::fromUtf8(WidgetContainer::name(widget.target.family)));
     }
     return text;

@@ -20,9 +20,13 @@
 #include <QImage>
 #include <QTimer>
 
+#include <time.h>
+
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace skyvane::test {
@@ -96,6 +100,36 @@ private:
     QElapsedTimer m_clock;
     QTimer m_timer;
     qint64 m_longest = 0;
+};
+
+/// The processor's time that the longest turn of the event loop took: what a busy machine does not lengthen.
+class TurnMeter {
+public:
+    TurnMeter()
+    {
+        m_timer.callOnTimeout([this] {
+            const auto now = ownTime();
+            m_longest = std::max(m_longest, now - std::exchange(m_last, now));
+        });
+        m_timer.start(0);
+    }
+
+    std::chrono::milliseconds longest() const
+    {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(m_longest);
+    }
+
+private:
+    static std::chrono::nanoseconds ownTime()
+    {
+        timespec spent{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &spent);
+        return std::chrono::seconds{spent.tv_sec} + std::chrono::nanoseconds{spent.tv_nsec};
+    }
+
+    QTimer m_timer;
+    std::chrono::nanoseconds m_last = ownTime();
+    std::chrono::nanoseconds m_longest{0};
 };
 
 /// A picture of that size in one colour, as a file's bytes.

@@ -1,5 +1,6 @@
 #include "ui/archive/archive.h"
 #include "ui/archive/node_reader.h"
+#include "ui/tree/build.h"
 
 #include <utility>
 
@@ -60,7 +61,7 @@ CanvasItem canvasItem(const NodeReader& item)
 Text text(const NodeReader& node)
 {
     return {
-        .string = node.string("text"),
+        .string = shownText(node.string("text")),
         .font = node.font("font"),
         .color = node.color("color"),
         .tracking = node.optionalNumber("tracking").value_or(0),

@@ -1,6 +1,6 @@
 #include "ui/tree/build.h"
 
-#include "platform/text/at_most.h"
+#include "platform/text/printable.h"
 
 #include <utility>
 
@@ -30,11 +30,15 @@ View Frame::operator()(View content) &&
     return {.node = std::move(*this)};
 }
 
+std::string shownText(std::string string)
+{
+    return Unicode::atMost(Unicode::printable(Unicode::atMost(std::move(string))));
+}
+
 Styled<Text> text(std::string string)
 {
-    return {.node = {.string = Unicode::atMost(std::move(string)),
-                .font = {.size = TextStyle::caption},
-                .color = {0, 0, 0}}};
+    return {.node
+        = {.string = shownText(std::move(string)), .font = {.size = TextStyle::caption}, .color = {0, 0, 0}}};
 }
 
 Styled<Symbol> symbol(std::string name)

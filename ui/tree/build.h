@@ -81,8 +81,11 @@ public:
     std::vector<View> views;
 };
 
-/// Black until `foreground` says otherwise, at the caption size until `font` does. Holds so much of the
-/// string as anybody is shown.
+/// So much of a text as anybody is shown, without what steers a terminal or the text around it: what every
+/// node of a tree holds, be it made here or read from a stranger's archive.
+std::string shownText(std::string string);
+
+/// Black until `foreground` says otherwise, at the caption size until `font` does. Holds `shownText`.
 Styled<Text> text(std::string string);
 Styled<Symbol> symbol(std::string name);
 

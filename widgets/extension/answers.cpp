@@ -1,5 +1,6 @@
 #include "widgets/extension/answers.h"
 
+#include "platform/text/printable.h"
 #include "protocol/json_rpc.h"
 
 #include <nlohmann/json.hpp>
@@ -80,7 +81,8 @@ std::string resultLine(const RequestID& id, const Result& result, std::size_t ti
 
 std::string errorLine(const RequestID& id, ErrorCode code, std::string_view message)
 {
-    return line(id, JsonRPC::error, {{JsonRPC::code, static_cast<int>(code)}, {JsonRPC::message, message}});
+    const std::string shown = Unicode::oneLine(std::string{message}, Unicode::longestLine);
+    return line(id, JsonRPC::error, {{JsonRPC::code, static_cast<int>(code)}, {JsonRPC::message, shown}});
 }
 
 } // namespace skyvane::Extension

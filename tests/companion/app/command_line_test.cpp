@@ -43,6 +43,7 @@ TEST(CompanionCommandLine, aMistakeNamesItsOffender)
     EXPECT_TRUE(printed({"--setings"}).isError);
     EXPECT_THAT(printed({"--setings"}).text, HasSubstr("unknown option \"--setings\""));
     EXPECT_THAT(printed({"-x"}).text, HasSubstr("\"-x\""));
+    EXPECT_THAT(printed({"--\x1b[31mx\u009b\u202e\n"}).text, HasSubstr("\"-- [31mx  \"\nusage"));
     EXPECT_THAT(printed({"skyvane://open", "two"}).text, HasSubstr("\"two\" is a second one"));
     EXPECT_THAT(
         printed({"--settings", "skyvane://open"}).text, HasSubstr("\"skyvane://open\" goes with no option"));

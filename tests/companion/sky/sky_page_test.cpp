@@ -23,6 +23,7 @@ namespace skyvane {
 namespace {
 
 using namespace std::chrono_literals;
+using namespace std::string_literals;
 using testing::HasSubstr;
 
 class SkyPageTest : public testing::Test {
@@ -222,6 +223,37 @@ TEST_F(SkyPageTest, aStalledFeedNeverBlocksTheWindow)
     clock.start();
     EXPECT_TRUE(test::waitFor([&] { return clock.hasExpired(500); }));
     EXPECT_LT(meter.longest(), 500ms);
+}
+
+TEST_F(SkyPageTest, asManyAircraftAsThereMayBeWithTheLongestTextsNeverBlockTheWindow)
+{
+    constexpr int most = 50'000;
+    std::string body = R"({"ac":[)";
+    for (int index = 0; index < most; ++index)
+        body += (index == 0 ? "" : ",") + R"({"lat":51.6,"lon":-0.2,"hex":")"s
+            + std::to_string(100'000 + index) + R"(","flight":")"
+            + std::string(90, static_cast<char>('A' + index % 26)) + "\"}";
+    stage.server.answer(test::feedPath, {.body = body + "]}"});
+    const test::TurnMeter meter;
+    feed.refresh();
+    ASSERT_TRUE(test::waitFor([&] { return isListShown() && table().rowCount() == most; }, 60s));
+    QTest::keyClick(&table(), Qt::Key_End);
+    QTest::keyClick(&table(), Qt::Key_PageUp);
+    page.findChild<QLineEdit*>()->setText("AAA");
+    ASSERT_TRUE(listHas(most / 26 + 1));
+    EXPECT_LT(meter.longest(), 5s); // Some tenths of a second where no sanitizer watches.
+}
+
+TEST_F(SkyPageTest, whatSteersTextIsNeitherInTheListNorInTheTitle)
+{
+    SharedState::write(
+        {.home = {.latitude = 51.5, .longitude = -0.12, .label = "\u202EHome\x1b[31m"}, .radiusNM = 25});
+    stage.server.answer(test::feedPath,
+        {.body = R"({"ac":[{"hex":"a1b2c3","flight":"\u202eUAL\u0007\u009b1","lat":51.6,"lon":-0.2}]})"});
+    feed.refresh();
+    ASSERT_TRUE(listHas(1));
+    EXPECT_EQ(table().model()->index(0, 0).data().toString(), "UAL  1");
+    EXPECT_EQ(page.heading().title, "The sky over Home [31m");
 }
 
 TEST_F(SkyPageTest, theScopeGoesWhereThereIsNoRoomForIt)

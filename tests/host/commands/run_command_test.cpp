@@ -184,6 +184,18 @@ TEST_F(RunCommand, theListIsOneLineAWidget)
     EXPECT_EQ(run({"list"}, {.path = "/nowhere/extension"}).status, 1);
 }
 
+TEST_F(RunCommand, nothingThatAnExtensionSaysSteersATerminal)
+{
+    const test::FakeExtension steering{"steering"};
+    EXPECT_EQ(run({"list"}, steering.program()).out, "org.example. [2J\tClock 31m \tsmall\n");
+    const auto [status, out, error] = run({"render", "org.example.\x1b[2J", "small"}, steering.program());
+    EXPECT_EQ(status, 1);
+    EXPECT_THAT(error, testing::HasSubstr(" [31m x"));
+    EXPECT_LT(error.size(), 400U);
+    const auto wrong = run({"\x1b[31m\u009b\u202e\n"}, steering.program());
+    EXPECT_EQ(wrong.error, "skyvane-host: unknown command \" [31m  \", see skyvane-host --help\n");
+}
+
 TEST_F(RunCommand, helpAndVersionNeedNoExtension)
 {
     EXPECT_THAT(run({"--help"}, {.path = "/nowhere"}).out, StartsWith("Usage:\n"));

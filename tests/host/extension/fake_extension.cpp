@@ -115,6 +115,20 @@ void refuse(const std::string& request)
               << R"(,"error":{"code":-32602,"message":"no such\nkind"}})" << std::endl;
 }
 
+/// Names and words with what steers a terminal, and one that is long.
+void steer(const std::string& request)
+{
+    if (!asks(request, "widgets.list")) {
+        std::cout << R"({"jsonrpc":"2.0","id":)" << idOf(request)
+                  << R"(,"error":{"code":-32602,"message":"\u001b[31m\u009b\u202e)"
+                  << std::string(200'000, 'x') << R"("}})" << std::endl;
+        return;
+    }
+    answer(idOf(request),
+        R"({"protocol":1,"widgets":[{"kind":"org.example.\u001b[2J","displayName":"\u202eClock\u009b31m\r",)"
+        R"("description":"The\u0007 time.","families":["small"]}]})");
+}
+
 using Behaviour = std::function<void(const std::string& request)>;
 
 /// Lists its widgets well, then does this.
@@ -166,6 +180,7 @@ std::map<std::string, Behaviour> behaviours()
                      return timeline(entry, index == 0 ? "4102448400" : "4102445400");
                  });
          })},
+        {"steering", [](const std::string& request) { steer(request); }},
         {"sparing", together([](const std::string& request) {
              answer(idOf(request), R"({"timelines":[)" + timeline(entry) + "]}");
          })},

@@ -104,6 +104,17 @@ std::vector<Case> cases()
     };
 }
 
+TEST(Archive, aTextIsReadAsItMayBeShown)
+{
+    const auto textNode = [](const std::string& string) {
+        return read(R"({"type":"text","text":")" + string + R"(","font":{"size":8},"color":[1,0,0,0.5]})");
+    };
+    const View shown = text("UAL [31m\none").font({.size = 8}).foreground(red);
+    EXPECT_EQ(textNode(R"(\u202eUAL\u001b[31m\u2028one)"), shown);
+    const auto longest = textNode(std::string(200'000, 'x'));
+    EXPECT_EQ(std::get<Text>(longest.node).string, shownText(std::string(200'000, 'x')));
+}
+
 TEST(Archive, everyNodeHasTheDocumentedForm)
 {
     for (const Case& one : cases())

@@ -14,6 +14,12 @@ View plain(const char* string)
     return text(string);
 }
 
+TEST(TreeBuilding, aTextHoldsNothingThatSteersWhatIsAroundIt)
+{
+    EXPECT_EQ(plain("\u202EUAL\x1b[31m\u009b1\r\ntwo"), plain("UAL [31m 1\ntwo"));
+    EXPECT_EQ(shownText(std::string(1000, 'x')).size(), 255 + std::string{"…"}.size());
+}
+
 TEST(TreeBuilding, modifiersSetTheMembersOfATextAndOfASymbol)
 {
     const Text expected{
