@@ -1,61 +1,13 @@
 #include "companion/aircraft/where_to_look.h"
 
+#include "core/radar/horizon.h"
 #include "core/radar/radar_geometry.h"
 #include "platform/text/localized.h"
 
 #include <cmath>
 #include <cstdint>
-#include <numbers>
 
 namespace skyvane {
-
-namespace {
-
-constexpr double degreesPerRadian = 180 / std::numbers::pi;
-constexpr double metresPerFoot = 0.3048;
-constexpr double metresPerNauticalMile = 1852;
-constexpr double earthRadius = 6'371'000; // Metres.
-
-std::optional<double> heightInMetres(const Aircraft& aircraft)
-{
-    if (aircraft.isOnGround())
-        return std::nullopt;
-    const auto feet = aircraft.altGeom ? aircraft.altGeom : aircraft.altitudeFeet();
-    return feet ? std::optional{static_cast<double>(*feet) * metresPerFoot} : std::nullopt;
-}
-
-double elevation(double distance, double height)
-{
-    const double angle = distance / earthRadius;
-    const double across = (earthRadius + height) * std::sin(angle);
-    const double up = (earthRadius + height) * std::cos(angle) - earthRadius;
-    return std::atan2(up, across) * degreesPerRadian;
-}
-
-/// "north", "north-east"
-std::string direction(double bearing)
-{
-    switch (std::lround(bearing / 45) & 7) {
-    case 0:
-        return localized("north");
-    case 1:
-        return localized("north-east");
-    case 2:
-        return localized("east");
-    case 3:
-        return localized("south-east");
-    case 4:
-        return localized("south");
-    case 5:
-        return localized("south-west");
-    case 6:
-        return localized("west");
-    default:
-        return localized("north-west");
-    }
-}
-
-} // namespace
 
 std::optional<WhereToLook> whereToLook(const Aircraft& aircraft, const std::optional<HomeLocation>& home)
 {
@@ -65,14 +17,14 @@ std::optional<WhereToLook> whereToLook(const Aircraft& aircraft, const std::opti
     if (!polar)
         return std::nullopt;
     WhereToLook where{.bearingDeg = polar->bearingDeg};
-    if (const auto height = heightInMetres(aircraft))
-        where.elevationDeg = elevation(polar->fraction * farthest * metresPerNauticalMile, *height);
+    if (const auto feet = Horizon::height(aircraft))
+        where.elevationDeg = Horizon::elevation(polar->fraction * farthest, *feet);
     return where;
 }
 
 std::string lookText(const WhereToLook& where)
 {
-    const std::string to = direction(where.bearingDeg);
+    const std::string to = Horizon::direction(where.bearingDeg);
     if (!where.elevationDeg)
         return localized("Look %1.", {to});
     const std::int64_t degrees = std::llround(*where.elevationDeg);

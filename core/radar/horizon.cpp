@@ -1,0 +1,56 @@
+#include "core/radar/horizon.h"
+
+#include "platform/text/localized.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace skyvane::Horizon {
+
+namespace {
+
+constexpr double degreesPerRadian = 180 / std::numbers::pi;
+constexpr double metresPerFoot = 0.3048;
+
+} // namespace
+
+std::optional<double> height(const Aircraft& aircraft)
+{
+    if (aircraft.isOnGround())
+        return std::nullopt;
+    const auto feet = aircraft.altGeom ? aircraft.altGeom : aircraft.altitudeFeet();
+    return feet ? std::optional{static_cast<double>(*feet)} : std::nullopt;
+}
+
+double elevation(double distanceNM, double feet)
+{
+    const double angle = distanceNM / earthRadiusNM;
+    const double fromCentre = earthRadiusNM + feet * metresPerFoot / metresPerNauticalMile;
+    const double across = fromCentre * std::sin(angle);
+    const double up = fromCentre * std::cos(angle) - earthRadiusNM;
+    return std::atan2(up, across) * degreesPerRadian;
+}
+
+std::string direction(double bearingDeg)
+{
+    switch (std::lround(bearingDeg / 45) & 7) {
+    case 0:
+        return localized("north");
+    case 1:
+        return localized("north-east");
+    case 2:
+        return localized("east");
+    case 3:
+        return localized("south-east");
+    case 4:
+        return localized("south");
+    case 5:
+        return localized("south-west");
+    case 6:
+        return localized("west");
+    default:
+        return localized("north-west");
+    }
+}
+
+} // namespace skyvane::Horizon
