@@ -1,5 +1,7 @@
 #pragma once
 
+#include "protocol/alert.h"
+#include "protocol/alert_rules.h"
 #include "protocol/limits.h"
 #include "protocol/members.h"
 #include "protocol/widget_entry.h"
@@ -59,22 +61,30 @@ struct Members<SnapshotParams> {
 
 struct TimelinesParams {
     std::vector<WidgetTarget> widgets; ///< At least one, at most `Limits::mostWidgets`.
+    std::optional<AlertRules> alerts{}; ///< Without them nobody asks for alerts.
 
     bool operator==(const TimelinesParams&) const = default;
 };
 
 template <>
 struct Members<TimelinesParams> {
-    static constexpr auto list = std::tuple{member("widgets", &TimelinesParams::widgets)};
+    static constexpr auto list = std::tuple{
+        member("widgets", &TimelinesParams::widgets),
+        member("alerts", &TimelinesParams::alerts),
+    };
 };
 
 struct WidgetTimelines {
     std::vector<WidgetTimeline> timelines; ///< In the order asked.
+    std::optional<std::vector<Alert>> alerts{}; ///< The most urgent first; absent unless asked for.
 };
 
 template <>
 struct Members<WidgetTimelines> {
-    static constexpr auto list = std::tuple{member("timelines", &WidgetTimelines::timelines)};
+    static constexpr auto list = std::tuple{
+        member("timelines", &WidgetTimelines::timelines),
+        member("alerts", &WidgetTimelines::alerts),
+    };
 };
 
 // Each call has its name and the types of its parameters and its result. One that asks the feed may take its
@@ -120,7 +130,7 @@ struct TimelineCall {
     bool asksFeed() const { return true; }
 };
 
-/// The same of several widgets, all of one moment's sky.
+/// The same of several widgets, all of one moment's sky, and what is worth telling about it.
 struct TimelinesCall {
     static constexpr std::string_view name = "widgets.timelines";
     using Params = TimelinesParams;

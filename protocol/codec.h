@@ -49,6 +49,12 @@ struct Codec<bool> {
     static Json write(bool flag) { return flag; }
 };
 
+template <>
+struct Codec<double> {
+    static double read(JSON::Value value) { return JSON::number(value); }
+    static Json write(double number) { return number; }
+};
+
 /// Seconds since 1970, to the millisecond.
 template <>
 struct Codec<Date> {

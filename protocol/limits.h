@@ -13,7 +13,11 @@ inline constexpr std::int64_t version = 1; ///< Of the protocol.
 inline constexpr std::size_t longestRequest = std::size_t{64} << 10; ///< Bytes of a line, without its break.
 inline constexpr std::size_t longestTimeline = std::size_t{256} << 10; ///< Bytes of an answer with one.
 inline constexpr std::size_t mostWidgets = 16; ///< Of one `widgets.timelines`.
-inline constexpr std::size_t longestAnswer = mostWidgets * longestTimeline; ///< Bytes of a line.
+inline constexpr std::size_t longestAlerts = longestTimeline; ///< Bytes of all alerts in an answer.
+inline constexpr std::size_t longestAnswer
+    = mostWidgets * longestTimeline + longestAlerts; ///< Bytes of a line.
+inline constexpr std::size_t mostPatterns = 200; ///< Of a watch list.
+inline constexpr double longestWithin = 3600; ///< Seconds that an overhead pass is foreseen.
 inline constexpr std::size_t mostRequests = 64; ///< That run at once.
 
 inline constexpr std::chrono::seconds timeToAnswer{30}; ///< Later, the host takes the extension for stalled.

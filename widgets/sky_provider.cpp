@@ -1,10 +1,13 @@
 #include "widgets/sky_provider.h"
 
+#include "alerts/sky_alerts.h"
 #include "core/config/shared_state.h"
 #include "core/feed/adsb.h"
 #include "core/views/sample_entry.h"
 
 #include <chrono>
+#include <string>
+#include <utility>
 
 namespace skyvane {
 
@@ -12,25 +15,7 @@ namespace {
 
 constexpr std::chrono::seconds reloadInterval{300};
 
-} // namespace
-
-SkyEntry SkyProvider::placeholder() const
-{
-    return sampleEntry();
-}
-
-SkyEntry SkyProvider::getSnapshot(bool isPreview, const std::stop_token& stop) const
-{
-    return isPreview ? sampleEntry() : liveEntry(stop);
-}
-
-SkyTimeline SkyProvider::getTimeline(const std::stop_token& stop) const
-{
-    SkyEntry entry = liveEntry(stop);
-    return {.entries = {std::move(entry)}, .reloadAfter = Clock::now() + reloadInterval};
-}
-
-SkyEntry SkyProvider::liveEntry(const std::stop_token& stop) const
+SkyEntry liveEntry(const Transport& transport, const std::stop_token& stop)
 {
     const auto config = SharedState::read();
     if (!config)
@@ -45,6 +30,41 @@ SkyEntry SkyProvider::liveEntry(const std::stop_token& stop) const
         // An empty sky; the widgets show no errors.
     }
     return SkyEntry::around(config, std::move(aircraft));
+}
+
+SkyTimeline timelineOf(SkyEntry entry)
+{
+    return {.entries = {std::move(entry)}, .reloadAfter = Clock::now() + reloadInterval};
+}
+
+} // namespace
+
+SkyEntry SkyProvider::placeholder() const
+{
+    return sampleEntry();
+}
+
+SkyEntry SkyProvider::getSnapshot(bool isPreview, const std::stop_token& stop) const
+{
+    return isPreview ? sampleEntry() : liveEntry(transport, stop);
+}
+
+SkyTimeline SkyProvider::getTimeline(const std::stop_token& stop) const
+{
+    return timelineOf(liveEntry(transport, stop));
+}
+
+SkyTimeline SkyProvider::getTimeline(const SkyAlertRules& rules, const std::stop_token& stop) const
+{
+    std::string answer; // The last, which the aircraft are of.
+    const Transport overheard = [&](const URLRequest& request, const std::stop_token& asked) {
+        URLResponse response = transport(request, asked);
+        answer = response.body;
+        return response;
+    };
+    SkyTimeline timeline = timelineOf(liveEntry(rules.overhead ? overheard : transport, stop));
+    timeline.alerts = skyAlerts(timeline.entries.front(), rules, turnRatesIn(answer));
+    return timeline;
 }
 
 } // namespace skyvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "alerts/sky_alert.h"
 #include "core/views/sky_entry.h"
 #include "platform/net/transport.h"
 
@@ -12,6 +13,7 @@ namespace skyvane {
 struct SkyTimeline {
     std::vector<SkyEntry> entries;
     Date reloadAfter;
+    std::vector<SkyAlert> alerts{}; ///< What is worth telling about it; none without rules.
 
     bool operator==(const SkyTimeline&) const = default;
 };
@@ -29,8 +31,8 @@ struct SkyProvider {
 
     SkyTimeline getTimeline(const std::stop_token& stop = {}) const;
 
-private:
-    SkyEntry liveEntry(const std::stop_token& stop) const;
+    /// The same, and what these rules find worth telling about it.
+    SkyTimeline getTimeline(const SkyAlertRules& rules, const std::stop_token& stop = {}) const;
 };
 
 } // namespace skyvane

@@ -49,10 +49,45 @@ TEST(Request, isReadAsItWasWritten)
     EXPECT_EQ(sentAndRead(TimelineCall{.params = radar}), radar);
     const TimelinesParams two{.widgets = {radar, {.kind = "a.board", .family = WidgetFamily::large}}};
     EXPECT_EQ(sentAndRead(TimelinesCall{.params = two}), two);
+    TimelinesParams watched = two;
+    watched.alerts = AlertRules{};
+    EXPECT_EQ(sentAndRead(TimelinesCall{.params = watched}), watched);
+    watched.alerts = AlertRules{
+        .emergency = true,
+        .military = false,
+        .overhead = OverheadRule{.elevation = 45.5, .within = 480},
+        .watch = std::vector<std::string>{"BAW*", ""},
+    };
+    EXPECT_EQ(sentAndRead(TimelinesCall{.params = watched}), watched);
     for (const std::optional<bool> isPreview : {std::optional<bool>{}, {true}, {false}}) {
         const SnapshotParams params{.target = radar, .isPreview = isPreview};
         EXPECT_EQ(sentAndRead(SnapshotCall{.params = params}), params);
     }
+}
+
+TEST(Request, withoutRulesIsWhatItWasBeforeThereWereAny)
+{
+    EXPECT_EQ(requestLine(3, TimelinesCall{.params = {.widgets = {radar}}}),
+        "{\"jsonrpc\":\"2.0\",\"id\":3,\"method\":\"widgets.timelines\","
+        "\"params\":{\"widgets\":[{\"kind\":\"a.radar\",\"family\":\"medium\"}]}}\n");
+}
+
+TEST(Request, namesAWrongRule)
+{
+    const auto rule = [](const std::string& rules) {
+        return complaint("widgets.timelines", R"({"widgets":[],"alerts":)" + rules + "}");
+    };
+    EXPECT_EQ(rule("[]"), "alerts is not an object");
+    EXPECT_EQ(rule("null"), "alerts is not an object");
+    EXPECT_EQ(rule(R"({"emergency":"yes"})"), "alerts.emergency is not true or false");
+    EXPECT_EQ(rule(R"({"military":1})"), "alerts.military is not true or false");
+    EXPECT_EQ(rule(R"({"overhead":true})"), "alerts.overhead is not an object");
+    EXPECT_EQ(rule(R"({"overhead":{"elevation":45}})"), "alerts.overhead.within is missing");
+    EXPECT_EQ(rule(R"({"overhead":{"elevation":"high","within":60}})"),
+        "alerts.overhead.elevation is not a number");
+    EXPECT_EQ(rule(R"({"watch":"BAW*"})"), "alerts.watch is not an array");
+    EXPECT_EQ(rule(R"({"watch":["BAW*",3]})"), "alerts.watch[1] is not a string");
+    EXPECT_EQ(rule(R"({"helicopters":true})"), "none");
 }
 
 TEST(Request, asksTheFeedOnlyForWhatIsLive)

@@ -105,6 +105,28 @@ TEST(Result, severalTimelinesAreReadInTheOrderInWhichTheyAreWritten)
     EXPECT_EQ(readText<WidgetTimelines>(text).timelines, several.timelines);
 }
 
+TEST(Result, alertsAreReadAsTheyAreWrittenAndLeftOutWhenNobodyAskedForThem)
+{
+    WidgetTimelines answer{.timelines = {}};
+    EXPECT_EQ(write(answer).dump(), R"({"timelines":[]})");
+    answer.alerts.emplace();
+    EXPECT_EQ(write(answer).dump(), R"({"timelines":[],"alerts":[]})");
+    const Alert pass{
+        .id = "overhead/4007f0",
+        .at = Date{std::chrono::milliseconds{1'700'000'000'250}},
+        .title = "Look up",
+        .body = "BAW117 passes.",
+        .url = URL::parse("skyvane://aircraft/4007f0"),
+    };
+    answer.alerts = {{pass, {.id = "b", .at = Date{}, .title = "", .body = ""}}};
+    const std::string text = write(answer).dump();
+    EXPECT_EQ(text,
+        R"({"timelines":[],"alerts":[{"id":"overhead/4007f0","at":1700000000.25,"title":"Look up",)"
+        R"("body":"BAW117 passes.","url":"skyvane://aircraft/4007f0"},)"
+        R"({"id":"b","at":0.0,"title":"","body":"","url":null}]})");
+    EXPECT_EQ(readText<WidgetTimelines>(text).alerts, answer.alerts);
+}
+
 TEST(Result, anUnknownReloadPolicyIsRefused)
 {
     EXPECT_EQ(complaint([&] {

@@ -135,5 +135,31 @@ TEST_F(SkyProviderTest, cancellationIsNoEmptySky)
     EXPECT_THROW(provider.getTimeline(), CancellationError);
 }
 
+/// Straight over the home in two minutes, once turning and once not.
+constexpr const char* twoOverhead = R"({"ac":[
+    {"hex":"a","lat":51.3,"lon":-0.12,"alt_baro":36000,"gs":360,"track":0,"track_rate":0.03},
+    {"hex":"b","lat":51.3,"lon":-0.12,"alt_baro":36000,"gs":360,"track":0,"track_rate":3}]})";
+
+TEST_F(SkyProviderTest, whatIsWorthTellingIsFoundInTheSameAnswer)
+{
+    SharedState::write(full);
+    const SkyAlertRules rules{.overhead = {{.elevationDeg = 45, .within = std::chrono::minutes{8}}}};
+    const SkyTimeline timeline = answering(twoOverhead).getTimeline(rules);
+    ASSERT_EQ(timeline.alerts.size(), 1U);
+    EXPECT_EQ(timeline.alerts[0].id, "overhead/a");
+    EXPECT_EQ(timeline.entries.at(0).aircraft.size(), 2U);
+    EXPECT_EQ(requestCount, 1);
+}
+
+TEST_F(SkyProviderTest, rulesChangeNothingElse)
+{
+    SharedState::write(full);
+    const SkyAlertRules rules{
+        .emergency = true, .overhead = {{.elevationDeg = 45, .within = std::chrono::minutes{8}}}};
+    const SkyTimeline with = answering(oneAircraft).getTimeline(rules);
+    EXPECT_EQ(with, answering(oneAircraft).getTimeline());
+    EXPECT_TRUE(failing().getTimeline(rules).alerts.empty());
+}
+
 } // namespace
 } // namespace skyvane

@@ -64,16 +64,18 @@ WidgetTimeline widgetTimeline(const SkyTimeline& timeline, const OfferedWidget& 
     return shown;
 }
 
-std::size_t timelineCount(const AnyCall& call)
+std::size_t longestResult(const AnyCall& call)
 {
     const auto* several = std::get_if<Protocol::TimelinesCall>(&call);
-    return several != nullptr ? several->params.widgets.size() : 1;
+    if (several == nullptr)
+        return Limits::longestTimeline;
+    const auto& [widgets, alerts] = several->params;
+    return widgets.size() * Limits::longestTimeline + (alerts ? Limits::longestAlerts : 0);
 }
 
-std::string resultLine(const RequestID& id, const Result& result, std::size_t timelines)
+std::string resultLine(const RequestID& id, const Result& result, std::size_t longest)
 {
     std::string text = line(id, JsonRPC::result, result);
-    const std::size_t longest = timelines * Limits::longestTimeline;
     if (text.size() > longest)
         return errorLine(id, ErrorCode::internalError, "the answer is longer than " + Limits::inKiB(longest));
     return text;

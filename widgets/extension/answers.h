@@ -21,12 +21,12 @@ Protocol::WidgetList widgetList(const std::vector<Widget>& offered);
 WidgetEntry widgetEntry(const SkyEntry& entry, const OfferedWidget& widget);
 WidgetTimeline widgetTimeline(const SkyTimeline& timeline, const OfferedWidget& widget);
 
-/// How many timelines answer a call; an entry or a list counts as one.
-std::size_t timelineCount(const AnyCall& call);
+/// Bytes that the answer to a call has at most; an entry or a list counts as a timeline.
+std::size_t longestResult(const AnyCall& call);
 
-/// One line, line break included. A result that makes it longer than so many timelines may be becomes an
-/// internal error.
-std::string resultLine(const RequestID& id, const Result& result, std::size_t timelines = 1);
+/// One line, line break included. A result that makes it longer becomes an internal error.
+std::string resultLine(
+    const RequestID& id, const Result& result, std::size_t longest = Protocol::Limits::longestTimeline);
 std::string errorLine(const RequestID& id, ErrorCode code, std::string_view message);
 
 } // namespace skyvane::Extension

@@ -7,6 +7,7 @@
 #include "protocol/limits.h"
 #include "protocol/request.h"
 #include "ui/layout/widget_container.h"
+#include "widgets/extension/alerts.h"
 #include "widgets/extension/offered_widget.h"
 
 #include <cstddef>
@@ -63,6 +64,8 @@ void requireOffered(const Protocol::TimelinesParams& params, const std::vector<W
             throw problem.inElement(index).inMember(member);
         }
     }
+    if (params.alerts)
+        requireSound(*params.alerts);
 }
 
 Message readNotification(std::string_view method, std::optional<std::string_view> params)

@@ -1,6 +1,7 @@
 #include "widgets/extension/serve.h"
 
 #include "protocol/codec.h"
+#include "widgets/extension/alerts.h"
 #include "widgets/extension/answers.h"
 #include "widgets/extension/line_reader.h"
 #include "widgets/extension/message.h"
@@ -95,10 +96,14 @@ private:
     }
     TimelinesCall::Result result(const TimelinesCall& call, const std::stop_token& stop) const
     {
-        const SkyTimeline timeline = m_provider.getTimeline(stop);
+        const auto& rules = call.params.alerts;
+        const SkyTimeline timeline
+            = rules ? m_provider.getTimeline(skyAlertRules(*rules), stop) : m_provider.getTimeline(stop);
         TimelinesCall::Result answer;
         for (const WidgetTarget& target : call.params.widgets)
             answer.timelines.push_back(widgetTimeline(timeline, offered(target)));
+        if (rules)
+            answer.alerts = alertsThatFit(timeline.alerts);
         return answer;
     }
 
@@ -159,7 +164,7 @@ std::string Server::answerLine(const Request& request, const std::stop_token& st
     }
     if (stop.stop_requested())
         return errorLine(request.id, ErrorCode::cancelled, "cancelled");
-    return resultLine(request.id, found, timelineCount(request.call));
+    return resultLine(request.id, found, longestResult(request.call));
 }
 
 } // namespace

@@ -155,12 +155,16 @@ TEST(Answers, noRecordOfAFeedMakesOneTooLong)
 TEST(Answers, severalTimelinesMayBeAsManyTimesAsLong)
 {
     const std::string result(300'000, 'x');
-    EXPECT_THAT(resultLine("1", result, /*timelines=*/2), testing::HasSubstr("\"result\""));
-    EXPECT_EQ(resultLine("1", std::string(600'000, 'x'), /*timelines=*/2),
+    EXPECT_THAT(
+        resultLine("1", result, 2 * Protocol::Limits::longestTimeline), testing::HasSubstr("\"result\""));
+    EXPECT_EQ(resultLine("1", std::string(600'000, 'x'), 2 * Protocol::Limits::longestTimeline),
         errorLine("1", ErrorCode::internalError, "the answer is longer than 512 KiB"));
     const WidgetTarget target{.kind = "a", .family = WidgetFamily::small};
-    EXPECT_EQ(timelineCount(Protocol::TimelineCall{.params = target}), 1U);
-    EXPECT_EQ(timelineCount(Protocol::TimelinesCall{.params = {.widgets = {target, target}}}), 2U);
+    const auto KiB = [](std::size_t count) { return count << 10; };
+    EXPECT_EQ(longestResult(Protocol::TimelineCall{.params = target}), KiB(256));
+    EXPECT_EQ(longestResult(Protocol::TimelinesCall{.params = {.widgets = {target, target}}}), KiB(512));
+    EXPECT_EQ(longestResult(Protocol::TimelinesCall{.params = {.widgets = {target}, .alerts = AlertRules{}}}),
+        KiB(512));
 }
 
 TEST(Answers, aResultThatIsTooLongBecomesAnError)

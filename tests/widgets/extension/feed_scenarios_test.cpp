@@ -37,7 +37,7 @@ TEST_F(ExtensionScenario, severalTimelinesAreOfOneSkyAndOneRequest)
 {
     setHome();
     stage.server().answer(firstSource, {.body = twoNearHome});
-    stage.ask(1, "widgets.timelines", {{"widgets", allThree}, {"alerts", "passed over"}});
+    stage.ask(1, "widgets.timelines", {{"widgets", allThree}, {"later", "passed over"}});
     const json answer = stage.hear();
     const json& timelines = answer["result"]["timelines"];
     ASSERT_EQ(timelines.size(), 3U) << answer;
@@ -50,6 +50,32 @@ TEST_F(ExtensionScenario, severalTimelinesAreOfOneSkyAndOneRequest)
     }
     EXPECT_EQ(stage.server().requests().size(), 1U);
     EXPECT_EQ(answer["result"].size(), 1U);
+}
+
+TEST_F(ExtensionScenario, alertsAreOfTheSameSkyAndTheSameRequest)
+{
+    setHome();
+    stage.server().answer(firstSource, {.body = twoNearHome});
+    stage.ask(1, "widgets.timelines", {{"widgets", allThree}, {"alerts", {{"watch", {"near*"}}}}});
+    const json result = stage.hear()["result"];
+    ASSERT_EQ(result["alerts"].size(), 1U) << result;
+    const json& alert = result["alerts"][0];
+    EXPECT_EQ(alert["id"], "watch/abc002");
+    EXPECT_EQ(alert["at"], result["timelines"][0]["entries"][0]["date"]);
+    EXPECT_EQ(alert["title"], "On your watch list");
+    EXPECT_EQ(alert["body"], "NEAR1 is in range. It is 1.7 mi away, in the east.");
+    EXPECT_EQ(alert["url"], "skyvane://aircraft/abc002");
+    EXPECT_EQ(stage.server().requests().size(), 1U);
+}
+
+TEST_F(ExtensionScenario, withNothingToTellTheListOfAlertsIsEmpty)
+{
+    setHome();
+    stage.server().answer(firstSource, {.body = twoNearHome});
+    stage.ask(1, "widgets.timelines", {{"widgets", allThree}, {"alerts", json::object()}});
+    const json result = stage.hear()["result"];
+    EXPECT_EQ(result["alerts"], json::array()) << result;
+    EXPECT_EQ(result["timelines"].size(), 3U);
 }
 
 TEST_F(ExtensionScenario, severalTimelinesWithoutASkyAreOneAskingOfBothSources)

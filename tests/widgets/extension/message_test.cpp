@@ -69,7 +69,20 @@ struct RefusalCase {
 
 class RefusedLines : public testing::TestWithParam<RefusalCase> { };
 
-RefusalCase params(const char* situation, const char* method, const char* params, const char* message)
+std::string withRules(const std::string& rules)
+{
+    return R"({"widgets":[{"kind":"test.one","family":"large"}],"alerts":)" + rules + "}";
+}
+
+std::string patterns(int count)
+{
+    std::string list = "\"a\"";
+    while (--count > 0)
+        list += ",\"a\"";
+    return list;
+}
+
+RefusalCase params(const char* situation, const char* method, const std::string& params, const char* message)
 {
     return {situation,
         R"({"jsonrpc":"2.0","id":"x","method":")" + std::string{method} + R"(","params":)" + params + "}",
@@ -138,7 +151,23 @@ INSTANTIATE_TEST_SUITE_P(Message, RefusedLines,
             "widgets[0]: test.one does not support family \"small\""),
         params("anUnknownFamilyAmongWidgets", "widgets.timelines",
             R"({"widgets":[{"kind":"test.one","family":"large"},{"kind":"test.two","family":"huge"}]})",
-            "unknown widgets[1].family \"huge\"")),
+            "unknown widgets[1].family \"huge\""),
+        params("aRuleOfAnotherType", "widgets.timelines", withRules(R"({"military":"yes"})"),
+            "alerts.military is not true or false"),
+        params("anElevationBeyondTheZenith", "widgets.timelines",
+            withRules(R"({"overhead":{"elevation":90.5,"within":60}})"),
+            "alerts.overhead.elevation is not an angle of 0 to 90 degrees"),
+        params("anElevationBelowTheHorizon", "widgets.timelines",
+            withRules(R"({"overhead":{"elevation":-1,"within":60}})"),
+            "alerts.overhead.elevation is not an angle of 0 to 90 degrees"),
+        params("noTimeToForesee", "widgets.timelines",
+            withRules(R"({"overhead":{"elevation":45,"within":0}})"),
+            "alerts.overhead.within is not a time above 0 and up to 3600 seconds"),
+        params("aDayToForesee", "widgets.timelines",
+            withRules(R"({"overhead":{"elevation":45,"within":86400}})"),
+            "alerts.overhead.within is not a time above 0 and up to 3600 seconds"),
+        params("onePatternTooMany", "widgets.timelines", withRules(R"({"watch":[)" + patterns(201) + "]}"),
+            "alerts.watch is not an array of at most 200")),
     [](const auto& row) { return std::string{row.param.situation}; });
 
 TEST(Message, whatIsNotJSONIsAParseErrorOfNoRequest)
@@ -175,7 +204,7 @@ TEST(Message, oneToSixteenWidgetsMayBeNamedAtOnce)
 TEST(Message, membersThatNobodyKnowsArePassedOver)
 {
     const auto timelines = call<Protocol::TimelinesCall>(read(R"("widgets.timelines")",
-        R"({"widgets":[{"kind":"test.two","family":"medium","colour":7}],"alerts":7})"));
+        R"({"widgets":[{"kind":"test.two","family":"medium","colour":7}],"later":7})"));
     EXPECT_EQ(timelines.params.widgets,
         (std::vector<WidgetTarget>{{.kind = "test.two", .family = WidgetFamily::medium}}));
 }
@@ -224,6 +253,17 @@ TEST(Message, aCancellationNamesItsRequest)
     EXPECT_EQ(cancelled(R"({"id":"a"})"), R"("a")");
     EXPECT_EQ(cancelled(R"({"x":{"id":8},"id":7})"), "7");
     EXPECT_EQ(cancelled(R"({ "id" : 123456789012345678901234567890 })"), "123456789012345678901234567890");
+}
+
+TEST(Message, rulesForAlertsComeWithTheRequest)
+{
+    const auto rules = [](const std::string& text) {
+        return call<Protocol::TimelinesCall>(read(R"("widgets.timelines")", withRules(text))).params.alerts;
+    };
+    EXPECT_EQ(rules("{}"), AlertRules{});
+    EXPECT_EQ(rules(R"({"overhead":{"elevation":0,"within":3600},"later":3})"),
+        (AlertRules{.overhead = OverheadRule{.elevation = 0, .within = 3600}}));
+    EXPECT_EQ(rules(R"({"watch":[)" + patterns(200) + "]}").value().watch.value().size(), 200U);
 }
 
 TEST(Message, otherNotificationsMeanNothing)
