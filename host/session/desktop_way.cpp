@@ -56,7 +56,10 @@ std::unique_ptr<DesktopWay> DesktopWay::ofSession()
         return std::make_unique<DesktopWay>();
     if (auto way = LayerShell::way())
         return way;
-    return noWay(localizedText("Install Xwayland, or use a compositor with layer-shell."));
+    return noWay(LayerShell::isBuiltIn()
+            ? localizedText("Install Xwayland, or use a compositor with layer-shell.")
+            : localizedText(
+                "Install Xwayland, or a build of Skyvane with LayerShellQt, as Debian 13 has it."));
 }
 
 void DesktopWay::adopt(QWidget& window)
