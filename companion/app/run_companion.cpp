@@ -11,6 +11,7 @@
 #include "desk/activation.h"
 #include "desk/bus/single_instance.h"
 #include "desk/text.h"
+#include "platform/files/configuration_file.h"
 #include "platform/files/programs.h"
 #include "platform/net/url_session.h"
 
@@ -151,6 +152,8 @@ int runCompanion(const CompanionSetup& setup, const CommandLine& line, const QSt
         service.reset();
         return handOverTo(bus, line, token);
     }
+    for (const auto& file : {Files::configurationFile(), Autostart::ownEntry(setup.autostart)})
+        Files::removeAbandonedDrafts(file);
     companion.emplace(setup);
     if (line.isService)
         QTimer::singleShot(longestWaitForRequest, [&] { quitUnless(companion->isShown()); });

@@ -12,13 +12,10 @@ namespace skyvane {
 
 namespace {
 
+using Autostart::ownEntry;
+
 constexpr const char* entryName = "skyvane-host.desktop";
 constexpr std::size_t largestEntry = 1 << 16;
-
-std::filesystem::path ownEntry(const AutostartFolders& folders)
-{
-    return folders.own / entryName;
-}
 
 bool isHidden(const std::string& entry)
 {
@@ -82,6 +79,11 @@ AutostartFolders AutostartFolders::standard()
 }
 
 namespace Autostart {
+
+std::filesystem::path ownEntry(const AutostartFolders& folders)
+{
+    return folders.own / entryName;
+}
 
 bool isOn(const AutostartFolders& folders)
 {

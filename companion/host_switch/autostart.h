@@ -20,6 +20,9 @@ struct AutostartFolders {
 /// Whether the widgets start with every session.
 namespace Autostart {
 
+/// The user's own, be it there or not.
+std::filesystem::path ownEntry(const AutostartFolders& folders);
+
 bool isOn(const AutostartFolders& folders);
 
 /// Uncovers the system-wide entry where there is one, else writes one of the user's for this program. Returns

@@ -34,6 +34,9 @@ public:
 
     const std::vector<PlacedWidget>& placed() const { return m_placed.all(); }
 
+    /// Whether they will stand there the next time, too: false where the file could not be written.
+    bool isSaved() const { return m_placed.isSaved(); }
+
     /// Places a widget and returns its id; the kind may be its last component alone. Absent for a widget, or
     /// a family of one, that the extension did not list. Without a frame it stands where there is room on the
     /// screen in use.

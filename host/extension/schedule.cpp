@@ -15,6 +15,16 @@ const WidgetEntry* entryAt(const WidgetTimeline& timeline, Date moment)
     return found;
 }
 
+Date nextEntryDate(const WidgetTimeline& timeline, Date moment)
+{
+    Date next = Date::max();
+    for (const WidgetEntry& entry : timeline.entries) {
+        if (entry.date > moment)
+            next = std::min(next, entry.date);
+    }
+    return next;
+}
+
 std::chrono::milliseconds retryAfter(int missed)
 {
     constexpr int mostDoublings = 6; // Past the longest already.
@@ -159,10 +169,8 @@ void Schedule::arm()
     const Date now = Clock::now();
     Date next = m_isAsking || m_placeholders > 0 || m_plans.empty() ? Date::max() : m_due;
     for (const auto& [widget, plan] : m_plans) {
-        for (const WidgetEntry& entry : plan.timeline ? plan.timeline->entries : std::vector<WidgetEntry>{}) {
-            if (entry.date > now)
-                next = std::min(next, entry.date);
-        }
+        if (plan.timeline)
+            next = std::min(next, std::max<Date>(nextEntryDate(*plan.timeline, now), now + leastStep));
     }
     // Armed even when nothing is to come: a clock that is set is noticed all the same.
     constexpr std::chrono::days farAway{3650};

@@ -29,6 +29,8 @@ public:
     /// A reload date is kept at least this far away.
     static constexpr std::chrono::seconds leastWait{5};
     static constexpr std::chrono::minutes longestRetry{5};
+    /// Entries of a timeline that follow each other closer than that are not all shown.
+    static constexpr std::chrono::seconds leastStep{1};
 
     Schedule(ExtensionProcess& extension, Show show);
 
@@ -75,6 +77,9 @@ private:
 
 /// The entry of a moment: the last that has begun, else the first. Null without entries.
 const WidgetEntry* entryAt(const WidgetTimeline& timeline, Date moment);
+
+/// When the first entry after the moment begins; `Date::max()` where none does.
+Date nextEntryDate(const WidgetTimeline& timeline, Date moment);
 
 /// How long to wait after this many misses in a row: 5 s, doubling, to 5 min.
 std::chrono::milliseconds retryAfter(int missed);

@@ -33,6 +33,7 @@ std::filesystem::path HostFile::standardPath()
 std::optional<Arrangement> HostFile::read()
 {
     std::error_code error;
+    Files::removeAbandonedDrafts(m_file);
     if (!std::filesystem::exists(std::filesystem::symlink_status(m_file, error)))
         return std::nullopt;
     const auto bytes = Files::read(m_file, largestFile);
@@ -48,14 +49,16 @@ std::optional<Arrangement> HostFile::read()
     return std::nullopt;
 }
 
-void HostFile::write(const Arrangement& arrangement)
+bool HostFile::write(const Arrangement& arrangement)
 {
     if (m_isUntouchable)
-        return;
+        return false;
     std::error_code ignored;
     std::filesystem::create_directories(m_file.parent_path(), ignored);
-    if (!Files::writeAtomically(m_file, arrangement.encoded()))
+    const bool isWritten = Files::writeAtomically(m_file, arrangement.encoded());
+    if (!isWritten)
         qCWarning(journal, "%s cannot be written", m_file.c_str());
+    return isWritten;
 }
 
 } // namespace skyvane

@@ -15,12 +15,13 @@ public:
     static std::filesystem::path standardPath();
 
     /// Absent on the first start. A file that cannot be understood is set aside under a name that ends in
-    /// ".broken", with a line in the journal; then, too, this is a first start.
+    /// ".broken", with a line in the journal; then, too, this is a first start. What a killed host left
+    /// beside it is removed.
     std::optional<Arrangement> read();
 
-    /// All or nothing; a failure is a line in the journal. A file that could neither be understood nor set
-    /// aside stands.
-    void write(const Arrangement& arrangement);
+    /// All or nothing. Whether it worked; a failure is a line in the journal, too. A file that could neither
+    /// be understood nor set aside stands.
+    bool write(const Arrangement& arrangement);
 
 private:
     std::filesystem::path m_file;

@@ -45,7 +45,7 @@ std::optional<PlacedWidget> WidgetStore::remove(int widget)
         return std::nullopt;
     const PlacedWidget removed = *found;
     std::erase(m_arrangement.widgets, removed);
-    m_file.write(m_arrangement);
+    save();
     return removed;
 }
 
@@ -54,21 +54,21 @@ PlacedWidget WidgetStore::putBack(PlacedWidget widget)
     if (find(widget.id) != nullptr)
         widget.id = freeId();
     m_arrangement.widgets.push_back(std::move(widget));
-    m_file.write(m_arrangement);
+    save();
     return all().back();
 }
 
 void WidgetStore::setLocked(bool isLocked)
 {
     m_arrangement.isLocked = isLocked;
-    m_file.write(m_arrangement);
+    save();
 }
 
 void WidgetStore::resize(int widget, WidgetFamily family)
 {
     if (PlacedWidget* placed = findMutable(widget)) {
         placed->target.family = family;
-        m_file.write(m_arrangement);
+        save();
     }
 }
 
@@ -76,7 +76,7 @@ void WidgetStore::move(int widget, const Placement& placement)
 {
     if (PlacedWidget* placed = findMutable(widget)) {
         placed->placement = placement;
-        m_file.write(m_arrangement);
+        save();
     }
 }
 

@@ -17,6 +17,9 @@ public:
     /// Null where there is none of this id.
     const PlacedWidget* find(int widget) const;
 
+    /// Whether the last change is in the file: what stands there is what the next session begins with.
+    bool isSaved() const { return m_isSaved; }
+
     /// Adds a widget and returns it, with an id of its own.
     PlacedWidget add(const WidgetTarget& target, const Placement& placement);
     /// Returns the widget, absent when there was none of this id.
@@ -34,10 +37,12 @@ public:
 private:
     PlacedWidget* findMutable(int widget);
     int freeId() const;
+    void save() { m_isSaved = m_file.write(m_arrangement); }
 
     HostFile m_file;
     Arrangement m_arrangement;
     bool m_isFirstStart;
+    bool m_isSaved = true;
 };
 
 } // namespace skyvane

@@ -29,13 +29,24 @@ QString HostService::Add(const QString& kind, const QString& family)
     const auto widget = known ? m_desktop->add({.kind = kind.toStdString(), .family = *known}) : std::nullopt;
     if (!widget)
         return refuse(QStringLiteral("there is no widget \"%1\" of family \"%2\"").arg(kind, family));
+    if (!m_desktop->isSaved())
+        return refuse(
+            QStringLiteral("widget %1 is on the desktop, but cannot be remembered: its file cannot be "
+                           "written, so it will be missing after the next start")
+                .arg(*widget));
     return QString::number(*widget) + QStringLiteral("\n");
 }
 
 QString HostService::Remove(int widget)
 {
-    return m_desktop->remove(widget) ? QString{}
-                                     : refuse(QStringLiteral("there is no placed widget %1").arg(widget));
+    if (!m_desktop->remove(widget))
+        return refuse(QStringLiteral("there is no placed widget %1").arg(widget));
+    if (!m_desktop->isSaved())
+        return refuse(
+            QStringLiteral("widget %1 is off the desktop, but its file cannot be written, so it will be "
+                           "back after the next start")
+                .arg(widget));
+    return {};
 }
 
 QString HostService::Undo()

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <utility>
 #include <vector>
@@ -58,6 +59,28 @@ std::filesystem::path withoutLinks(const std::filesystem::path& file)
     return file;
 }
 
+constexpr std::string_view draftEnding = ".XXXXXX"; ///< The last six are any letters and digits.
+
+std::string draftBeginning(const std::filesystem::path& file)
+{
+    return "." + file.filename().string();
+}
+
+bool isDraftOf(const std::filesystem::path& file, const std::string& name)
+{
+    const std::string beginning = draftBeginning(file) + ".";
+    return name.starts_with(beginning) && name.size() == draftBeginning(file).size() + draftEnding.size();
+}
+
+bool isAbandoned(const std::filesystem::directory_entry& entry)
+{
+    constexpr std::chrono::minutes longestWriting{1};
+    std::error_code error;
+    return entry.symlink_status(error).type() == std::filesystem::file_type::regular
+        && std::filesystem::file_time_type::clock::now() - entry.last_write_time(error) > longestWriting
+        && !error;
+}
+
 /// A draft is its owner's alone until then.
 bool takeModeOf(const std::filesystem::path& file, int draft)
 {
@@ -105,7 +128,7 @@ std::optional<std::string> read(const std::filesystem::path& file, std::size_t l
 bool writeAtomically(const std::filesystem::path& place, std::string_view bytes)
 {
     const std::filesystem::path file = withoutLinks(place);
-    std::string draft = file.parent_path() / ("." + file.filename().string() + ".XXXXXX");
+    std::string draft = file.parent_path() / draftBeginning(file).append(draftEnding);
     Descriptor descriptor{mkostemp(draft.data(), O_CLOEXEC)};
     if (!descriptor.isOpen())
         return false;
@@ -115,6 +138,20 @@ bool writeAtomically(const std::filesystem::path& place, std::string_view bytes)
         return true;
     unlink(draft.c_str());
     return false;
+}
+
+void removeAbandonedDrafts(const std::filesystem::path& place)
+{
+    const std::filesystem::path file = withoutLinks(place);
+    std::error_code error;
+    std::vector<std::filesystem::path> drafts;
+    for (std::filesystem::directory_iterator entry{file.parent_path(), error}, end; !error && entry != end;
+         entry.increment(error)) {
+        if (isDraftOf(file, entry->path().filename()) && isAbandoned(*entry))
+            drafts.push_back(entry->path());
+    }
+    for (const std::filesystem::path& draft : drafts)
+        std::filesystem::remove(draft, error);
 }
 
 } // namespace skyvane::Files

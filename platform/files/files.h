@@ -28,6 +28,10 @@ std::optional<std::string> read(const std::filesystem::path& file, std::size_t l
 /// owner's alone. Whether it worked; if not, the old file stands and nothing is left beside it.
 bool writeAtomically(const std::filesystem::path& place, std::string_view bytes);
 
+/// Removes what a writer of this file left beside it that was killed while it wrote. What is younger than a
+/// minute stays: its writer may be at work.
+void removeAbandonedDrafts(const std::filesystem::path& place);
+
 } // namespace Files
 
 } // namespace skyvane

@@ -27,6 +27,32 @@ TEST_F(DesktopMenuTest, theMenuRemovesAWidgetForGood)
     EXPECT_TRUE(start(2));
 }
 
+TEST_F(DesktopMenuTest, aChangeThatCannotBeSavedIsSaidByTheCommandThatMadeIt)
+{
+    ASSERT_TRUE(start(3));
+    std::filesystem::remove(hostFile);
+    std::filesystem::create_directories(hostFile / "in the way");
+    const auto failed = [&](const QStringList& words) {
+        QProcess command;
+        command.setProcessEnvironment(session.environment());
+        command.start(SKYVANE_HOST, words);
+        command.waitForFinished();
+        EXPECT_EQ(command.exitCode(), 1);
+        EXPECT_EQ(command.readAllStandardOutput(), "");
+        return command.readAllStandardError().toStdString();
+    };
+    EXPECT_TRUE(test::waitFor([&] {
+        return failed({"add", "clock", "small"})
+            .starts_with("skyvane-host: widget 4 is on the desktop, but cannot be remembered: its file");
+    }));
+    EXPECT_TRUE(hasWindows(4));
+    EXPECT_THAT(failed({"remove", "4"}),
+        testing::StartsWith("skyvane-host: widget 4 is off the desktop, but its file cannot be written"));
+    EXPECT_TRUE(hasWindows(3));
+    std::filesystem::remove_all(hostFile);
+    EXPECT_EQ(command({"add", "clock", "small"}), "4\n");
+}
+
 TEST_F(DesktopMenuTest, aCardInTheRemovedWidgetsPlaceOffersItBack)
 {
     ASSERT_TRUE(start(3));

@@ -115,6 +115,21 @@ void refuse(const std::string& request)
               << R"(,"error":{"code":-32602,"message":"no such\nkind"}})" << std::endl;
 }
 
+/// So many entries, a millisecond apart from now on.
+std::string hurriedEntries()
+{
+    constexpr int count = 1500;
+    const auto now
+        = std::chrono::duration<double>{std::chrono::system_clock::now().time_since_epoch()}.count();
+    std::string entries;
+    for (int index = 0; index < count; ++index) {
+        entries += index == 0 ? "" : ",";
+        entries += R"({"date":)" + std::to_string(now + index / 1000.0)
+            + R"(,"isSample":false,"background":[0,0,1,1],"view":{"type":"spacer"}})";
+    }
+    return entries;
+}
+
 /// Names and words with what steers a terminal, and one that is long.
 void steer(const std::string& request)
 {
@@ -179,6 +194,9 @@ std::map<std::string, Behaviour> behaviours()
                  request, [](std::size_t index) { // In the year 2100, an hour or ten minutes later.
                      return timeline(entry, index == 0 ? "4102448400" : "4102445400");
                  });
+         })},
+        {"hurried", together([](const std::string& request) {
+             answerTogether(request, [](std::size_t) { return timeline(hurriedEntries(), "4102448400"); });
          })},
         {"steering", [](const std::string& request) { steer(request); }},
         {"sparing", together([](const std::string& request) {

@@ -200,6 +200,21 @@ TEST_F(ScheduleTest, whenAllAreRemovedTheQuestionThatWaitsIsDropped)
     EXPECT_FALSE(shown[2].empty());
 }
 
+TEST(HurriedTimeline, manyEntriesAMillisecondApartCostNoMoreThanAFew)
+{
+    const test::FakeExtension extension{"hurried"};
+    ExtensionProcess process{extension.program(), quick};
+    std::vector<Date> shown;
+    Schedule schedule{process, [&](int, const ShownEntry& content) { shown.push_back(content.entry.date); }};
+    schedule.add(1, clock);
+    ASSERT_TRUE(test::waitFor([&] { return !extension.events("widgets.timelines").empty(); }));
+    const Date asked = Clock::now();
+    EXPECT_TRUE(test::waitFor([&] { return !shown.empty() && shown.back() > asked + 1s; }));
+    EXPECT_LT(shown.size(), 12U);
+    EXPECT_TRUE(test::waitFor([&] { return Clock::now() > asked + 3s; }));
+    EXPECT_LT(shown.size(), 12U);
+}
+
 TEST(RetryAfter, doublesFromFiveSecondsToFiveMinutes)
 {
     EXPECT_EQ(retryAfter(1), 5s);

@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <fstream>
 
 namespace skyvane {
@@ -83,6 +84,17 @@ TEST_F(HostFileTest, aMissingFileIsTheFirstStartAndItsFolderIsMade)
     file.write(two);
     EXPECT_EQ(file.read(), two);
     EXPECT_TRUE(test::Journal::lines().empty());
+}
+
+TEST_F(HostFileTest, whatAKilledHostLeftIsRemovedAtTheStart)
+{
+    put(PlacedWidgets::encoded(two));
+    const auto draft = folder.path() / ".host.json.aB3xYz";
+    std::ofstream{draft} << "draft";
+    std::filesystem::last_write_time(
+        draft, std::filesystem::file_time_type::clock::now() - std::chrono::hours{1});
+    EXPECT_EQ(HostFile{path}.read(), two);
+    EXPECT_FALSE(std::filesystem::exists(draft));
 }
 
 TEST_F(HostFileTest, aBrokenFileIsSetAsideWithOneLine)

@@ -51,6 +51,23 @@ TEST_F(WidgetStoreTest, everyChangeIsInTheFileAtOnce)
     EXPECT_THAT(written(), IsEmpty());
 }
 
+TEST_F(WidgetStoreTest, whetherAChangeIsInTheFileIsKnown)
+{
+    WidgetStore store{file};
+    EXPECT_TRUE(store.isSaved());
+    store.add(clock, corner);
+    EXPECT_TRUE(store.isSaved());
+    std::filesystem::remove(file);
+    std::filesystem::create_directories(file / "in the way");
+    store.add(clock, corner);
+    EXPECT_FALSE(store.isSaved());
+    store.remove(1);
+    EXPECT_FALSE(store.isSaved());
+    std::filesystem::remove_all(file);
+    store.resize(2, WidgetFamily::large);
+    EXPECT_TRUE(store.isSaved());
+}
+
 TEST_F(WidgetStoreTest, anIdIsNeverThatOfAWidgetThatStands)
 {
     WidgetStore store{file};

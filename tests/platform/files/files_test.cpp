@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -161,6 +162,43 @@ TEST_F(FilesTest, writingKeepsTheModeOfTheFile)
 TEST_F(FilesTest, writingIntoAMissingFolderFails)
 {
     EXPECT_FALSE(Files::writeAtomically(scratch.path() / "missing" / "file", "x"));
+}
+
+TEST_F(FilesTest, whatAKilledWriterLeftIsRemovedOnceItIsOld)
+{
+    using namespace std::chrono_literals;
+    const auto make = [&](const char* name, std::chrono::minutes age) {
+        std::ofstream{scratch.path() / name} << "draft";
+        std::filesystem::last_write_time(
+            scratch.path() / name, std::filesystem::file_time_type::clock::now() - age);
+    };
+    const auto isThere = [&](const char* name) { return std::filesystem::exists(scratch.path() / name); };
+    put("kept");
+    make(".file.aB3xYz", 2min);
+    make(".file.Q9wErt", 2min);
+    make(".file.young1", 0min);
+    for (const char* others : {".file.short", ".file.longest", ".other.aB3xYz", "file.aB3xYz", ".file"})
+        make(others, 2min);
+    std::filesystem::create_symlink("file", scratch.path() / ".file.linked");
+    Files::removeAbandonedDrafts(file);
+    EXPECT_FALSE(isThere(".file.aB3xYz"));
+    EXPECT_FALSE(isThere(".file.Q9wErt"));
+    for (const char* kept : {"file", ".file.young1", ".file.short", ".file.longest", ".other.aB3xYz",
+             "file.aB3xYz", ".file", ".file.linked"})
+        EXPECT_TRUE(isThere(kept)) << kept;
+}
+
+TEST_F(FilesTest, draftsAreRemovedWhereALinkLeads)
+{
+    std::filesystem::create_directory(scratch.path() / "there");
+    std::filesystem::create_symlink("there/file", file);
+    const auto draft = scratch.path() / "there/.file.aB3xYz";
+    std::ofstream{draft} << "draft";
+    std::filesystem::last_write_time(
+        draft, std::filesystem::file_time_type::clock::now() - std::chrono::hours{1});
+    Files::removeAbandonedDrafts(file);
+    EXPECT_FALSE(std::filesystem::exists(draft));
+    Files::removeAbandonedDrafts(scratch.path() / "missing" / "file");
 }
 
 TEST_F(FilesTest, writingOverAFolderFailsAndLeavesNothingBesideIt)
