@@ -47,8 +47,9 @@ class Scene:
             self.places = {name: places[0] for name, places in found.items()}
 
     def look(self):
-        """Takes what is to be seen now as what the widgets look like."""
+        """Takes what is to be seen now as what the widgets look like, and where they stand."""
         self.picture = self.session.settled()
+        self.find_widgets()
 
     def seen(self, name, now=None):
         """How much of a widget's picture is there, from 0 to 1. Its time may have changed, its card has not."""
@@ -71,10 +72,13 @@ class Scene:
     # The companion
 
     def end_companion(self):
+        """Again when xdg-open, which may have waited for it, takes its end for a failure and it is started once more."""
         bus = "org.freedesktop.DBus"
-        answer = buses.call(self.session, bus, "/", f"{bus}.GetConnectionUnixProcessID", "org.skyvane.Companion")
-        if found := re.search(r"uint32 (\d+)", answer):
+        while found := re.search(
+            r"uint32 (\d+)", buses.call(self.session, bus, "/", f"{bus}.GetConnectionUnixProcessID", "org.skyvane.Companion")
+        ):
             os.kill(int(found.group(1)), signal.SIGTERM)
+            time.sleep(1)
         self.session.settled(3)
 
     # The services

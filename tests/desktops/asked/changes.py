@@ -33,19 +33,28 @@ def screens(scene):
     if words := scene.desktop.without.get("screens"):
         return words
     session, desktop = scene.session, scene.desktop
+    words = []
     desktop.add_screen(session)
     time.sleep(2)
-    scene.expect_all_seen("in place when a second screen comes along")
+    if gone := scene.all_seen():
+        session.keep("screen-second")
+        words.append(f"{', '.join(gone)} not in place when a second screen comes along")
     for name, change, back in (("unplugged", desktop.switch_screen, True), ("smaller", desktop.resize_screen, False)):
         change(session, not back)
         time.sleep(3)
         session.keep(f"screen-{name}")
         if over := overlapping(desktop.frames(session) or []):
-            raise Failure(f"{over} when the screen is {name}")
+            words.append(f"{over} when the screen is {name}")
         change(session, back)
         if gone := scene.all_seen(limit=10):
-            session.keep("screen-back")
-            raise Failure(f"{', '.join(gone)} not in place after the screen was {name}")
+            session.keep(f"screen-no-longer-{name}")
+            words.append(f"{', '.join(gone)} not in place after the screen was {name}")
+    desktop.remove_screen(session)
+    time.sleep(2)
+    if gone := scene.all_seen():
+        words.append(f"{', '.join(gone)} not in place after the second screen has gone")
+    if words:
+        raise Failure("; ".join(words))
     return None
 
 

@@ -15,17 +15,17 @@ def focus(scene):
     if not scene.is_typed("a"):
         raise Failure("the window that just opened has no keyboard")
     left, top = scene.row(1)
-    there, back = (left, top), (left - 32, top)
+    there, beside = (left, top), (left - 32, top)
     taken = []
     scene.session.click(there, button=2)
     if not scene.is_typed("b"):
         taken.append("a click of the middle button")
         scene.session.click(scene.editor_extent().middle)
-    scene.session.drag(there, back, steps=8)
+    scene.session.drag(there, beside, steps=8)
     if not scene.is_typed("c"):
         taken.append("a drag")
-    scene.session.drag(back, there, steps=8)
     scene.close_editor(editor)
+    scene.look()
     if taken:
         raise Failure(f"{' and '.join(taken)} takes the keyboard from the window that one types in")
 
@@ -73,7 +73,7 @@ def front(scene):
 def drag(scene):
     """A widget follows the pointer, and stands where it is dropped, on its grid."""
     box = scene.places["nearest"]
-    across, down = -812, 402
+    across, down = -1008, 402
     halves = []
     start = box.middle
     before = scene.session.settled(3)
@@ -84,7 +84,6 @@ def drag(scene):
         if stands != [scene.snapped(place)]:
             scene.session.keep("drag")
             raise Failure(f"{when} at {', '.join(map(str, stands)) or 'no place'}, not {scene.snapped(place)}")
-    scene.places["nearest"] = stands[0]
     scene.look()
 
 

@@ -10,20 +10,29 @@ SECONDS = 60
 
 
 def switches(process):
-    """How often each of its threads has been woken until now."""
-    threads = pathlib.Path(f"/proc/{process}/task").iterdir()
-    texts = {thread.name: (thread / "status").read_text() for thread in threads}
-    return {thread: int(re.search(r"^voluntary_ctxt_switches:\s+(\d+)", text, re.MULTILINE).group(1)) for thread, text in texts.items()}
+    """How often each of its threads, by number and name, has been woken until now."""
+    counts = {}
+    for thread in pathlib.Path(f"/proc/{process}/task").iterdir():
+        text = (thread / "status").read_text()
+        count = re.search(r"^voluntary_ctxt_switches:\s+(\d+)", text, re.MULTILINE).group(1)
+        counts[thread.name, (thread / "comm").read_text().strip()] = int(count)
+    return counts
 
 
 def rest(scene):
-    """The host sleeps for a minute."""
+    """The host sleeps for a minute between two refreshes, once threads of the toolkit's that have nothing to do have ended."""
     process = scene.session.processes["host"].pid
     scene.session.point((20, 700))
-    time.sleep(3)
-    before = switches(process)
-    time.sleep(SECONDS)
-    after = switches(process)
-    count = sum(number - before.get(thread, 0) for thread, number in after.items()) + len(before.keys() - after.keys())
-    if count:
-        raise Failure(f"{count} wake-ups in {SECONDS} s")
+    time.sleep(35)
+    is_asking = True
+    while is_asking:
+        requests = scene.asked().count("/v2/point")
+        before = switches(process)
+        time.sleep(SECONDS)
+        after = switches(process)
+        is_asking = scene.asked().count("/v2/point") > requests
+    woken = {thread[1]: number - before.get(thread, 0) for thread, number in after.items() if number != before.get(thread)}
+    words = [f"{name} woke {count} times in {SECONDS} s" for name, count in woken.items()]
+    words += [f"{name} ended" for _, name in before.keys() - after.keys()]
+    if words:
+        raise Failure("; ".join(words))

@@ -65,6 +65,10 @@ class Desktop:
         """A second one, to the right of the first."""
         raise NotImplementedError
 
+    def remove_screen(self, session):
+        """The second one."""
+        raise NotImplementedError
+
     def switch_screen(self, session, is_on):
         """The first one."""
         raise NotImplementedError
@@ -112,6 +116,9 @@ class XDesktop(Desktop):
 
     def add_screen(self, session):
         self.add_output(session, "DUMMY1", "1280x800", "--pos", f"{WIDTH}x0")
+
+    def remove_screen(self, session):
+        session.run("xrandr", "--output", "DUMMY1", "--off")
 
     def switch_screen(self, session, is_on):
         if is_on:

@@ -25,6 +25,9 @@ class This(sway.This):
     def resize_screen(self, session, is_small):
         self.tell(session, "output", "X11-1", "mode", "1280x800" if is_small else "1600x1000")
 
+    def remove_screen(self, session):
+        self.tell(session, "output", "X11-2", "disable")
+
     def switch_screen(self, session, is_on):
         self.tell(session, "output", "X11-1", "enable" if is_on else "disable")
 
