@@ -27,13 +27,15 @@ Mark markOf(const ShownEntry& content)
 }
 
 /// For a screen reader and the tool tip.
-QString stateOf(Mark mark)
+QString stateOf(const ShownEntry& content)
 {
-    switch (mark) {
+    switch (markOf(content)) {
     case Mark::none:
         return {};
     case Mark::stale:
-        return localizedText("Not up to date.");
+        return content.isExtensionStopping
+            ? localizedText("Not up to date: the program behind the widgets stops at each request.")
+            : localizedText("Not up to date.");
     case Mark::refreshing:
         break;
     }
@@ -71,7 +73,7 @@ void WidgetWindow::setNames(const QString& name, const QString& description)
 void WidgetWindow::showContent(const ShownEntry& content)
 {
     m_shown = Shown{.url = content.entry.url, .mark = markOf(content)};
-    const QString state = stateOf(m_shown->mark);
+    const QString state = stateOf(content);
     showCard(content.entry.view, content.entry.background, state);
     setToolTip(state);
 }

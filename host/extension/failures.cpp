@@ -13,6 +13,12 @@ std::string ended(QProcess::ExitStatus status)
                                          : "the widget extension ended without an answer";
 }
 
+std::string stopsAtEachRequest()
+{
+    return "the widget extension stops at each request; widget-config.json may hold a number that makes no "
+           "sense";
+}
+
 std::string noAnswer(std::chrono::milliseconds timeout)
 {
     const double seconds = std::chrono::duration<double>{timeout}.count();

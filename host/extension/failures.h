@@ -14,6 +14,8 @@ namespace skyvane::ExtensionFailures {
 
 std::string notStarted(const std::filesystem::path& program);
 std::string ended(QProcess::ExitStatus status);
+/// Again and again.
+std::string stopsAtEachRequest();
 std::string noAnswer(std::chrono::milliseconds timeout);
 std::string nonsense(const JSON::DecodingError& error);
 std::string refused(const Protocol::Refused& error);

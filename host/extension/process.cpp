@@ -132,6 +132,7 @@ void ExtensionProcess::handle(const QByteArray& line)
         deliver = place->second.decode(Protocol::resultOf(answer.root(), id));
         if (place->second.asksFeed) {
             m_backOff = {};
+            m_stops = 0;
             m_toldFailure.clear();
         }
     } catch (const Protocol::Refused& error) {
@@ -157,10 +158,10 @@ void ExtensionProcess::handleEnd(QProcess::ExitStatus status)
 {
     m_idle.stop();
     const bool isExpected = std::exchange(m_isEnding, false);
-    if (!isExpected && (!m_asked.empty() || status == QProcess::CrashExit))
-        fail(ExtensionFailures::ended(status));
-    else
-        pump();
+    if (isExpected || (m_asked.empty() && status != QProcess::CrashExit))
+        return pump();
+    ++m_stops;
+    fail(stopsAtEachRequest() ? ExtensionFailures::stopsAtEachRequest() : ExtensionFailures::ended(status));
 }
 
 void ExtensionProcess::endIdle()

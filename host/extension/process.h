@@ -47,6 +47,9 @@ public:
     /// Starts the process ahead of the first question, which then finds it ready.
     void start() { startWhenAllowed(); }
 
+    /// Whether it has ended without an answer twice or more in a row.
+    bool stopsAtEachRequest() const { return m_stops >= 2; }
+
     template <class Call>
     void ask(const Call& call, Answer<typename Call::Result> answer)
     {
@@ -120,6 +123,7 @@ private:
     std::int64_t m_lastId = 0;
     bool m_isEnding = false; ///< Takes no more questions and is still there.
     std::chrono::milliseconds m_backOff{0};
+    int m_stops = 0; ///< In a row, since a question to the feed was answered.
     std::string m_toldFailure; ///< What the journal knows already.
     QDeadlineTimer m_nextStart{0};
     QDeadlineTimer m_nextToFeed{0};

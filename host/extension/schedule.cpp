@@ -160,8 +160,13 @@ void Schedule::show(int widget, Plan& plan)
     if (plan.timeline)
         plan.shown = *entryAt(*plan.timeline, Clock::now());
     if (plan.shown)
-        m_show(
-            widget, {.entry = *plan.shown, .isStale = plan.missed >= 2, .isRefreshing = plan.isRefreshing});
+        m_show(widget,
+            {
+                .entry = *plan.shown,
+                .isStale = plan.missed >= 2,
+                .isRefreshing = plan.isRefreshing,
+                .isExtensionStopping = m_extension.stopsAtEachRequest(),
+            });
 }
 
 void Schedule::arm()

@@ -15,6 +15,7 @@ struct ShownEntry {
     WidgetEntry entry;
     bool isStale = false; ///< Two refreshes or more were missed.
     bool isRefreshing = false; ///< The user asked for a refresh that is still to come.
+    bool isExtensionStopping = false; ///< The extension stops at each request.
 
     bool operator==(const ShownEntry&) const = default;
 };

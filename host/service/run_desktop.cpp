@@ -5,6 +5,7 @@
 #include "host/service/ask_host.h"
 #include "host/service/host_service.h"
 #include "host/session/desktop_way.h"
+#include "host/session/termination_watch.h"
 #include "platform/files/configuration_file.h"
 
 #include <QApplication>
@@ -67,6 +68,7 @@ int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup, bool 
     const SingleInstance instance{bus, BusName::host()};
     if (!instance.isFirst())
         return isRestart ? 0 : showGalleryOfOther(bus);
+    const TerminationWatch termination{[] { QCoreApplication::quit(); }};
     desktop.emplace(extension, setup, std::move(way));
     const int status = QApplication::exec();
     desktop.reset(); // What it remembers is written before the name is free for the next host.

@@ -1,5 +1,7 @@
 #include "tests/support/process_status.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -17,8 +19,13 @@ std::filesystem::path folderOf(pid_t process)
 
 std::vector<pid_t> children()
 {
+    return children(getpid());
+}
+
+std::vector<pid_t> children(pid_t process)
+{
     std::vector<pid_t> all;
-    for (const auto& thread : std::filesystem::directory_iterator{"/proc/self/task"}) {
+    for (const auto& thread : std::filesystem::directory_iterator{folderOf(process) / "task"}) {
         std::ifstream list{thread.path() / "children"};
         all.insert(all.end(), std::istream_iterator<pid_t>{list}, {});
     }

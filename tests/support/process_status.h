@@ -11,8 +11,9 @@ namespace skyvane::test {
 /// What the kernel says of a process of this user.
 namespace ProcessStatus {
 
-/// Those that this process has started and not yet waited for.
+/// Those that this process, or another one, has started and not yet waited for.
 std::vector<pid_t> children();
+std::vector<pid_t> children(pid_t process);
 
 /// A line of the process's status, such as "NoNewPrivs"; empty when there is none.
 std::string line(pid_t process, const std::string& key);

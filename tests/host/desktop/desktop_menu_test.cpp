@@ -1,6 +1,9 @@
 #include "tests/host/desktop/desktop_fixture.h"
+#include "tests/support/process_status.h"
 
 #include <gmock/gmock.h>
+
+#include <csignal>
 
 namespace skyvane {
 
@@ -192,6 +195,21 @@ TEST_F(DesktopMenuTest, theMenuQuits)
     EXPECT_TRUE(test::waitFor([&] { return host.state() == QProcess::NotRunning; }));
     EXPECT_EQ(host.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(host.exitCode(), 0);
+}
+
+TEST_F(DesktopMenuTest, aSignalToEndIsHeededAndNoStoppedExtensionSurvivesIt)
+{
+    ASSERT_TRUE(start(3));
+    const auto children
+        = [this] { return test::ProcessStatus::children(static_cast<pid_t>(host.processId())); };
+    ASSERT_TRUE(test::waitFor([&] { return children().size() == 1; }));
+    const pid_t stopped = children().front();
+    kill(stopped, SIGSTOP);
+    host.terminate();
+    EXPECT_TRUE(test::waitFor([&] { return host.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(host.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(host.exitCode(), 0);
+    EXPECT_EQ(kill(stopped, 0), -1);
 }
 
 TEST_F(DesktopMenuTest, commandsReachTheRunningHost)

@@ -223,6 +223,17 @@ TEST_F(WidgetWindowTest, whatIsStaleIsMarkedAndSaidSo)
     EXPECT_EQ(window.accessibleDescription(), "Not up to date.");
 }
 
+TEST_F(WidgetWindowTest, whatIsStaleSinceTheExtensionStopsAtEachRequestSaysThatToo)
+{
+    ShownEntry shown = content({spacer()});
+    shown.isStale = true;
+    shown.isExtensionStopping = true;
+    window.showContent(shown);
+    const QString why = "Not up to date: the program behind the widgets stops at each request.";
+    EXPECT_EQ(window.toolTip(), why);
+    EXPECT_EQ(window.accessibleDescription(), why);
+}
+
 TEST_F(WidgetWindowTest, whatIsRefreshingIsMarkedAndSaidSoWhateverElseItIs)
 {
     ShownEntry shown = content({spacer()});

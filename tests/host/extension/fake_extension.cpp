@@ -1,7 +1,9 @@
 // A widget extension that behaves, or misbehaves, as the name that it is started by says.
 
+#include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
@@ -167,6 +169,16 @@ void crash(const std::string&)
     std::raise(SIGKILL);
 }
 
+/// Of this program, this one included, by its log.
+std::ptrdiff_t startsSoFar()
+{
+    std::ifstream log{std::string{program_invocation_name} + ".log"};
+    std::ptrdiff_t count = 0;
+    for (std::string line; std::getline(log, line);)
+        count += line.ends_with(" start") ? 1 : 0;
+    return count;
+}
+
 std::map<std::string, Behaviour> behaviours()
 {
     return {
@@ -178,6 +190,8 @@ std::map<std::string, Behaviour> behaviours()
         {"refusing", refuse},
         {"crashing", crash},
         {"crashing-later", later(crash)},
+        {"crashing-twice",
+            [](const std::string& request) { startsSoFar() <= 2 ? crash(request) : good(request, entry); }},
         {"ending", [](const std::string&) { std::exit(0); }},
         {"silent", later([](const std::string&) {})},
         {"forgetful",

@@ -190,7 +190,25 @@ TEST(ExtensionProcess, restartsBackOffAndTheJournalStaysQuiet)
     EXPECT_GE(starts[1].at - starts[0].at, 100ms);
     EXPECT_GE(starts[2].at - starts[1].at, 200ms);
     EXPECT_GE(starts[3].at - starts[2].at, 400ms);
-    EXPECT_EQ(test::Journal::lines().size(), 1U);
+    EXPECT_THAT(test::Journal::lines(),
+        ElementsAre("the widget extension crashed",
+            testing::StartsWith("the widget extension stops at each request")));
+}
+
+TEST(ExtensionProcess, oneThatStopsAtEachRequestIsKnownToUntilItAnswersTheFeed)
+{
+    const test::Journal journal;
+    const test::FakeExtension extension{"crashing-twice"};
+    ExtensionProcess process{extension.program(), quick};
+    Tally tally;
+    std::vector<bool> isKnown;
+    for (int attempt = 1; attempt <= 3; ++attempt) {
+        tally.askTimeline(process);
+        EXPECT_TRUE(test::waitFor([&] { return tally.failures + tally.answers == attempt; }));
+        isKnown.push_back(process.stopsAtEachRequest());
+    }
+    EXPECT_EQ(tally.answers, 1);
+    EXPECT_THAT(isKnown, ElementsAre(false, true, false));
 }
 
 TEST(ExtensionProcess, oneThatIsMissingFailsEverythingThatWaits)

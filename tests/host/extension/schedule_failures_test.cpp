@@ -112,4 +112,15 @@ TEST_F(CrashingScheduleTest, aCrashCostsOneMissAndIsTriedAgainLater)
     EXPECT_EQ(questions().size(), 2U);
 }
 
+TEST_F(CrashingScheduleTest, aWidgetSaysOfAnExtensionThatItStopsAtEachRequest)
+{
+    schedule.add(1, clock);
+    EXPECT_TRUE(test::waitFor([&] { return test::Journal::lines().size() == 1; }));
+    EXPECT_FALSE(shown[1].back().isExtensionStopping);
+    const Pinned<Date> later{future + 5s};
+    schedule.lookAtClock();
+    EXPECT_TRUE(test::waitFor([&] { return shown[1].back().isExtensionStopping; }));
+    EXPECT_EQ(test::Journal::lines().size(), 2U);
+}
+
 } // namespace skyvane
