@@ -6,8 +6,8 @@
 namespace skyvane {
 
 /// Holds a value in place of what the system would say (its clock, locale, home folder or network) until the
-/// end of the scope. Only tests do this. Guards of one type nest; they are made and ended by one thread,
-/// while any thread may look.
+/// end of the scope. Tests do this, and a process that is about to give up asking. Guards of one type nest;
+/// they are made and ended by one thread, while any thread may look.
 template <class T>
 class Pinned {
 public:

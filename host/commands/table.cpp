@@ -3,6 +3,7 @@
 #include "host/commands/command_line.h"
 #include "host/commands/operands.h"
 #include "host/commands/render_command.h"
+#include "host/commands/status_command.h"
 #include "host/service/ask_host.h"
 #include "platform/text/printable.h"
 #include "ui/layout/widget_container.h"
@@ -155,6 +156,7 @@ const std::vector<Command>& commands()
             .run = list,
         },
         renderCommand(),
+        statusCommand(),
         {
             .name = "--supervise",
             .help = "Shows the widgets, too, and again when their display comes back or they crash.",

@@ -16,6 +16,8 @@
 #include <string>
 #include <utility>
 
+#include <sys/types.h>
+
 namespace skyvane {
 
 /// The widget extension as a process, asked one question at a time; it ends with this. A question waits for
@@ -26,6 +28,8 @@ public:
     ~ExtensionClient();
     ExtensionClient(const ExtensionClient&) = delete;
     ExtensionClient& operator=(const ExtensionClient&) = delete;
+
+    pid_t processId() const { return static_cast<pid_t>(m_process.processId()); }
 
     template <class Call>
     typename Call::Result ask(const Call& call)

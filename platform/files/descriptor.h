@@ -9,17 +9,24 @@ namespace skyvane::Files {
 /// Owns an open file or socket, which is closed with it; below zero where opening failed.
 class Descriptor {
 public:
+    Descriptor() = default;
     explicit Descriptor(int number) : m_number(number) { }
+    Descriptor(Descriptor&& other) noexcept : m_number(other.release()) { }
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
     ~Descriptor() { close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
 
     int number() const { return m_number; }
     bool isOpen() const { return m_number >= 0; }
-    bool close() { return m_number < 0 || ::close(std::exchange(m_number, -1)) == 0; }
+    /// Whose it is from then on.
+    int release() { return std::exchange(m_number, -1); }
+    bool close() { return m_number < 0 || ::close(release()) == 0; }
 
 private:
-    int m_number;
+    int m_number = -1;
 };
 
 } // namespace skyvane::Files

@@ -2,6 +2,8 @@
 
 #include "platform/net/broken_pipe.h"
 
+#include <poll.h>
+
 #include <utility>
 
 namespace skyvane {
@@ -16,6 +18,13 @@ MultiHandle withoutConnection()
     return made;
 }
 
+/// Whether there is something to read, be it the end.
+bool hasSpoken(const Connections& connections)
+{
+    pollfd watched{.fd = connections.socket, .events = POLLIN, .revents = 0};
+    return poll(&watched, 1, 0) > 0;
+}
+
 } // namespace
 
 RestingConnection::~RestingConnection()
@@ -26,8 +35,13 @@ RestingConnection::~RestingConnection()
 
 Connections RestingConnection::take()
 {
-    const std::lock_guard lock{m_mutex};
-    return m_resting.handle ? std::move(m_resting) : Connections{.handle = withoutConnection()};
+    Connections resting;
+    {
+        const std::lock_guard lock{m_mutex};
+        std::swap(resting, m_resting);
+    }
+    return resting.handle && !hasSpoken(resting) ? std::move(resting)
+                                                 : Connections{.handle = withoutConnection()};
 }
 
 void RestingConnection::keep(Connections connections)

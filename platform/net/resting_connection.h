@@ -12,10 +12,12 @@ namespace skyvane {
 struct Connections {
     MultiHandle handle;
     Trust trust = Trust::folder;
+    int socket = -1; ///< Of the one that rests; -1 without.
 };
 
 /// Keep-alive: the connection that the last transfer left open. One transfer takes it; those that run beside
-/// that one make their own.
+/// that one make their own. One whose server spoke without being asked is not used again: what it said would
+/// be taken for the next answer.
 class RestingConnection {
 public:
     RestingConnection() = default;

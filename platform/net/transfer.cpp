@@ -1,5 +1,7 @@
 #include "platform/net/transfer.h"
 
+#include "platform/net/content_coding.h"
+#include "platform/net/options.h"
 #include "platform/net/outcome.h"
 #include "platform/pinned.h"
 
@@ -20,20 +22,9 @@ constexpr std::size_t largestHeaders = std::size_t{256}
 constexpr long mostRedirects = 10;
 constexpr long longestRest = 30; ///< Seconds between two transfers on a connection; not the machine's sleep.
 
-template <class Value>
-void set(CURL* easy, CURLoption option, Value value)
+std::chrono::milliseconds timeoutOf(const URLRequest& request)
 {
-    if (const CURLcode outcome = curl_easy_setopt(easy, option, value); outcome != CURLE_OK)
-        throw TransferError{TransferProblem::other, curl_easy_strerror(outcome)};
-}
-
-void append(StringList& list, const std::string& text)
-{
-    curl_slist* longer = curl_slist_append(list.get(), text.c_str());
-    if (longer == nullptr)
-        throw TransferError{TransferProblem::other, curl_easy_strerror(CURLE_OUT_OF_MEMORY)};
-    static_cast<void>(list.release());
-    list.reset(longer);
+    return std::clamp(request.timeout, 1ms, Transfer::longest); // Zero would mean none.
 }
 
 std::string defaultUserAgent()
@@ -44,7 +35,12 @@ std::string defaultUserAgent()
 
 } // namespace
 
-Transfer::Transfer(const URLRequest& request, CURLM* connections, Trust trust) : m_multi(connections)
+Transfer::Transfer(
+    const URLRequest& request, const Connections& connections, const Setting& setting, std::stop_token stop)
+    : m_setting(setting)
+    , m_stop(std::move(stop))
+    , m_deadline(std::chrono::steady_clock::now() + timeoutOf(request))
+    , m_multi(connections.handle.get())
 {
     if (m_multi == nullptr || m_easy == nullptr)
         throw TransferError{TransferProblem::other, curl_easy_strerror(CURLE_FAILED_INIT)};
@@ -52,9 +48,11 @@ Transfer::Transfer(const URLRequest& request, CURLM* connections, Trust trust) :
     set(m_easy.get(), CURLOPT_URL, request.url.text().c_str());
     set(m_easy.get(), CURLOPT_PATH_AS_IS, 1L);
     setLimits(request);
-    setTrust(trust);
+    setTrust(connections.trust);
     setHeaders(request.headers);
     setReceivers();
+    if (m_setting.dialer != nullptr)
+        connectBy(*m_setting.dialer);
     if (const Network* network = Pinned<Network>::current())
         confineTo(*network);
     if (const CURLMcode outcome = curl_multi_add_handle(m_multi, m_easy.get()); outcome != CURLM_OK)
@@ -63,8 +61,7 @@ Transfer::Transfer(const URLRequest& request, CURLM* connections, Trust trust) :
 
 void Transfer::setLimits(const URLRequest& request)
 {
-    const auto timeout = std::clamp(request.timeout, 1ms, longest); // Zero would mean none.
-    set(m_easy.get(), CURLOPT_TIMEOUT_MS, static_cast<long>(timeout.count()));
+    set(m_easy.get(), CURLOPT_TIMEOUT_MS, static_cast<long>(timeoutOf(request).count()));
     set(m_easy.get(), CURLOPT_PROTOCOLS_STR, "https");
     set(m_easy.get(), CURLOPT_REDIR_PROTOCOLS_STR, "https");
     set(m_easy.get(), CURLOPT_FOLLOWLOCATION, 1L);
@@ -90,7 +87,9 @@ void Transfer::setTrust(Trust trust)
 
 void Transfer::setHeaders(const std::vector<HTTPHeader>& headers)
 {
-    set(m_easy.get(), CURLOPT_ACCEPT_ENCODING, ""); // Every one that the library can undo.
+    set(m_easy.get(), CURLOPT_ACCEPT_ENCODING, ContentCoding::accepted);
+    // The library would take one that ends before its checksum.
+    set(m_easy.get(), CURLOPT_HTTP_CONTENT_DECODING, 0L);
     set(m_easy.get(), CURLOPT_USERAGENT,
         defaultUserAgent().c_str()); // A header of the same name replaces it.
     for (const HTTPHeader& header : headers)
@@ -146,15 +145,16 @@ void Transfer::confineTo(const Network& network)
     set(m_easy.get(), CURLOPT_CONNECT_TO, m_connectTo.get());
 }
 
-std::optional<CURLcode> Transfer::run(Semaphore& processors, const std::stop_token& stop)
+std::optional<CURLcode> Transfer::run()
 {
     constexpr int untilWoken = 60'000; // Milliseconds; the library's own timers end the wait earlier.
-    const std::stop_callback wake{stop, [this] { curl_multi_wakeup(m_multi); }};
-    while (!stop.stop_requested()) {
+    const std::stop_callback wake{m_stop, [this] { curl_multi_wakeup(m_multi); }};
+    while (!m_stop.stop_requested()) {
         int running = 1;
         CURLMcode state = CURLM_OK;
-        if (const Semaphore::Permit permit{processors, stop})
+        if (m_turn.emplace(m_setting.processors, m_stop))
             state = curl_multi_perform(m_multi, &running);
+        m_turn.reset();
         if (running == 0 && state == CURLM_OK)
             return outcome();
         if (state == CURLM_OK)
@@ -165,32 +165,42 @@ std::optional<CURLcode> Transfer::run(Semaphore& processors, const std::stop_tok
     return std::nullopt;
 }
 
-std::optional<CURLcode> Transfer::outcome() const
+std::optional<CURLcode> Transfer::outcome()
 {
     int left = 0;
     const CURLMsg* message = curl_multi_info_read(m_multi, &left);
     if (message == nullptr)
         return CURLE_FAILED_INIT;
-    return endsWithItsConnection(message->data.result) ? CURLE_OK : message->data.result;
+    const CURLcode outcome = message->data.result;
+    if (outcome == CURLE_OK && announcesAbsurdLength())
+        m_refusal = "The answer announces a length that is none";
+    if (m_refusal != nullptr)
+        return CURLE_FILESIZE_EXCEEDED;
+    return endsWithItsConnection(outcome) ? CURLE_OK : outcome;
+}
+
+/// Whether the library has passed over a length that it could not read.
+bool Transfer::announcesAbsurdLength() const
+{
+    curl_off_t length = 0;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
+    return length < 0 && !headers("Content-Length").empty() && headers("Transfer-Encoding").empty();
 }
 
 /// Whether this is an answer of no announced length, whose connection ended without TLS's goodbye. Newer
 /// versions of the library call that a failure; whether such an answer is whole is for its reader to say.
 bool Transfer::endsWithItsConnection(CURLcode outcome) const
 {
-    if (outcome != CURLE_RECV_ERROR || m_refusal != nullptr || m_body.empty())
+    if (outcome != CURLE_RECV_ERROR || m_body.empty())
         return false;
     long systemError = 0;
     long version = CURL_HTTP_VERSION_NONE;
     curl_off_t length = 0;
-    curl_header* encoding = nullptr;
     curl_easy_getinfo(m_easy.get(), CURLINFO_OS_ERRNO, &systemError);
     curl_easy_getinfo(m_easy.get(), CURLINFO_HTTP_VERSION, &version);
     curl_easy_getinfo(m_easy.get(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
-    const bool isInPieces
-        = curl_easy_header(m_easy.get(), "Transfer-Encoding", 0, CURLH_HEADER, -1, &encoding) == CURLHE_OK;
-    const bool isFramed
-        = length >= 0 || isInPieces || (version != CURL_HTTP_VERSION_1_0 && version != CURL_HTTP_VERSION_1_1);
+    const bool isFramed = length >= 0 || !headers("Transfer-Encoding").empty()
+        || (version != CURL_HTTP_VERSION_1_0 && version != CURL_HTTP_VERSION_1_1);
     return systemError == 0 && !isFramed;
 }
 
@@ -203,17 +213,40 @@ TransferError Transfer::error(CURLcode outcome) const
 {
     if (m_refusal != nullptr)
         return {TransferProblem::tooLarge, m_refusal};
+    if (m_undialled)
+        return *m_undialled;
     long systemError = 0;
     curl_easy_getinfo(m_easy.get(), CURLINFO_OS_ERRNO, &systemError);
     return {problemOf(outcome, systemError),
         m_words.front() != '\0' ? m_words.data() : curl_easy_strerror(outcome)};
 }
 
+int Transfer::socket() const
+{
+    curl_socket_t socket = CURL_SOCKET_BAD;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_ACTIVESOCKET, &socket);
+    return socket;
+}
+
+/// All lines of that name in the last answer.
+std::string Transfer::headers(const char* name) const
+{
+    std::string all;
+    curl_header* header = nullptr;
+    for (std::size_t index = 0;
+         curl_easy_header(m_easy.get(), name, index, CURLH_HEADER, -1, &header) == CURLHE_OK; ++index)
+        all.append(all.empty() ? "" : ",").append(header->value);
+    return all;
+}
+
 URLResponse Transfer::takeResponse()
 {
     long status = 0;
     curl_easy_getinfo(m_easy.get(), CURLINFO_RESPONSE_CODE, &status);
-    return {.status = static_cast<int>(status), .body = std::move(m_body)};
+    return {
+        .status = static_cast<int>(status),
+        .body = ContentCoding::undone(std::move(m_body), headers("Content-Encoding"), largestBody),
+    };
 }
 
 } // namespace skyvane

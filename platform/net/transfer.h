@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/net/authorities.h"
+#include "platform/net/dialer.h"
 #include "platform/net/handles.h"
+#include "platform/net/resting_connection.h"
 #include "platform/net/semaphore.h"
 #include "platform/net/transport.h"
 
@@ -20,20 +21,28 @@ class Transfer {
 public:
     static constexpr std::chrono::milliseconds longest{8'000};
 
+    /// What a transfer shares with others.
+    struct Setting {
+        Semaphore& processors; ///< Bounds how many compute at once.
+        const Dialer* dialer; ///< Null where the library connects by itself.
+    };
+
     /// `connections` serve no other transfer before this one's end.
-    Transfer(const URLRequest& request, CURLM* connections, Trust trust);
+    Transfer(const URLRequest& request, const Connections& connections, const Setting& setting,
+        std::stop_token stop);
     ~Transfer() { curl_multi_remove_handle(m_multi, m_easy.get()); }
     Transfer(const Transfer&) = delete;
     Transfer& operator=(const Transfer&) = delete;
 
-    /// Absent when `stop` asked for the end first.
-    /// `processors` bounds how many transfers compute at once.
-    std::optional<CURLcode> run(Semaphore& processors, const std::stop_token& stop);
+    /// Absent when the stop token asked for the end first.
+    std::optional<CURLcode> run();
     /// Whether all that failed is that the folder of authorities does not vouch for the certificate, and
     /// there is a bundle to ask as well.
     bool deservesMoreTrust(CURLcode outcome) const;
     TransferError error(CURLcode outcome) const;
     URLResponse takeResponse();
+    /// Of the connection that the transfer leaves open; none of `poll`'s where it leaves none.
+    int socket() const;
 
 private:
     void setLimits(const URLRequest& request);
@@ -42,9 +51,19 @@ private:
     void setReceivers();
     void reserveBody();
     void confineTo(const Network& network);
-    std::optional<CURLcode> outcome() const;
+    void connectBy(const Dialer& dialer);
+    Destination destinationOf(const curl_sockaddr& address) const;
+    curl_socket_t dial(const curl_sockaddr& address) noexcept;
+    std::optional<CURLcode> outcome();
+    std::string headers(const char* name) const;
     bool endsWithItsConnection(CURLcode outcome) const;
+    bool announcesAbsurdLength() const;
 
+    Setting m_setting;
+    std::stop_token m_stop;
+    std::chrono::steady_clock::time_point m_deadline;
+    std::optional<Semaphore::Permit> m_turn; ///< While the transfer computes.
+    std::optional<TransferError> m_undialled; ///< Why there is no connection.
     std::array<char, CURL_ERROR_SIZE> m_words{};
     bool m_hasUnreadBundle = false;
     const char* m_refusal = nullptr; ///< Why the rest of the answer was not wanted.
@@ -52,6 +71,7 @@ private:
     std::string m_body;
     StringList m_headers;
     StringList m_connectTo;
+    StringList m_addresses;
     CURLM* m_multi;
     EasyHandle m_easy{curl_easy_init()};
 };

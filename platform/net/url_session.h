@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/net/dialer.h"
 #include "platform/net/transport.h"
 
 #include <memory>
@@ -15,6 +16,8 @@ namespace skyvane {
 class UrlSession {
 public:
     UrlSession();
+    /// Has its connections from there, to port 443 alone.
+    explicit UrlSession(Dialer dialer);
 
     URLResponse operator()(const URLRequest& request, const std::stop_token& stop) const;
 

@@ -44,6 +44,8 @@ public:
     }
     ~Writer()
     {
+        if (m_process < 0)
+            return; // There was no process left to have.
         kill(m_process, SIGKILL);
         waitpid(m_process, nullptr, 0);
     }

@@ -1,3 +1,4 @@
+#include "platform/sandbox/file_access.h"
 #include "tests/support/scratch_folder.h"
 #include "ui/layout/widget_container.h"
 
@@ -58,6 +59,21 @@ TEST(Program, theRadarIsListedWithItsFamilies)
     const Outcome outcome = runProgram({"list"}, folder.path());
     EXPECT_EQ(outcome.error, "");
     EXPECT_THAT(outcome.out, testing::HasSubstr("org.skyvane.widgets.radar\tSky Radar\tsmall, medium\n"));
+}
+
+TEST(Program, theStatusSaysWhatProtectsThisMachine)
+{
+    const test::ScratchFolder folder;
+    const Outcome outcome = runProgram({"status"}, folder.path());
+    EXPECT_EQ(outcome.error, "");
+    EXPECT_THAT(outcome.out, testing::HasSubstr("system calls\tonly those it needs\n"));
+    const std::string files = FileAccess::version() > 0
+        ? "only what it needs (Landlock " + std::to_string(FileAccess::version()) + ")"
+        : "all that you may read (this kernel lacks Landlock, or the filter)";
+    EXPECT_THAT(outcome.out, testing::HasSubstr("files\t" + files + "\n"));
+    EXPECT_THAT(
+        outcome.out, testing::HasSubstr("connections\tmade for it, to the sources or the proxy alone\n"));
+    EXPECT_THAT(outcome.out, testing::HasSubstr("privileges\tnever more\n"));
 }
 
 TEST(Program, theSampleOfEveryListedWidgetAndFamilyIsRendered)

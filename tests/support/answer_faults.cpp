@@ -107,6 +107,7 @@ std::vector<Fault> lengths()
         withLength("lengthTooShort", "20", "not JSON"),
         withLength("lengthTooLong", "100000"),
         withLength("lengthHuge", "9223372036854775806"),
+        withLength("lengthAbsurd", "1000000000000000000000000000000"),
         withLength("lengthBelowZero", "-5"),
         withLength("lengthOfLetters", "many"),
         {.name = "chunkSizeOfLetters", .handler = sending(std::string{chunked} + "zz\r\n{}\r\n0\r\n\r\n")},

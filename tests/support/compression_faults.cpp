@@ -16,6 +16,12 @@ Fault compressed(std::string name, const std::string& coding, std::string body, 
         .outcome = outcome};
 }
 
+/// Without zlib's two bytes before it and its checksum behind.
+std::string unwrapped(const std::string& body)
+{
+    return body.substr(2, body.size() - 6);
+}
+
 Fault good(const std::string& coding, std::string body)
 {
     return compressed(coding + "Good", coding, std::move(body), Fault::Outcome::delivered);
@@ -24,6 +30,22 @@ Fault good(const std::string& coding, std::string body)
 Fault torn(const std::string& coding, const std::string& body)
 {
     return compressed(coding + "Torn", coding, body.substr(0, body.size() / 2), Fault::Outcome::failed);
+}
+
+/// All of it but its checksum, or what else tells its end.
+Fault withoutEnd(std::string name, const std::string& coding, const std::string& body, std::size_t end)
+{
+    Fault fault
+        = compressed(std::move(name), coding, body.substr(0, body.size() - end), Fault::Outcome::failed);
+    fault.words = "not whole";
+    return fault;
+}
+
+Fault withWrongChecksum()
+{
+    std::string body = gzipped(goodAnswer);
+    body[body.size() - 8] ^= 1;
+    return compressed("gzipWithWrongChecksum", "gzip", std::move(body), Fault::Outcome::failed);
 }
 
 /// What it makes grows on the way out; on the wire it is this.
@@ -58,6 +80,15 @@ std::vector<Fault> compressionFaults()
         good("deflate", deflated(goodAnswer)),
         good("br", brotliCompressed(goodAnswer)),
         compressed("gzipTwice", "gzip, gzip", gzipped(gzipped(goodAnswer)), Fault::Outcome::delivered),
+        compressed("deflateUnwrapped", "deflate", unwrapped(deflated(goodAnswer)), Fault::Outcome::delivered),
+        compressed("gzipByItsOldName", "X-GZip", gzipped(goodAnswer), Fault::Outcome::delivered),
+        compressed("gzipAndNothing", "identity, gzip", gzipped(goodAnswer), Fault::Outcome::delivered),
+        withoutEnd("gzipWithoutChecksum", "gzip", gzipped(goodAnswer), 8),
+        withoutEnd("gzipWithoutItsLastByte", "gzip", gzipped(goodAnswer), 1),
+        withoutEnd("deflateWithoutChecksum", "deflate", deflated(goodAnswer), 4),
+        withoutEnd("brWithoutItsLastByte", "br", brotliCompressed(goodAnswer), 1),
+        withWrongChecksum(),
+        compressed("gzipAndMore", "gzip", gzipped(goodAnswer) + "more", Fault::Outcome::failed),
         torn("gzip", gzipped(goodAnswer)),
         torn("deflate", deflated(goodAnswer)),
         torn("br", brotliCompressed(goodAnswer)),

@@ -1,12 +1,12 @@
 #include "widgets/extension/confinement.h"
 
+#include "platform/sandbox/file_access.h"
+#include "platform/sandbox/system_call_filter.h"
+#include "widgets/extension/allowed_calls.h"
+#include "widgets/extension/readable_files.h"
 #include "widgets/extension/shut_doors.h"
 
-#include <seccomp.h>
-
-#include <fcntl.h>
 #include <pthread.h>
-#include <sched.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -14,11 +14,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdint>
-#include <initializer_list>
-#include <memory>
-#include <optional>
-#include <span>
+#include <cstddef>
 
 #ifndef __has_feature
 #define __has_feature(feature) 0
@@ -37,111 +33,71 @@ namespace skyvane::Extension {
 
 namespace {
 
-bool limit(__rlimit_resource resource, rlim_t most)
+void limit(__rlimit_resource resource, rlim_t most)
 {
     const rlimit both{.rlim_cur = most, .rlim_max = most};
-    return setrlimit(resource, &both) == 0;
+    setrlimit(resource, &both);
 }
 
-bool limitResources()
+void limitResources()
 {
     constexpr rlim_t tenMinutes = 600;
-    bool isLimited = limit(RLIMIT_CORE, 0) && limit(RLIMIT_CPU, tenMinutes);
+    limit(RLIMIT_CORE, 0);
+    limit(RLIMIT_CPU, tenMinutes);
     struct stat output { };
     const bool answersIntoFile = fstat(STDOUT_FILENO, &output) == 0 && S_ISREG(output.st_mode);
     if (!answersIntoFile)
-        isLimited = limit(RLIMIT_FSIZE, 0) && isLimited;
+        limit(RLIMIT_FSIZE, 0);
 #ifndef SKYVANE_SANITIZED // Sanitizers reserve more than any machine has.
     constexpr rlim_t gibibyte = rlim_t{1} << 30;
-    constexpr std::size_t threadStack = std::size_t{1} << 20; // 64 requests and their look-ups must fit.
+    constexpr std::size_t threadStack = std::size_t{1} << 20; // 64 requests, and their look-ups, must fit.
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
     pthread_attr_setstacksize(&attributes, threadStack);
     pthread_setattr_default_np(&attributes);
     pthread_attr_destroy(&attributes);
-    isLimited = limit(RLIMIT_DATA, gibibyte) && isLimited;
+    limit(RLIMIT_DATA, gibibyte);
 #endif
-    return isLimited;
 }
 
-using Filter = std::unique_ptr<void, decltype(&seccomp_release)>;
-
-/// What is refused, rule by rule, until the library does not take one.
-class Rules {
-public:
-    explicit Rules(const Filter& filter) : m_filter(filter.get()) { }
-
-    /// Always, or when the argument is so.
-    void refuse(int call, int error, std::optional<scmp_arg_cmp> condition = std::nullopt)
-    {
-        const std::uint32_t action = SCMP_ACT_ERRNO(static_cast<std::uint16_t>(error));
-        const int outcome = seccomp_rule_add_array(
-            m_filter, action, call, condition ? 1 : 0, condition ? &*condition : nullptr);
-        m_areAllIn = m_areAllIn && outcome == 0;
-    }
-
-    /// Names that this processor or library does not know are passed over: nobody can call them.
-    void refuse(std::span<const char* const> names, int error)
-    {
-        for (const char* name : names) {
-            if (const int call = seccomp_syscall_resolve_name(name); call != __NR_SCMP_ERROR)
-                refuse(call, error);
-        }
-    }
-
-    bool areAllIn() const { return m_areAllIn; }
-
-private:
-    scmp_filter_ctx m_filter;
-    bool m_areAllIn = true;
-};
-
-/// The argument's bits under the mask have this value.
-scmp_arg_cmp bits(unsigned argument, std::uint64_t mask, std::uint64_t value)
+void closeAllBut(int kept)
 {
-    return {.arg = argument, .op = SCMP_CMP_MASKED_EQ, .datum_a = mask, .datum_b = value};
+    constexpr unsigned firstAfterStandardStreams = 3;
+    const auto close = [](unsigned first, unsigned last) {
+        if (first <= last)
+            syscall(SYS_close_range, first, last, 0);
+    };
+    const auto number = static_cast<unsigned>(kept);
+    close(firstAfterStandardStreams, number - 1); // All of them where none is kept.
+    if (kept >= 0)
+        close(number + 1, ~0U);
 }
 
-void refuseOpeningForMoreThanReading(Rules& rules)
+/// What both processes give up, and what the kernel wants to hear before it takes more.
+void giveUpTheRest(int kept)
 {
-    for (const auto flag : std::initializer_list<std::uint64_t>{O_WRONLY, O_RDWR, O_CREAT, O_TRUNC}) {
-        rules.refuse(SCMP_SYS(open), EPERM, bits(1, flag, flag));
-        rules.refuse(SCMP_SYS(openat), EPERM, bits(2, flag, flag));
-    }
-}
-
-void refuseOtherProcesses(Rules& rules)
-{
-    rules.refuse(SCMP_SYS(clone), EPERM, bits(0, CLONE_THREAD, 0));
-    const auto self = static_cast<std::uint64_t>(getpid());
-    for (const int call : {SCMP_SYS(kill), SCMP_SYS(tgkill)})
-        rules.refuse(call, EPERM, scmp_arg_cmp{.arg = 0, .op = SCMP_CMP_NE, .datum_a = self, .datum_b = 0});
-}
-
-bool shutDoors()
-{
-    const Filter filter{seccomp_init(SCMP_ACT_ALLOW), &seccomp_release};
-    if (filter == nullptr)
-        return false;
-    Rules rules{filter};
-    refuseOpeningForMoreThanReading(rules);
-    refuseOtherProcesses(rules);
-    rules.refuse(ShutDoors::forbidden(), EPERM);
-    rules.refuse(ShutDoors::unheardOf(), ENOSYS);
-    for (const int call : ShutDoors::forbiddenWithoutName())
-        rules.refuse(call, EPERM);
-    return rules.areAllIn() && seccomp_load(filter.get()) == 0;
+    closeAllBut(kept);
+    prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    limitResources();
 }
 
 } // namespace
 
-bool confine()
+bool confine(int kept, Unlisted unlisted)
 {
-    constexpr unsigned firstAfterStandardStreams = 3;
-    const bool areClosed = syscall(SYS_close_range, firstAfterStandardStreams, ~0U, 0) == 0;
-    const bool hasNoPrivileges = prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0;
-    const bool isLimited = limitResources();
-    return shutDoors() && isLimited && hasNoPrivileges && areClosed;
+    giveUpTheRest(kept);
+    if (!SystemCallFilter::isOffered())
+        return false; // It looks names up and connects by itself then, for which it needs what it would lose.
+    FileAccess::restrict(ReadableFiles::ofDecoder(), FileAccess::Connections::none);
+    return allowDecodersCallsOnly(unlisted == Unlisted::refused ? SystemCallFilter::failure(EPERM)
+                                                                : SystemCallFilter::Answer::reported);
+}
+
+bool confineConnector(int kept)
+{
+    giveUpTheRest(kept);
+    FileAccess::restrict(ReadableFiles::ofConnector(), FileAccess::Connections::toAnybody);
+    return ShutDoors::shut();
 }
 
 } // namespace skyvane::Extension

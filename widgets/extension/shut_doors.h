@@ -1,16 +1,9 @@
 #pragma once
 
-#include <span>
-
-/// The system calls that the sandbox's seccomp filter refuses, by their names.
 namespace skyvane::Extension::ShutDoors {
 
-std::span<const char* const> forbidden();
-
-/// Those for which the libraries try an older call when the kernel seems not to know them.
-std::span<const char* const> unheardOf();
-
-/// Newer than the filter's library.
-std::span<const int> forbiddenWithoutName();
+/// Refuses the system calls that the connector never makes, whatever the machine's name services are: all of
+/// those only read, connect and talk. Whether the kernel took it.
+bool shut();
 
 } // namespace skyvane::Extension::ShutDoors

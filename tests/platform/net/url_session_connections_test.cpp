@@ -102,6 +102,40 @@ TEST_F(UrlSessionConnections, oneThatBreaksWhileItRestsIsReplaced)
     EXPECT_EQ(server.connectionCount(), 2U);
 }
 
+TEST_F(UrlSessionConnections, oneWhoseServerSpokeWithoutBeingAskedIsReplaced)
+{
+    for (const char* unasked : {"HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nevil",
+             "HTTP/1.1 408 Request Timeout\r\nContent-Length: 0\r\n\r\n"}) {
+        SCOPED_TRACE(unasked);
+        session = {};
+        const std::size_t before = server.connectionCount();
+        std::latch hasArrived{1};
+        std::latch hasSpoken{1};
+        server.handle("/", [&](const auto&, Connection& connection) {
+            connection.answer({.body = "here"});
+            hasArrived.wait();
+            connection.send(unasked);
+            hasSpoken.count_down();
+        });
+        EXPECT_EQ(get().body, "here");
+        hasArrived.count_down();
+        hasSpoken.wait();
+        server.answer("/", {.body = "there"});
+        EXPECT_EQ(get().body, "there");
+        EXPECT_EQ(server.connectionCount(), before + 2);
+    }
+}
+
+TEST_F(UrlSessionConnections, oneOfARedirectServesTheHostThatItLedTo)
+{
+    server.answer(
+        "/", {.status = 302, .headers = {{.name = "Location", .value = "https://other.test/there"}}});
+    server.answer("/there", {.body = "there"});
+    EXPECT_EQ(get().body, "there");
+    EXPECT_EQ(get(request("https://other.test/there")).body, "there");
+    EXPECT_EQ(server.connectionCount(), 2U);
+}
+
 TEST_F(UrlSessionConnections, oneThatTheServerEndsInsteadOfAnsweringIsReplaced)
 {
     server.answer("/", {.body = "here"});

@@ -43,6 +43,27 @@ TEST_F(UrlSessionTest, keepsNoRoomForABodyOfAnAbsurdAnnouncedLength)
     EXPECT_EQ(problem(), TransferProblem::cut);
 }
 
+TEST_F(UrlSessionTest, refusesALengthThatIsNoneHoweverGoodTheBodyIs)
+{
+    for (const char* length : {"1000000000000000000000000000000", "99999999999999999999"}) {
+        server.handle("/", [length](const auto&, Connection& connection) {
+            connection.send(
+                std::string{"HTTP/1.1 200 OK\r\nContent-Length: "} + length + "\r\n\r\nall of it");
+            connection.close();
+        });
+        EXPECT_EQ(problem(), TransferProblem::tooLarge) << length;
+    }
+}
+
+TEST_F(UrlSessionTest, heedsNoLengthBesideChunks)
+{
+    server.handle("/", [](const auto&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\nContent-Length: 99999999999999999999\r\n"
+                        "Transfer-Encoding: chunked\r\n\r\n4\r\nhere\r\n0\r\n\r\n");
+    });
+    EXPECT_EQ(get().body, "here");
+}
+
 TEST_F(UrlSessionTest, boundsABodyThatIsSmallOnlyWhileCompressed)
 {
     server.handle("/", [](const auto&, Connection& connection) {

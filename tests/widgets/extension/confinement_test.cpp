@@ -1,205 +1,158 @@
-#include "widgets/extension/confinement.h"
+#include "tests/widgets/extension/confined.h"
 
-#include "tests/support/scratch_folder.h"
-
-#include <gtest/gtest.h>
+#include "platform/sandbox/file_access.h"
+#include "platform/sandbox/system_call_filter.h"
 
 #include <fcntl.h>
-#include <linux/sched.h>
-#include <seccomp.h>
+#include <sys/ioctl.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
-#include <sys/ptrace.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/uio.h>
-#include <sys/wait.h>
-#include <sys/xattr.h>
-#include <unistd.h>
 
 #include <array>
-#include <cerrno>
-#include <csignal>
-#include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <functional>
+#include <cstdlib>
 #include <string>
 #include <thread>
-#include <vector>
+#include <utility>
 
 namespace skyvane::Extension {
 
 namespace {
 
-/// What a call returned, as 0 or the error's number.
-int errorOf(long outcome)
+constexpr std::size_t page = 4096;
+
+/// What opening for reading comes to where the kernel has Landlock, and where it has not.
+int unreadable()
 {
-    return outcome < 0 ? errno : 0;
+    return FileAccess::version() > 0 ? EACCES : 0;
 }
 
-/// What the attempt comes to in a process of its own.
-int inChild(const std::function<int()>& attempt)
+/// What the attempt comes to in a process that was confined before the change.
+int afterAChange(const std::function<void()>& change, const std::function<int()>& attempt)
 {
+    std::array<int, 2> confined{};
+    std::array<int, 2> changed{};
+    if (pipe(confined.data()) != 0 || pipe(changed.data()) != 0)
+        return -1;
+    char byte = 0;
     const pid_t child = fork();
-    if (child == 0)
-        _exit(attempt());
+    if (child == 0) {
+        dup2(changed[0], STDIN_FILENO);
+        confine(confined[1]);
+        const bool isTime = write(confined[1], "x", 1) == 1 && read(STDIN_FILENO, &byte, 1) == 1;
+        _exit(isTime ? attempt() : 200);
+    }
+    close(confined[1]);
+    const bool isConfined = read(confined[0], &byte, 1) == 1;
+    change();
+    const bool isTold = write(changed[1], "x", 1) == 1;
     int status = 0;
     waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    for (const int end : {confined[0], changed[0], changed[1]})
+        close(end);
+    return isConfined && isTold && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-int inConfinement(const std::function<int()>& attempt)
+int map(int protection, int flags)
 {
-    constexpr int notConfined = 200;
-    return inChild([&] { return confine() ? attempt() : notConfined; });
+    return mmap(nullptr, page, protection, flags, -1, 0) == MAP_FAILED ? errno : 0;
 }
 
-struct Door {
-    const char* name;
-    std::function<int()> open;
-    int error = EPERM;
-};
-
-int tryNewProcess(long child)
-{
-    if (child == 0)
-        _exit(0);
-    return errorOf(child);
-}
-
-/// Each works outside, with these files: "file" and "folder".
-std::vector<Door> doorsOfFiles()
+std::vector<Door> doorsOfMemory()
 {
     return {
-        {"openToWrite", [] { return errorOf(open("file", O_WRONLY)); }},
-        {"openToReadAndWrite", [] { return errorOf(open("file", O_RDWR)); }},
-        {"openToAppend", [] { return errorOf(open("file", O_WRONLY | O_APPEND)); }},
-        {"openToCreate", [] { return errorOf(open("new", O_RDONLY | O_CREAT, 0600)); }},
-        {"openToEmpty", [] { return errorOf(open("file", O_RDONLY | O_TRUNC)); }},
-        {"openUnnamed", [] { return errorOf(open(".", O_TMPFILE | O_RDWR, 0600)); }},
-        {"openADevice", [] { return errorOf(open("/dev/null", O_WRONLY)); }},
-        {"creat", [] { return errorOf(creat("new", 0600)); }},
-        {"unlink", [] { return errorOf(unlink("file")); }},
-        {"remove", [] { return errorOf(rmdir("folder")); }},
-        {"rename", [] { return errorOf(rename("file", "other")); }},
-        {"link", [] { return errorOf(::link("file", "other")); }},
-        {"symlink", [] { return errorOf(symlink("file", "other")); }},
-        {"mkdir", [] { return errorOf(mkdir("new", 0700)); }},
-        {"mkfifo", [] { return errorOf(mkfifo("new", 0600)); }},
-        {"truncate", [] { return errorOf(truncate("file", 0)); }},
-        {"chmod", [] { return errorOf(chmod("file", 0600)); }},
-        {"chown", [] { return errorOf(chown("file", getuid(), getgid())); }},
-        {"touch", [] { return errorOf(utimensat(AT_FDCWD, "file", nullptr, 0)); }},
-        {"fileInMemory", [] { return errorOf(memfd_create("file", 0)); }},
-    };
-}
-
-std::vector<Door> doorsOfProcesses()
-{
-    return {
-        {"startAProgram", [] { return errorOf(execl("/bin/true", "true", nullptr)); }},
-        {"fork", [] { return tryNewProcess(fork()); }},
-        {"vforkByNumber", [] { return tryNewProcess(syscall(SYS_clone, SIGCHLD, 0, 0, 0, 0)); }},
-        {"clone3",
+        {"sharedWithNobody", [] { return map(PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS); }},
+        {"sharedToRead", [] { return map(PROT_READ, MAP_SHARED | MAP_ANONYMOUS); }},
+        {"stackThatIsNotCounted",
+            [] { return map(PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_GROWSDOWN); }},
+        {"programText", [] { return map(PROT_READ | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS); }},
+        {"dataMadeProgramText",
             [] {
-                clone_args arguments{};
-                arguments.exit_signal = SIGCHLD;
-                return tryNewProcess(syscall(SYS_clone3, &arguments, sizeof arguments));
-            },
-            ENOSYS},
-        {"beTraced", [] { return errorOf(ptrace(PTRACE_TRACEME, 0, nullptr, nullptr)); }},
-        {"readAProcess",
-            [] {
-                int word = 0;
-                const iovec here{.iov_base = &word, .iov_len = sizeof word};
-                return errorOf(process_vm_readv(getpid(), &here, 1, &here, 1, 0));
+                void* data = mmap(nullptr, page, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+                return errorOf(mprotect(data, page, PROT_READ | PROT_EXEC));
             }},
-        {"signalTheHost", [] { return errorOf(kill(getppid(), 0)); }},
-        {"signalEverybody", [] { return errorOf(kill(0, 0)); }},
-        {"handleOfAProcess", [] { return errorOf(syscall(SYS_pidfd_open, getppid(), 0)); }},
-    };
-}
-
-std::vector<Door> otherDoors()
-{
-    return {
-        {"listen", [] { return errorOf(listen(socket(AF_INET, SOCK_STREAM, 0), 1)); }},
-        {"openat2",
+        {"changeALimit",
             [] {
-                const std::array<std::uint64_t, 3> how{O_RDONLY, 0, 0};
-                return errorOf(syscall(SYS_openat2, AT_FDCWD, "file", how.data(), sizeof how));
-            },
-            ENOSYS},
+                rlimit limit{};
+                getrlimit(RLIMIT_STACK, &limit);
+                return errorOf(setrlimit(RLIMIT_STACK, &limit));
+            }},
     };
 }
-
-class ConfinementTest : public testing::Test {
-protected:
-    ConfinementTest()
-    {
-        std::ofstream{scratch.path() / "file"} << "content";
-        std::filesystem::create_directory(scratch.path() / "folder");
-        std::filesystem::current_path(scratch.path());
-    }
-    ~ConfinementTest() override { std::filesystem::current_path("/"); }
-
-    static void expectShut(const std::vector<Door>& doors)
-    {
-        for (const Door& door : doors)
-            EXPECT_EQ(inConfinement(door.open), door.error) << door.name;
-    }
-
-    test::ScratchFolder scratch;
-};
 
 } // namespace
 
-TEST_F(ConfinementTest, noFileIsWrittenCreatedRemovedOrChanged)
+TEST_F(ConfinementTest, itReadsItsConfigurationAndNoOtherFile)
 {
-    expectShut(doorsOfFiles());
-    EXPECT_EQ(std::filesystem::file_size("file"), 7U);
-    EXPECT_FALSE(std::filesystem::exists("new"));
+    const std::filesystem::path secret = scratch.path() / "home/.ssh";
+    std::filesystem::create_directory(secret);
+    std::ofstream{secret / "id"} << "secret";
+    const auto reading = [](const std::filesystem::path& file) {
+        return inConfinement([&] { return errorOf(open(file.c_str(), O_RDONLY)); });
+    };
+    EXPECT_EQ(reading(configuration), 0);
+    EXPECT_EQ(reading(secret / "id"), unreadable());
+    EXPECT_EQ(reading("file"), unreadable());
+    EXPECT_EQ(reading("/etc/passwd"), unreadable());
+    EXPECT_EQ(reading("/proc/self/environ"), unreadable());
+    EXPECT_EQ(reading("/proc/" + std::to_string(getpid()) + "/mem"), unreadable());
+    EXPECT_EQ(reading("/etc/ssl/openssl.cnf"), 0);
+    EXPECT_EQ(reading("/usr/share/zoneinfo/Europe/Paris"), 0);
 }
 
-TEST_F(ConfinementTest, noProgramIsStartedAndNoProcessTouched)
+TEST_F(ConfinementTest, itReadsAConfigurationThatReplacesTheOneItStartedWithOrIsALink)
 {
-    expectShut(doorsOfProcesses());
+    const std::filesystem::path elsewhere = scratch.path() / "elsewhere";
+    std::filesystem::create_directory(elsewhere);
+    std::ofstream{elsewhere / "linked"} << "content";
+    std::filesystem::remove(configuration);
+    std::filesystem::create_symlink(elsewhere / "linked", configuration);
+    EXPECT_EQ(inConfinement([&] { return errorOf(open(configuration.c_str(), O_RDONLY)); }), 0);
+
+    EXPECT_EQ(afterAChange(
+                  [&] {
+                      std::ofstream{configuration.parent_path() / "draft"} << "newer";
+                      std::filesystem::rename(configuration.parent_path() / "draft", configuration);
+                  },
+                  [&] { return errorOf(open(configuration.c_str(), O_RDONLY)); }),
+        0);
 }
 
-TEST_F(ConfinementTest, nobodyIsListenedTo)
+TEST_F(ConfinementTest, itReadsAConfigurationWhoseFolderIsMadeLater)
 {
-    expectShut(otherDoors());
+    std::filesystem::remove_all(scratch.path() / "home/Library");
+    EXPECT_EQ(inConfinement([] { return errorOf(open("file", O_RDONLY)); }), unreadable());
+    EXPECT_EQ(afterAChange(
+                  [&] {
+                      std::filesystem::create_directories(configuration.parent_path());
+                      std::ofstream{configuration} << "content";
+                  },
+                  [&] { return errorOf(open(configuration.c_str(), O_RDONLY)); }),
+        0);
 }
 
-TEST_F(ConfinementTest, theSameDoorsAreOpenOutside)
+TEST_F(ConfinementTest, memoryIsNeitherSharedNorMadeProgramText)
 {
-    for (const auto& doors : {doorsOfFiles(), doorsOfProcesses(), otherDoors()}) {
-        for (const Door& door : doors) {
-            std::ofstream{"file"} << "content";
-            std::filesystem::create_directory("folder");
-            EXPECT_EQ(inChild(door.open), 0) << door.name;
-            for (const char* made : {"new", "other"})
-                std::filesystem::remove(made);
-        }
-    }
+    expectShut(doorsOfMemory());
+    expectOpenOutside(doorsOfMemory());
 }
 
-TEST_F(ConfinementTest, readingThreadsSocketsAndPipesStay)
+TEST_F(ConfinementTest, readingThreadsAndPairsStay)
 {
-    const auto work = [] {
+    const auto work = [this] {
         std::string word;
-        std::ifstream{"file"} >> word;
+        std::ifstream{configuration} >> word;
         if (word != "content")
             return 1;
         bool hasRun = false;
         std::thread{[&] { hasRun = true; }}.join();
         std::array<int, 2> ends;
-        if (!hasRun || pipe(ends.data()) != 0 || write(ends[1], "x", 1) != 1)
+        if (!hasRun || pipe2(ends.data(), O_CLOEXEC) != 0 || write(ends[1], "x", 1) != 1)
             return 2;
-        return socket(AF_INET, SOCK_STREAM, 0) >= 0 && socket(AF_NETLINK, SOCK_RAW, 0) >= 0 ? 0 : 3;
+        return socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) == 0 ? 0 : 3;
     };
     EXPECT_EQ(inConfinement(work), 0);
 }
@@ -213,11 +166,19 @@ TEST_F(ConfinementTest, itMayStillEndItself)
         -SIGABRT);
 }
 
-TEST_F(ConfinementTest, whatWasOpenBesideTheStandardStreamsIsClosed)
+TEST_F(ConfinementTest, whatWasOpenBesideTheStandardStreamsIsClosedButForWhatIsKept)
 {
+    const int first = open("file", O_RDONLY);
     const int kept = open("file", O_RDONLY);
-    EXPECT_EQ(inConfinement([&] { return errorOf(fcntl(kept, F_GETFD)); }), EBADF);
-    close(kept);
+    const int last = open("file", O_RDONLY);
+    EXPECT_EQ(inChild([&] {
+        confine(kept);
+        const auto isOpen = [](int number) { return fcntl(number, F_GETFD) >= 0; };
+        return isOpen(kept) && !isOpen(first) && !isOpen(last) ? 0 : 1;
+    }),
+        0);
+    for (const int number : {first, kept, last})
+        close(number);
 }
 
 TEST_F(ConfinementTest, privilegesAreNeverGainedAndResourcesAreBounded)
@@ -227,8 +188,8 @@ TEST_F(ConfinementTest, privilegesAreNeverGainedAndResourcesAreBounded)
         getrlimit(resource, &limit);
         return limit.rlim_max;
     };
-    EXPECT_EQ(inConfinement([] { return prctl(PR_GET_NO_NEW_PRIVS, 0, 0, 0, 0); }), 1);
-    EXPECT_EQ(inConfinement([&] { return most(RLIMIT_CORE) == 0 && most(RLIMIT_CPU) == 600; }), 1);
+    EXPECT_EQ(inConfinement([&] { return most(RLIMIT_CORE) == 0 && most(RLIMIT_CPU) == 600 ? 1 : 0; }), 1);
+    EXPECT_EQ(inConnectorsConfinement([] { return prctl(PR_GET_NO_NEW_PRIVS, 0, 0, 0, 0); }), 1);
 }
 
 TEST_F(ConfinementTest, answersMayGoIntoAFileAndIntoNothingLarger)
@@ -248,23 +209,23 @@ TEST_F(ConfinementTest, answersMayGoIntoAFileAndIntoNothingLarger)
     EXPECT_EQ(answeringInto("file"), 0);
 }
 
-TEST_F(ConfinementTest, aKernelThatTakesNoFilterIsSaidAndLeavesEverythingElse)
+TEST_F(ConfinementTest, aKernelThatTakesNothingIsSaidAndLeavesEverythingElse)
 {
-    const auto refuseFilters = [] {
-        scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ALLOW);
-        const scmp_arg_cmp asked{.arg = 0, .op = SCMP_CMP_EQ, .datum_a = PR_SET_SECCOMP, .datum_b = 0};
-        seccomp_rule_add_array(filter, SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(seccomp), 0, nullptr);
-        seccomp_rule_add_array(filter, SCMP_ACT_ERRNO(EINVAL), SCMP_SYS(prctl), 1, &asked);
-        const bool isRefused = seccomp_load(filter) == 0;
-        seccomp_release(filter);
-        return isRefused;
+    const auto takeNothing = [] {
+        constexpr std::array refused{SYS_seccomp, SYS_landlock_create_ruleset, SYS_landlock_restrict_self};
+        prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+        SystemCallFilter filter;
+        filter.answer(refused, SystemCallFilter::failure(ENOSYS));
+        return std::move(filter).enforce(SystemCallFilter::Answer::allowed);
     };
-    EXPECT_EQ(inChild([&] {
-        if (!refuseFilters() || confine())
-            return 1;
-        return prctl(PR_GET_NO_NEW_PRIVS, 0, 0, 0, 0) == 1 ? errorOf(open("file", O_RDONLY)) : 2;
-    }),
-        0);
+    for (const auto& confined : {+[] { return confine(); }, +[] { return confineConnector(-1); }}) {
+        EXPECT_EQ(inChild([&] {
+            if (!takeNothing() || confined())
+                return 1;
+            return prctl(PR_GET_NO_NEW_PRIVS, 0, 0, 0, 0) == 1 ? errorOf(open("file", O_RDONLY)) : 2;
+        }),
+            0);
+    }
 }
 
 } // namespace skyvane::Extension

@@ -1,3 +1,4 @@
+#include "tests/widgets/extension/own_process.h"
 #include "tests/support/namespaces.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/surroundings.h"
@@ -5,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/syscall.h>
@@ -14,7 +16,11 @@
 #include <array>
 #include <csignal>
 #include <fstream>
+#include <iostream>
 #include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
 
 namespace skyvane::test {
 
@@ -69,13 +75,21 @@ private:
 /// The built program, in a process of its own.
 class OwnProcess : public Stage::Surroundings {
 public:
-    OwnProcess() { std::filesystem::create_directory(homeFolder()); }
+    OwnProcess()
+    {
+        std::filesystem::create_directory(homeFolder());
+        if (pipe2(m_errors.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+            throw std::runtime_error("no pipe");
+    }
     ~OwnProcess() override
     {
-        if (!exitStatus(std::chrono::seconds{2})) {
-            kill(m_process, SIGKILL);
+        if (m_process && !exitStatus(std::chrono::seconds{2})) {
+            kill(*m_process, SIGKILL);
             exitStatus(std::chrono::seconds{2});
         }
+        expectNoRefusal();
+        close(m_errors[0]);
+        close(m_errors[1]);
         std::filesystem::remove_all(homeFolder());
     }
 
@@ -92,15 +106,28 @@ public:
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
         posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+        posix_spawn_file_actions_adddup2(&actions, m_errors[1], STDERR_FILENO);
         std::string program = SKYVANE_WIDGETS_PROGRAM;
         const std::array<char*, 2> arguments{program.data(), nullptr};
         // Nothing of this one's; a sanitizer is to keep little of what was freed, so that memory can be
         // measured.
         std::string sanitizer = "ASAN_OPTIONS=quarantine_size_mb=8:allocator_release_to_os_interval_ms=100";
-        const std::array<char*, 2> environment{sanitizer.data(), nullptr};
-        if (posix_spawn(&m_process, program.c_str(), &actions, nullptr, arguments.data(), environment.data())
-            != 0)
+        std::vector<std::string> variables = ProgramEnvironment::current().variables;
+        std::vector<char*> environment{sanitizer.data()};
+        for (std::string& variable : variables)
+            environment.push_back(variable.data());
+        environment.push_back(nullptr);
+        int error = 0;
+        pid_t process = -1;
+        std::thread{[&] {
+            if (const auto& prepare = ProgramEnvironment::current().prepare)
+                prepare();
+            error = posix_spawn(
+                &process, program.c_str(), &actions, nullptr, arguments.data(), environment.data());
+        }}.join();
+        if (error != 0)
             throw std::runtime_error("cannot start " + program);
+        m_process = process;
         posix_spawn_file_actions_destroy(&actions);
         close(input);
         close(output);
@@ -108,20 +135,34 @@ public:
 
     std::optional<int> exitStatus(std::chrono::milliseconds within) override
     {
-        if (m_exitStatus)
+        if (m_exitStatus || !m_process)
             return m_exitStatus;
-        const int handle = static_cast<int>(syscall(SYS_pidfd_open, m_process, 0));
+        const int handle = static_cast<int>(syscall(SYS_pidfd_open, *m_process, 0));
         pollfd process{.fd = handle, .events = POLLIN, .revents = 0};
         const bool hasEnded = poll(&process, 1, static_cast<int>(within.count())) > 0;
         close(handle);
         int status = 0;
-        if (hasEnded && waitpid(m_process, &status, 0) == m_process)
+        if (hasEnded && waitpid(*m_process, &status, 0) == *m_process)
             m_exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
         return m_exitStatus;
     }
 
 private:
-    pid_t m_process = -1;
+    /// The program that tells of system calls which its confinement refused has told of none; what else
+    /// stands in standard error, such as a sanitizer's report, is for people.
+    void expectNoRefusal() const
+    {
+        std::string errors;
+        std::array<char, 4096> bytes;
+        for (ssize_t count; (count = read(m_errors[0], bytes.data(), bytes.size())) > 0;)
+            errors.append(bytes.data(), static_cast<std::size_t>(count));
+        EXPECT_EQ(errors.find("refused system call"), std::string::npos) << errors;
+        if (!errors.empty())
+            std::cerr << errors;
+    }
+
+    std::array<int, 2> m_errors{-1, -1}; ///< A pipe for standard error.
+    std::optional<pid_t> m_process; ///< Absent where it could not be started.
     std::optional<int> m_exitStatus;
 };
 
