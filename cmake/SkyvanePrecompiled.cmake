@@ -20,6 +20,7 @@ function(skyvane_precompiled_set name)
     target_compile_features(skyvane_precompiled_${name} PUBLIC cxx_std_20)
     set_target_properties(skyvane_precompiled_${name} PROPERTIES CXX_EXTENSIONS OFF)
     target_link_libraries(skyvane_precompiled_${name} PRIVATE ${arg_LIBRARIES})
+    skyvane_harden(skyvane_precompiled_${name})
     target_precompile_headers(skyvane_precompiled_${name} PRIVATE ${arg_HEADERS})
 endfunction()
 

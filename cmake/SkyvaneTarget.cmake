@@ -1,3 +1,4 @@
+include(SkyvaneHardening)
 include(SkyvanePrecompiled)
 
 # What every target of this project is compiled with. A target asks for it by name: skyvane_target(NAME).
@@ -10,6 +11,7 @@ function(skyvane_target name)
         # GCC 12, optimising, sees an overlap in "." + std::string where there is none.
         target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-Wno-restrict>)
     endif()
+    skyvane_harden(${name})
     if(SKYVANE_PRECOMPILED)
         target_precompile_headers(${name} REUSE_FROM skyvane_precompiled_${SKYVANE_PRECOMPILED_SET})
         target_compile_definitions(${name} PRIVATE $<TARGET_PROPERTY:simdjson::simdjson,INTERFACE_COMPILE_DEFINITIONS>)

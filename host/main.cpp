@@ -10,6 +10,9 @@
 #include "platform/text/localized.h"
 
 #include <QApplication>
+#include <QDBusConnection>
+
+#include <sys/prctl.h>
 
 #include <filesystem>
 #include <iostream>
@@ -21,6 +24,12 @@ void dropMessage(QtMsgType, const QMessageLogContext&, const QString&) { }
 skyvane::ExtensionProgram extension()
 {
     return {.path = skyvane::Programs::widgets(skyvane::Programs::ownFolder())};
+}
+
+/// By the unit that the user's service manager starts it by, for one.
+bool isSandboxed()
+{
+    return prctl(PR_GET_NO_NEW_PRIVS, 0, 0, 0, 0) == 1;
 }
 
 /// Windows that can be put where they belong: on the desktop layer of a Wayland compositor, else as X11's.
@@ -47,16 +56,17 @@ int runCommand(const std::vector<std::string>& words, char* argv[])
 
 int showWidgets(bool isRestart, char* argv[])
 {
+    skyvane::keepJournalPrintable();
     const std::filesystem::path folder = skyvane::Programs::ownFolder();
     skyvane::useCatalogues(skyvane::Programs::catalogues(folder.parent_path()));
     // As the user has it: some of it is taken out below, some by the toolkit.
     const skyvane::Companion companion{
         .program = skyvane::Programs::companion(folder),
         .environment = QProcessEnvironment::systemEnvironment(),
+        .outside = isSandboxed() ? &QDBusConnection::sessionBus : nullptr,
     };
     const skyvane::Display display{"skyvane-host"};
     choosePlatform();
-    skyvane::keepJournalPrintable();
     skyvane::keepThemesOut();
     QApplication::setDesktopFileName(skyvane::BusName::host());
     int programNameOnly = 1;

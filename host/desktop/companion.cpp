@@ -40,6 +40,24 @@ void startDetached(
         qCWarning(journal, "the companion cannot be started: %s", program.c_str());
 }
 
+/// Once it runs outside, or cannot: the one that is started then hands over what it was asked, and ends.
+void onceOutside(const Companion& companion, std::function<void()> start)
+{
+    if (!companion.outside)
+        return start();
+    auto call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+        QStringLiteral("/org/freedesktop/DBus"), QStringLiteral("org.freedesktop.DBus"),
+        QStringLiteral("StartServiceByName"));
+    call << BusName::companion() << 0U;
+    auto* watcher
+        = new QDBusPendingCallWatcher{companion.outside().asyncCall(call), QCoreApplication::instance()};
+    QObject::connect(
+        watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, start = std::move(start)] {
+            watcher->deleteLater();
+            start();
+        });
+}
+
 /// The bus starts the companion that is installed, where none runs.
 QDBusMessage openCall(const QString& link, const QString& token)
 {
@@ -72,12 +90,13 @@ void askOpener(const Companion& companion, const QString& link, const QString& t
 
 void Companion::start(const QStringList& words, const QString& token) const
 {
-    startDetached(program, words, Activation::withToken(environment, token));
+    onceOutside(
+        *this, [=, *this] { startDetached(program, words, Activation::withToken(environment, token)); });
 }
 
 void Companion::startInPlaceOfHost() const
 {
-    startDetached(program, {}, environment);
+    onceOutside(*this, [*this] { startDetached(program, {}, environment); });
 }
 
 void Companion::openLink(

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <filesystem>
+#include <functional>
 
 namespace skyvane {
 
@@ -14,6 +15,9 @@ namespace skyvane {
 struct Companion {
     std::filesystem::path program;
     QProcessEnvironment environment; ///< The one that the host was started in.
+    /// Gives the message bus that starts the companion outside the sandbox that the host, and what it starts,
+    /// is in: a web browser, which the companion opens, could not be there. Empty where the host is in none.
+    std::function<QDBusConnection()> outside{};
 
     /// Starts it, to live by itself. A failure is a line in the journal. `token`: activation token of the
     /// click that it is started for; empty for none.

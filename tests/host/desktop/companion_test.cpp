@@ -78,7 +78,35 @@ protected:
     const test::Journal journal;
 };
 
+/// A host in a sandbox, with a bus that starts the companion outside: a program that says so, takes its time,
+/// and fails.
+class SandboxedCompanionTest : public CompanionTest {
+protected:
+    SandboxedCompanionTest()
+    {
+        const auto outside = folder.path() / "outside";
+        makeProgram(outside, "echo \"started $*\" >\"$0.told\"\nsleep 1\nexit 1");
+        session.bus().offer("org.skyvane.Companion", QString::fromStdString(outside.string()));
+        companion.outside = [this] { return bus; };
+    }
+};
+
 } // namespace
+
+TEST_F(SandboxedCompanionTest, theCompanionIsStartedByTheBusBeforeItIsTold)
+{
+    companion.start({"--settings"}, {});
+    EXPECT_EQ(told("outside"), "started ");
+    EXPECT_EQ(told(), "--settings||");
+    EXPECT_THAT(test::Journal::lines(), IsEmpty());
+}
+
+TEST_F(SandboxedCompanionTest, aBusThatCannotStartItLeavesItToTheHost)
+{
+    session.bus().offer("org.skyvane.Companion", "/nowhere/skyvane");
+    companion.startInPlaceOfHost();
+    EXPECT_EQ(told(), "|token|identity");
+}
 
 TEST_F(CompanionTest, isStartedWithItsWordsAndWithoutTheHostsActivation)
 {
