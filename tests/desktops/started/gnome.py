@@ -31,8 +31,8 @@ num-workspaces=2
 enable-animations=false
 [org/gnome/desktop/session]
 idle-delay=uint32 0
-[org/gnome/desktop/lockdown]
-disable-lock-screen=true
+[org/gnome/desktop/notifications]
+show-banners=false
 [org/gnome/desktop/background]
 picture-uri='file://{WALLPAPER}'
 """

@@ -16,11 +16,10 @@ RULES = """<labwc_config>
 class This(NestedDesktop):
     title = "labwc 0.8, waybar (Wayland)"
     suite = "trixie"
-    packages = ("labwc", "waybar", "swaybg", "xwayland", "wlr-randr", "wlrctl", "qt6-wayland")
+    packages = ("labwc", "waybar", "xwayland", "wlr-randr", "wlrctl", "qt6-wayland")
     variables = {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman", "WLR_X11_OUTPUTS": "1", "XDG_CURRENT_DESKTOP": "labwc:wlroots"}
     without = {"screens": "not tried", "shown desktop": "labwc 0.8 cannot show the desktop"}
     compositor = ("labwc",)
-    background = 0x1D3440
 
     def change_scale(self, session, factor):
         session.run("wlr-randr", "--output", "X11-1", "--scale", str(factor))
@@ -33,7 +32,6 @@ class This(NestedDesktop):
     def start_compositor(self, session):
         super().start_compositor(session)
         session.run("wlr-randr", "--output", "X11-1", "--custom-mode", f"{WIDTH}x{HEIGHT}")
-        session.start("wallpaper", "swaybg", "-c", "#1d3440")
         waybar.start(session)
 
     def work_area(self, session):
