@@ -2,9 +2,8 @@
 
 #include "core/radar/horizon.h"
 #include "core/radar/radar_geometry.h"
-#include "platform/text/at_most.h"
 #include "platform/text/localized.h"
-#include "platform/text/one_line.h"
+#include "platform/text/printable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,7 +19,7 @@ constexpr std::size_t longestName = 40; ///< So that the sentence keeps its end.
 
 std::string shown(std::string name)
 {
-    return oneLine(Unicode::atMost(std::move(name), longestName));
+    return Unicode::oneLine(std::move(name), longestName);
 }
 
 std::string beginning(const std::string& text)

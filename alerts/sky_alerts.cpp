@@ -6,8 +6,7 @@
 #include "alerts/watch_list.h"
 #include "core/views/deep_link_url.h"
 #include "core/views/sample_entry.h"
-#include "platform/text/at_most.h"
-#include "platform/text/one_line.h"
+#include "platform/text/printable.h"
 
 #include <algorithm>
 #include <tuple>
@@ -99,7 +98,7 @@ private:
         m_found.push_back({
             .reason = reason,
             .alert = {
-                .id = oneLine(Unicode::atMost(nameOf(reason) + "/" + aircraft.hex)),
+                .id = Unicode::oneLine(nameOf(reason) + "/" + aircraft.hex),
                 .at = at,
                 .title = std::move(words.title),
                 .body = std::move(words.body),
