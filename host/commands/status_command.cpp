@@ -1,7 +1,7 @@
 #include "host/commands/status_command.h"
 
 #include "host/extension/protection.h"
-#include "platform/text/one_line.h"
+#include "platform/text/printable.h"
 
 #include <ostream>
 #include <string>
@@ -29,7 +29,7 @@ void status(const Arguments&, const CommandContext& context)
     ExtensionClient extension{context.extension};
     extension.ask(Protocol::ListCall{}); // From then on it is as confined as this kernel lets it be.
     const Protection protection = Protection::of(extension.processId());
-    context.out << "extension\t" << oneLine(context.extension.path.string()) << "\nsystem calls\t"
+    context.out << "extension\t" << Unicode::oneLine(context.extension.path.string()) << "\nsystem calls\t"
                 << (protection.hasCallFilter ? "only those it needs" : "all (this kernel has no filter)")
                 << "\nfiles\t" << wordsForFiles(protection) << "\nconnections\t"
                 << (protection.hasCallFilter && protection.hasConnector
