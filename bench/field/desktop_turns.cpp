@@ -3,8 +3,8 @@
 
 #include "bench/field/turns.h"
 #include "host/desktop/desktop.h"
-#include "host/session/desktop_way.h"
 #include "host/session/toolkit_look.h"
+#include "host/session/way_of_session.h"
 #include "platform/clock.h"
 #include "platform/files/configuration_file.h"
 #include "platform/pinned.h"
@@ -76,7 +76,7 @@ int main(int argc, char* argv[])
                 .welcome = [] {},
                 .settings = [](const QString&) {},
             },
-            DesktopWay::ofSession());
+            wayOfSession());
     });
     test::waitFor([] { return false; }, 1s); // The extension may be started twice for a beginning.
     bench::playTurns([&] {

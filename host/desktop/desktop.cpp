@@ -4,7 +4,7 @@
 #include "host/desktop/gallery.h"
 #include "host/desktop/screens.h"
 #include "host/desktop/widget_menu.h"
-#include "host/session/desktop_way.h"
+#include "host/session/way_of_session.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -65,7 +65,7 @@ Desktop::~Desktop()
 /// Another one may have been started in place of the last, to which the widgets are other windows.
 void Desktop::followWindowManager()
 {
-    auto way = DesktopWay::ofSession();
+    auto way = wayOfSession();
     const DesktopWay& next = *way;
     const DesktopWay& present = m_windows.way();
     if (typeid(next) == typeid(present) || next.problem())

@@ -4,8 +4,8 @@
 #include "desk/text.h"
 #include "host/service/ask_host.h"
 #include "host/service/host_service.h"
-#include "host/session/desktop_way.h"
 #include "host/session/termination_watch.h"
+#include "host/session/way_of_session.h"
 #include "platform/files/configuration_file.h"
 
 #include <QApplication>
@@ -56,7 +56,7 @@ DesktopSetup standardSetup(const Companion& companion)
 
 int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup, bool isRestart)
 {
-    auto way = DesktopWay::ofSession();
+    auto way = wayOfSession();
     if (const auto problem = way->problem())
         return sayProblem(*problem);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -4,7 +4,6 @@
 #include <QString>
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 
 class QPoint;
@@ -18,10 +17,6 @@ namespace skyvane {
 /// managers and compositors are derived from it.
 class DesktopWay {
 public:
-    /// The way of this session's desktop, chosen by what the desktop says it can do and never by its name or
-    /// version. Needs a QApplication.
-    static std::unique_ptr<DesktopWay> ofSession();
-
     DesktopWay() = default;
     virtual ~DesktopWay() = default;
     DesktopWay(const DesktopWay&) = delete;

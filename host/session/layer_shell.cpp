@@ -10,6 +10,7 @@
 #include <QWindow>
 
 #include <map>
+#include <memory>
 #include <string_view>
 #include <utility>
 #include <wayland-client.h>
