@@ -21,7 +21,7 @@ int main(int argc, char* argv[])
     const QApplication application{argc, argv};
     const QDBusConnection bus = QDBusConnection::sessionBus();
     const test::ScratchFolder folder;
-    Pacer pacer{UrlSession{}, 0ms};
+    Pacer pacer{UrlSession{}, {.rest = 0ms, .sharedTurn = {}}};
     Errands errands;
     SkyFeed feed{errands, pacer.transport()};
     Lookups lookups{errands, /*decode=*/{}, pacer.transport()};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <map>
@@ -9,32 +10,41 @@
 
 namespace skyvane {
 
-/// Cache of what a service answered, emptied when it is full. An answer stays until then; that there was none
-/// expires.
+/// Cache of what a service answered: the least recently used answer goes when it is full, and each expires.
 template <class Answer>
 class AnswerMemory {
 public:
-    /// `patience`: time until the absence of an answer expires. `most`: how many answers are kept at once.
-    explicit AnswerMemory(std::chrono::milliseconds patience, std::size_t most = 64)
-        : m_patience(patience), m_most(most)
-    {
-    }
+    struct Keeping {
+        std::chrono::milliseconds answer; ///< How long one is kept.
+        std::chrono::milliseconds absence{
+            std::chrono::minutes{1}}; ///< How long it is kept that there is none.
+        std::size_t most = 64; ///< Answers at once.
+    };
+
+    explicit AnswerMemory(const Keeping& keeping) : m_keeping(keeping) { }
 
     /// The answer for this key; null when the service has to be asked. Valid until the next `keep`.
-    const std::optional<Answer>* find(const std::string& key) const
+    const std::optional<Answer>* find(const std::string& key)
     {
         const auto known = m_known.find(key);
         if (known == m_known.end())
             return nullptr;
-        const auto& [answer, since] = known->second;
-        return answer || Clock::now() - since < m_patience ? &answer : nullptr;
+        auto& [answer, since, use] = known->second;
+        if (Clock::now() - since >= (answer ? m_keeping.answer : m_keeping.absence)) {
+            m_known.erase(known);
+            return nullptr;
+        }
+        use = ++m_uses;
+        return &answer;
     }
 
     const std::optional<Answer>& keep(const std::string& key, std::optional<Answer> answer)
     {
-        if (m_known.size() >= m_most)
-            m_known.clear();
-        return m_known.insert_or_assign(key, Known{std::move(answer), Clock::now()}).first->second.answer;
+        if (!m_known.contains(key) && m_known.size() >= m_keeping.most)
+            m_known.erase(
+                std::ranges::min_element(m_known, {}, [](const auto& known) { return known.second.use; }));
+        Known known{.answer = std::move(answer), .since = Clock::now(), .use = ++m_uses};
+        return m_known.insert_or_assign(key, std::move(known)).first->second.answer;
     }
 
 private:
@@ -43,10 +53,11 @@ private:
     struct Known {
         std::optional<Answer> answer;
         Clock::time_point since;
+        std::size_t use; ///< The higher the later.
     };
 
-    std::chrono::milliseconds m_patience;
-    std::size_t m_most;
+    Keeping m_keeping;
+    std::size_t m_uses = 0;
     std::map<std::string, Known> m_known;
 };
 

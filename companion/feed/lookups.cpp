@@ -1,5 +1,6 @@
 #include "companion/feed/lookups.h"
 
+#include "companion/feed/state_blocks.h"
 #include "core/enrichment/airlines.h"
 #include "core/enrichment/ascii.h"
 #include "core/enrichment/photo_api.h"
@@ -96,7 +97,7 @@ Errand Lookups::route(const Aircraft& aircraft, RouteFound found)
 Errand Lookups::photograph(const std::string& hex, PhotographFound found)
 {
     const auto* known = m_photographs.find(hex);
-    if (hex.starts_with('~') || known != nullptr) {
+    if (!StateBlocks::hold(hex) || known != nullptr) {
         found(known != nullptr ? *known : std::nullopt);
         return {};
     }

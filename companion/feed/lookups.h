@@ -23,7 +23,7 @@ struct Photograph {
     QImage image;
 };
 
-/// Routes and photographs, looked up on other threads and cached until the program ends.
+/// Routes and photographs, looked up on other threads; a route is cached for an hour, a photograph for a day.
 class Lookups {
 public:
     using RouteFound = std::function<void(const std::optional<FlightRoute>&)>;
@@ -39,16 +39,16 @@ public:
     /// cached answer is found at once, within the call.
     [[nodiscard]] Errand route(const Aircraft& aircraft, RouteFound found);
 
-    /// Looks up the photograph of the airframe with that ICAO address; nobody is asked about an address that
-    /// the feed made up.
+    /// Looks up the photograph of the airframe with that ICAO address; nobody is asked about an address of
+    /// no state.
     [[nodiscard]] Errand photograph(const std::string& hex, PhotographFound found);
 
 private:
     Errands& m_errands;
     DecodePhoto m_decode;
     Transport m_transport;
-    AnswerMemory<FlightRoute> m_routes{std::chrono::minutes{1}};
-    AnswerMemory<Photograph> m_photographs{std::chrono::minutes{1}, /*most=*/16};
+    AnswerMemory<FlightRoute> m_routes{{.answer = std::chrono::hours{1}}};
+    AnswerMemory<Photograph> m_photographs{{.answer = std::chrono::days{1}, .most = 16}};
 };
 
 } // namespace skyvane

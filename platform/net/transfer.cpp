@@ -243,9 +243,16 @@ URLResponse Transfer::takeResponse()
 {
     long status = 0;
     curl_easy_getinfo(m_easy.get(), CURLINFO_RESPONSE_CODE, &status);
+    curl_off_t wait = 0; // Seconds, also where the server named a date.
+    curl_easy_getinfo(m_easy.get(), CURLINFO_RETRY_AFTER, &wait);
+    constexpr curl_off_t longestWait = 7 * 24 * 60 * 60;
+    std::optional<std::chrono::seconds> retryAfter;
+    if (wait > 0)
+        retryAfter = std::chrono::seconds{std::min(wait, longestWait)};
     return {
         .status = static_cast<int>(status),
         .body = ContentCoding::undone(std::move(m_body), headers("Content-Encoding"), largestBody),
+        .retryAfter = retryAfter,
     };
 }
 

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -32,6 +33,7 @@ struct URLRequest {
 struct URLResponse {
     int status;
     std::string body; ///< Decompressed.
+    std::optional<std::chrono::seconds> retryAfter{}; ///< How long the server asks to be left alone.
 
     bool operator==(const URLResponse&) const = default;
 };

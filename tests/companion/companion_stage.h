@@ -77,7 +77,7 @@ public:
     CertificateAuthority authority{scratch.path() / "authority.pem"};
     HttpsServer server{authority, serviceHosts()};
     Pinned<Network> network{server.network()};
-    Pacer pacer{UrlSession{}, std::chrono::milliseconds{20}};
+    Pacer pacer{UrlSession{}, {.rest = std::chrono::milliseconds{20}}};
     DecodePhoto decode = decodePhotoBy(SKYVANE_PHOTO);
     Errands errands;
     FontMeasurer fonts;

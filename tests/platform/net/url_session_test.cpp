@@ -20,6 +20,18 @@ TEST_F(UrlSessionTest, givesStatusAndBody)
     EXPECT_EQ(server.requests()[0].header("host"), "example.test");
 }
 
+TEST_F(UrlSessionTest, saysHowLongTheServerAsksToBeLeftAlone)
+{
+    server.answer("/seconds", {.status = 429, .headers = {{"Retry-After", "120"}}});
+    EXPECT_EQ(get(request("https://example.test/seconds")).retryAfter, std::chrono::seconds{120});
+    server.answer("/date", {.status = 503, .headers = {{"Retry-After", "Fri, 31 Dec 2100 23:59:59 GMT"}}});
+    EXPECT_EQ(get(request("https://example.test/date")).retryAfter, std::chrono::hours{7 * 24})
+        << "a week at most";
+    server.answer("/nonsense", {.status = 429, .headers = {{"Retry-After", "soon"}}});
+    EXPECT_EQ(get(request("https://example.test/nonsense")).retryAfter, std::nullopt);
+    EXPECT_EQ(get().retryAfter, std::nullopt);
+}
+
 TEST_F(UrlSessionTest, asksForThePathAsItStands)
 {
     get(request("https://example.test/a/../b/./c"));
