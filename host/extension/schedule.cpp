@@ -33,8 +33,11 @@ std::chrono::milliseconds retryAfter(int missed)
         Schedule::leastWait * (1 << doublings), Schedule::longestRetry);
 }
 
-Schedule::Schedule(ExtensionProcess& extension, Show show)
-    : m_extension(extension), m_show(std::move(show)), m_timer([this] { lookAtClock(); })
+Schedule::Schedule(ExtensionProcess& extension, Show show, std::filesystem::path turn)
+    : m_extension(extension)
+    , m_show(std::move(show))
+    , m_turnFile(std::move(turn))
+    , m_timer([this] { lookAtClock(); })
 {
 }
 
@@ -95,8 +98,29 @@ void Schedule::askPlaceholder(int widget, const WidgetTarget& target)
         });
 }
 
+/// The companion may be asking just now. A turn that never comes is waited for no longer than two answers
+/// take.
+bool Schedule::takeTurn()
+{
+    constexpr std::chrono::seconds rest{1};
+    constexpr std::chrono::seconds patience{20};
+    constexpr std::chrono::milliseconds pause{100};
+    const Date now = Clock::now();
+    m_turn = SharedTurn::take(m_turnFile, rest);
+    const bool isPatient = now - m_waitsSince.value_or(now) < patience;
+    if (m_turn || !isPatient) {
+        m_waitsSince.reset();
+        return true;
+    }
+    m_waitsSince = m_waitsSince.value_or(now);
+    m_due = now + pause;
+    return false;
+}
+
 void Schedule::askTimelines()
 {
+    if (!takeTurn())
+        return;
     m_isAsking = true;
     m_due = Date::max();
     m_extension.askInTurn<Protocol::TimelinesCall>([this] { return question(); },
@@ -120,6 +144,7 @@ std::optional<Protocol::TimelinesCall> Schedule::question()
 
 void Schedule::take(const std::optional<Protocol::WidgetTimelines>& answer)
 {
+    m_turn.reset();
     const Date now = Clock::now();
     const bool isWantedAgain = m_due != Date::max();
     const std::optional<Date> reload = update(answer);

@@ -2,7 +2,9 @@
 
 #include "host/extension/process.h"
 #include "host/extension/wall_clock_timer.h"
+#include "platform/files/shared_turn.h"
 
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <optional>
@@ -33,7 +35,8 @@ public:
     /// Entries of a timeline that follow each other closer than that are not all shown.
     static constexpr std::chrono::seconds leastStep{1};
 
-    Schedule(ExtensionProcess& extension, Show show);
+    /// `turn`: the file on which the user's programs agree who asks the sources.
+    Schedule(ExtensionProcess& extension, Show show, std::filesystem::path turn = SharedTurn::file());
 
     void add(int widget, const WidgetTarget& target);
     void remove(int widget);
@@ -58,6 +61,7 @@ private:
 
     void refreshSoon();
     void askPlaceholder(int widget, const WidgetTarget& target);
+    bool takeTurn();
     void askTimelines();
     std::optional<Protocol::TimelinesCall> question();
     void take(const std::optional<Protocol::WidgetTimelines>& answer);
@@ -67,10 +71,14 @@ private:
 
     ExtensionProcess& m_extension;
     Show m_show;
+    std::filesystem::path m_turnFile;
     WallClockTimer m_timer;
     std::map<int, Plan> m_plans;
     std::vector<WidgetTarget> m_asked; ///< By the last question, each once.
     Date m_due = Date::max(); ///< Of the next refresh; none is due but after the one under way.
+    std::optional<SharedTurn>
+        m_turn; ///< Of the extension to ask the sources, among all programs of the user.
+    std::optional<Date> m_waitsSince; ///< For that turn.
     int m_missed = 0; ///< Refreshes in a row that brought nothing.
     int m_placeholders = 0; ///< Asked for and not yet there.
     bool m_isAsking = false; ///< The question waits for its turn, or for its answer.

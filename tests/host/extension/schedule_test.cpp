@@ -1,5 +1,10 @@
+#include "platform/files/shared_turn.h"
 #include "tests/host/extension/schedule_fixture.h"
+#include "tests/support/scratch_folder.h"
 #include "ui/tree/build.h"
+
+#include <filesystem>
+#include <optional>
 
 namespace skyvane {
 
@@ -20,6 +25,25 @@ WidgetEntry entryOf(Date date)
 class TwoDatesScheduleTest : public ScheduleTest {
 protected:
     TwoDatesScheduleTest() : ScheduleTest("of-two-dates") { }
+};
+
+/// A schedule that shares its turn with the user's other programs.
+class SharedTurnScheduleTest : public ScheduleTest {
+protected:
+    void moveClock(std::chrono::milliseconds time)
+    {
+        moment += time;
+        later.reset();
+        later.emplace(moment);
+        paced.lookAtClock();
+    }
+
+    Date moment = future;
+    std::optional<Pinned<Date>> later;
+    test::ScratchFolder scratch;
+    std::filesystem::path turn = scratch.path() / "turn";
+    std::vector<ShownEntry> shownPaced;
+    Schedule paced{process, [this](int, const ShownEntry& content) { shownPaced.push_back(content); }, turn};
 };
 
 } // namespace
@@ -232,6 +256,33 @@ TEST(EntryAt, isTheLastThatHasBegunElseTheFirst)
     EXPECT_EQ(entryAt(timeline, future + 59min), &timeline.entries[0]);
     EXPECT_EQ(entryAt(timeline, future + 1h), &timeline.entries[1]);
     EXPECT_EQ(entryAt({.entries = {}, .reload = {future}}, future), nullptr);
+}
+
+TEST_F(SharedTurnScheduleTest, theSourcesAreAskedInTurnWithTheUsersOtherPrograms)
+{
+    auto others = SharedTurn::take(turn, 1s);
+    ASSERT_TRUE(others);
+    paced.add(1, clock);
+    EXPECT_TRUE(test::waitFor([&] { return !shownPaced.empty(); })) << "the placeholder needs no turn";
+    EXPECT_TRUE(staysAt(0));
+    others.reset();
+    EXPECT_TRUE(test::waitFor([&] {
+        moveClock(100ms);
+        return questions().size() == 1;
+    }));
+    EXPECT_TRUE(waitForTimelines(1));
+    EXPECT_FALSE(SharedTurn::take(turn, 1h)) << "the others rest after it, too";
+}
+
+TEST_F(SharedTurnScheduleTest, aTurnThatNeverComesIsNotWaitedForLong)
+{
+    const auto others = SharedTurn::take(turn, 1s);
+    paced.add(1, clock);
+    ASSERT_TRUE(test::waitFor([&] { return !shownPaced.empty(); }));
+    moveClock(19s);
+    EXPECT_TRUE(staysAt(0));
+    moveClock(2s);
+    EXPECT_TRUE(waitForTimelines(1));
 }
 
 } // namespace skyvane
