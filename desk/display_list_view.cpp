@@ -1,6 +1,7 @@
 #include "desk/display_list_view.h"
 
 #include "desk/accessible_view.h"
+#include "paint/painter.h"
 #include "paint/to_qt.h"
 #include "paint/widget_card.h"
 #include "ui/layout/widget_container.h"
@@ -90,7 +91,9 @@ void DisplayListView::paintEvent(QPaintEvent*)
     if (!m_background)
         return;
     QPainter painter{this};
-    WidgetCard::paint(m_list, *m_background, painter, m_fonts);
+    WidgetCard::paintBackground(m_list.size, *m_background, painter);
+    paintUnder(painter, m_list);
+    skyvane::paint(m_list, painter, m_fonts);
     if (!m_isFocusShown)
         return;
     if (m_focusedLink)
@@ -98,6 +101,8 @@ void DisplayListView::paintEvent(QPaintEvent*)
     else
         WidgetCard::paintFocus(rect(), WidgetCard::cornerRadius, painter);
 }
+
+void DisplayListView::paintUnder(QPainter&, const DisplayList&) { }
 
 void DisplayListView::resizeEvent(QResizeEvent*)
 {

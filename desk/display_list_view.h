@@ -10,6 +10,8 @@
 
 #include <functional>
 
+class QPainter;
+
 namespace skyvane {
 
 /// The one widget that shows a display list: a view laid out on a rounded card of whatever size it is given.
@@ -53,6 +55,9 @@ protected:
 
     /// The card's colour; absent before anything is shown.
     const std::optional<Color>& background() const { return m_background; }
+
+    /// Paints what lies between the card and its content: nothing, unless a subclass has something.
+    virtual void paintUnder(QPainter& painter, const DisplayList& list);
 
     /// What is under way with the pointer is no tap after all.
     void dropTap() { m_tap.reset(); }

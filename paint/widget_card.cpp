@@ -1,6 +1,5 @@
 #include "paint/widget_card.h"
 
-#include "paint/painter.h"
 #include "paint/to_qt.h"
 
 #include <QPainter>
@@ -14,14 +13,13 @@ QSize sizeOf(WidgetFamily family)
     return QSizeF{size.width, size.height}.toSize();
 }
 
-void paint(const DisplayList& list, const Color& background, QPainter& painter, const FontMeasurer& fonts)
+void paintBackground(const Size& size, const Color& background, QPainter& painter)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     QPainterPath shape;
-    shape.addRoundedRect({0, 0, list.size.width, list.size.height}, cornerRadius, cornerRadius);
+    shape.addRoundedRect({0, 0, size.width, size.height}, cornerRadius, cornerRadius);
     painter.fillPath(shape, toQt(background));
-    skyvane::paint(list, painter, fonts);
     painter.restore();
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "paint/font_measurer.h"
-#include "ui/layout/display_list.h"
+#include "ui/layout/geometry.h"
 #include "ui/layout/widget_container.h"
+#include "ui/tree/color.h"
 
 #include <QRectF>
 #include <QSize>
@@ -17,7 +17,7 @@ inline constexpr Color emptyBackground{0.04, 0.05, 0.06}; ///< Of a card before 
 
 QSize sizeOf(WidgetFamily family);
 
-void paint(const DisplayList& list, const Color& background, QPainter& painter, const FontMeasurer& fonts);
+void paintBackground(const Size& size, const Color& background, QPainter& painter);
 
 /// Paints the keyboard's focus ring just inside the frame.
 void paintFocus(const QRectF& frame, double radius, QPainter& painter);

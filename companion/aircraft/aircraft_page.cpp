@@ -99,6 +99,7 @@ AircraftPage::AircraftPage(AircraftSources sources, const FontMeasurer& fonts, Q
     page->addWidget(m_stack, /*stretch=*/1);
 
     connect(&m_sources.feed, &SkyFeed::changed, this, &AircraftPage::showReport);
+    connect(&m_sources.preferences, &Preferences::changed, this, &AircraftPage::showReport);
     connect(m_notice, &NoticeBar::actionTriggered, &m_sources.feed, &SkyFeed::refresh);
     connect(m_empty, &EmptySky::actionTriggered, this, [this] {
         if (m_watch && m_watch->state() == AircraftWatch::State::noHome)
@@ -194,7 +195,8 @@ void AircraftPage::showDetails(const Aircraft& aircraft)
     const auto where = whereToLook(aircraft, entry.home);
     const bool isThere = m_watch->state() == AircraftWatch::State::inRange;
     showText(*m_look, where && isThere ? toQString(lookText(*where)) : QString{});
-    m_facts->showFacts(AircraftWords::facts(aircraft, entry.unit));
+    m_facts->showFacts(AircraftWords::facts(
+        aircraft, {.distance = entry.unit, .measures = m_sources.preferences.measures()}));
     m_scope->showCard(RadarView{.entry = alone(entry, aircraft)}.body(), entry.palette().background);
     lookUpRoute(aircraft);
 }

@@ -3,6 +3,7 @@
 #include "companion/aircraft/aircraft_watch.h"
 #include "companion/feed/lookups.h"
 #include "companion/look/heading.h"
+#include "companion/look/preferences.h"
 #include "paint/font_measurer.h"
 
 #include <QUrl>
@@ -28,6 +29,7 @@ class DisplayListView;
 struct AircraftSources {
     SkyFeed& feed;
     Lookups& lookups;
+    Preferences& preferences;
     std::function<void(const QUrl&)> open; ///< Shows a page on the web.
 };
 

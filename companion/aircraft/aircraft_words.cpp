@@ -16,18 +16,18 @@ QString orEmpty(const std::optional<std::string>& text)
     return text ? toQString(*text) : QString{};
 }
 
-QString climb(const Aircraft& aircraft)
+QString climb(const Aircraft& aircraft, Measures measures)
 {
-    if (const auto text = aircraft.verticalText())
-        return toQString(*text);
+    if (const QString text = Figures::climb(aircraft, measures); !text.isEmpty())
+        return text;
     return aircraft.verticalRate() && !aircraft.isOnGround() ? localizedText("Level") : QString{};
 }
 
-QString altitude(const Aircraft& aircraft)
+QString altitude(const Aircraft& aircraft, Measures measures)
 {
     if (aircraft.isOnGround())
         return localizedText("On ground");
-    return aircraft.altitudeFeet() ? toQString(aircraft.altitudeText()) : QString{};
+    return Figures::altitude(aircraft, measures);
 }
 
 } // namespace
@@ -55,13 +55,13 @@ QString alarm(const Aircraft& aircraft)
     return aircraft.isMilitary() ? localizedText("A military aircraft.") : QString{};
 }
 
-std::vector<Fact> facts(const Aircraft& aircraft, const std::string& unit)
+std::vector<Fact> facts(const Aircraft& aircraft, const Units& units)
 {
     std::vector<Fact> known{
-        {localizedText("Altitude"), altitude(aircraft)},
-        {localizedText("Speed"), aircraft.groundSpeed ? toQString(aircraft.speedText()) : QString{}},
-        {localizedText("Climb"), climb(aircraft)},
-        {localizedText("Distance"), orEmpty(aircraft.distanceText(unit, /*compact=*/false))},
+        {localizedText("Altitude"), altitude(aircraft, units.measures)},
+        {localizedText("Speed"), Figures::speed(aircraft, units.measures)},
+        {localizedText("Climb"), climb(aircraft, units.measures)},
+        {localizedText("Distance"), orEmpty(aircraft.distanceText(units.distance, /*compact=*/false))},
         {localizedText("Squawk"), orEmpty(aircraft.squawk)},
         {localizedText("Registration"), orEmpty(aircraft.registration)},
         {localizedText("Type"), orEmpty(aircraft.typeCode)},

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "companion/look/measures.h"
 #include "core/model/aircraft.h"
 
 #include <QString>
 
-#include <string>
 #include <vector>
 
 /// What the page of one aircraft says in words.
@@ -24,7 +24,7 @@ QString identity(const Aircraft& aircraft);
 /// One sentence about an emergency or a military aircraft; empty for every other.
 QString alarm(const Aircraft& aircraft);
 
-/// The facts that are known of the aircraft. `unit` as `DistanceUnit` names it.
-std::vector<Fact> facts(const Aircraft& aircraft, const std::string& unit);
+/// The facts that are known of the aircraft.
+std::vector<Fact> facts(const Aircraft& aircraft, const Units& units);
 
 } // namespace skyvane::AircraftWords

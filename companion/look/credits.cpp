@@ -41,6 +41,12 @@ QString photos()
     return linkTo(PhotoAPI::website);
 }
 
+QString places()
+{
+    return linkTo("www.naturalearthdata.com") + QStringLiteral(" · ") + linkTo("www.geonames.org")
+        + QStringLiteral(" (CC BY 4.0) · ") + linkTo("ourairports.com");
+}
+
 QString photoService()
 {
     return siteName(PhotoAPI::website);

@@ -12,6 +12,9 @@ QString aircraft();
 QString routes();
 QString photos();
 
+/// Who made the map, the cities and the airports that the program brings along.
+QString places();
+
 /// The photo service's name alone, plain text.
 QString photoService();
 

@@ -1,5 +1,7 @@
 #include "companion/position/coordinate_tokens.h"
 
+#include "platform/text/unicode.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -16,7 +18,7 @@ struct Word {
     Token token;
 };
 
-/// A spelling that begins another stands after it.
+/// In capitals; a spelling that begins another stands after it.
 const auto& words()
 {
     static const std::array table{
@@ -29,6 +31,10 @@ const auto& words()
         Word{"°", Mark::degrees},
         Word{"º", Mark::degrees},
         Word{"\u02DA", Mark::degrees},
+        Word{"DEGREES", Mark::degrees},
+        Word{"DEGRÉS", Mark::degrees},
+        Word{"GRADOS", Mark::degrees},
+        Word{"GRAD", Mark::degrees},
         Word{"''", Mark::seconds},
         Word{"\u2032\u2032", Mark::seconds},
         Word{"\u2019\u2019", Mark::seconds},
@@ -43,22 +49,61 @@ const auto& words()
         Word{"\u2019", Mark::minutes},
         Word{"\u02B9", Mark::minutes},
         Word{"\u00B4", Mark::minutes},
+        Word{"LATITUDE", Axis::latitude},
+        Word{"LATITUD", Axis::latitude},
+        Word{"LAT", Axis::latitude},
+        Word{"BREITENGRAD", Axis::latitude},
+        Word{"BREITE", Axis::latitude},
+        Word{"LONGITUDE", Axis::longitude},
+        Word{"LONGITUD", Axis::longitude},
+        Word{"LONG", Axis::longitude},
+        Word{"LON", Axis::longitude},
+        Word{"LNG", Axis::longitude},
+        Word{"LÄNGENGRAD", Axis::longitude},
+        Word{"LÄNGE", Axis::longitude},
+        Word{"NORTH", Hemisphere::north},
+        Word{"NÖRDLICHER", Hemisphere::north},
+        Word{"NÖRDLICHE", Hemisphere::north},
+        Word{"NORDEN", Hemisphere::north},
+        Word{"NORD", Hemisphere::north},
+        Word{"NORTE", Hemisphere::north},
         Word{"N", Hemisphere::north},
-        Word{"n", Hemisphere::north},
+        Word{"SOUTH", Hemisphere::south},
+        Word{"SÜDLICHER", Hemisphere::south},
+        Word{"SÜDLICHE", Hemisphere::south},
+        Word{"SÜDEN", Hemisphere::south},
+        Word{"SÜD", Hemisphere::south},
+        Word{"SUD", Hemisphere::south},
+        Word{"SUR", Hemisphere::south},
         Word{"S", Hemisphere::south},
-        Word{"s", Hemisphere::south},
+        Word{"EAST", Hemisphere::east},
+        Word{"ÖSTLICHER", Hemisphere::east},
+        Word{"ÖSTLICHE", Hemisphere::east},
+        Word{"OSTEN", Hemisphere::east},
+        Word{"OST", Hemisphere::east},
+        Word{"ESTE", Hemisphere::east},
+        Word{"EST", Hemisphere::east},
         Word{"E", Hemisphere::east},
-        Word{"e", Hemisphere::east},
+        Word{"WESTLICHER", Hemisphere::west},
+        Word{"WESTLICHE", Hemisphere::west},
+        Word{"WESTEN", Hemisphere::west},
+        Word{"WEST", Hemisphere::west},
+        Word{"OUEST", Hemisphere::west},
+        Word{"OESTE", Hemisphere::west},
         Word{"W", Hemisphere::west},
-        Word{"w", Hemisphere::west},
+        Word{"O", EastOrWest{}},
         Word{",", Separator{}},
         Word{";", Separator{}},
+        Word{"/", Separator{}},
+        Word{"|", Separator{}},
+        Word{"&", Separator{}},
     };
     return table;
 }
 
-constexpr std::array<std::string_view, 9> blanks{
-    " ", "\t", "\n", "\r", "\u00A0", "\u2007", "\u2009", "\u200A", "\u202F"};
+/// What stands between the pieces and says nothing.
+constexpr std::array<std::string_view, 17> blanks{" ", "\t", "\n", "\r", "\u00A0", "\u2007", "\u2009",
+    "\u200A", "\u202F", "(", ")", "[", "]", "{", "}", "DE ", "OF "};
 
 bool isDigit(std::string_view text, std::size_t place)
 {
@@ -109,15 +154,22 @@ std::optional<Token> takeWord(std::string_view& text)
     if (found == table.end())
         return std::nullopt;
     text.remove_prefix(found->spelling.size());
+    if (std::holds_alternative<Axis>(found->token)) {
+        while (takeBlank(text)) { }
+        if (text.starts_with(':') || text.starts_with('=') || text.starts_with('.'))
+            text.remove_prefix(1);
+    }
     return found->token;
 }
 
 } // namespace
 
-std::optional<std::vector<Token>> read(std::string_view text, Comma comma)
+std::optional<std::vector<Token>> read(std::string_view written, Comma comma)
 {
-    if (text.size() > longestText)
+    if (written.size() > longestText)
         return std::nullopt;
+    const std::string capitals = Unicode::uppercased(written);
+    std::string_view text = capitals;
     std::vector<Token> tokens;
     while (!text.empty()) {
         if (takeBlank(text))

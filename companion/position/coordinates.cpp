@@ -2,6 +2,8 @@
 
 #include "companion/position/coordinate_tokens.h"
 #include "companion/position/geo_uri.h"
+#include "companion/position/grid_code.h"
+#include "companion/position/map_link.h"
 #include "platform/text/format.h"
 
 #include <algorithm>
@@ -26,7 +28,7 @@ constexpr double largestLongitude = 180;
 /// One of a position's two angles.
 struct Angle {
     double degrees;
-    std::optional<Hemisphere> hemisphere{};
+    std::optional<Axis> axis{};
     bool isOutOfRange = false; ///< In its minutes or seconds.
 };
 
@@ -46,13 +48,32 @@ std::optional<Kind> takeFirst(Tokens& tokens)
     return taken;
 }
 
-std::optional<Hemisphere> takeLastHemisphere(Tokens& tokens)
+template <class Kind>
+std::optional<Kind> takeLast(Tokens& tokens)
 {
-    if (tokens.empty() || !is<Hemisphere>(tokens.back()))
+    if (tokens.empty() || !is<Kind>(tokens.back()))
         return std::nullopt;
-    const auto taken = std::get<Hemisphere>(tokens.back());
+    const Kind taken = std::get<Kind>(tokens.back());
     tokens = tokens.first(tokens.size() - 1);
     return taken;
+}
+
+/// What stands before and behind the number, once in all; absent when it stands twice.
+template <class Kind>
+bool takeEither(Tokens& tokens, std::optional<Kind>& taken)
+{
+    for (const auto& one : {takeFirst<Kind>(tokens), takeLast<Kind>(tokens)}) {
+        if (one && taken)
+            return false;
+        taken = one ? one : taken;
+    }
+    return true;
+}
+
+Axis axisOf(Hemisphere hemisphere)
+{
+    return hemisphere == Hemisphere::north || hemisphere == Hemisphere::south ? Axis::latitude
+                                                                              : Axis::longitude;
 }
 
 /// Degrees and what divides them, each unit at most once and only the last with decimals.
@@ -80,16 +101,20 @@ std::optional<Angle> magnitude(Tokens tokens, bool needsMarks)
 
 std::optional<Angle> angle(Tokens tokens)
 {
-    const auto before = takeFirst<Hemisphere>(tokens);
-    const auto after = takeLastHemisphere(tokens);
+    std::optional<Axis> axis;
+    std::optional<Hemisphere> hemisphere;
+    // Twice, since either may stand outside: "latitude N 51", "51 N latitude".
+    for (int layer = 0; layer < 2; ++layer) {
+        if (!takeEither(tokens, axis) || !takeEither(tokens, hemisphere))
+            return std::nullopt;
+    }
     const auto sign = takeFirst<Sign>(tokens);
-    const auto hemisphere = before ? before : after;
-    if ((before && after) || (hemisphere && sign))
+    if ((hemisphere && sign) || (hemisphere && axis && axisOf(*hemisphere) != *axis))
         return std::nullopt;
-    auto read = magnitude(tokens, /*needsMarks=*/!hemisphere);
+    auto read = magnitude(tokens, /*needsMarks=*/!hemisphere && !axis);
     if (!read)
         return std::nullopt;
-    read->hemisphere = hemisphere;
+    read->axis = hemisphere ? axisOf(*hemisphere) : axis;
     if (sign == Sign::minus || hemisphere == Hemisphere::south || hemisphere == Hemisphere::west)
         read->degrees = -read->degrees;
     return read;
@@ -106,15 +131,29 @@ std::vector<std::size_t> placesOf(Tokens tokens)
     return places;
 }
 
-/// Where the second angle begins when nothing stands between the two: at its letter, behind the first one's
-/// letter, or at the second of two numbers of degrees, its sign included.
+/// Where the second angle begins when letters or words say which is which.
+std::optional<std::size_t> seamByWords(Tokens tokens)
+{
+    std::optional<std::size_t> seam;
+    for (std::size_t place = 1; place < tokens.size(); ++place) {
+        const auto first = angle(tokens.first(place));
+        const auto second = angle(tokens.subspan(place));
+        if (!first || !second || !first->axis || !second->axis)
+            continue;
+        if (seam)
+            return std::nullopt;
+        seam = place;
+    }
+    return seam;
+}
+
+/// Where the second angle begins when nothing stands between the two: by their words, or at the second of two
+/// numbers of degrees, its sign included.
 std::optional<std::size_t> seam(Tokens tokens)
 {
-    if (const auto letters = placesOf<Hemisphere>(tokens); !letters.empty()) {
-        if (letters.size() != 2)
-            return std::nullopt;
-        return letters.front() == 0 ? letters.back() : letters.front() + 1;
-    }
+    if (std::ranges::any_of(
+            tokens, [](const Token& token) { return is<Hemisphere>(token) || is<Axis>(token); }))
+        return seamByWords(tokens);
     auto numbers = placesOf<Number>(tokens);
     if (numbers.size() > 2) {
         std::erase_if(numbers, [&](std::size_t place) {
@@ -137,33 +176,60 @@ std::optional<std::pair<Tokens, Tokens>> halves(Tokens tokens)
     return std::nullopt;
 }
 
-bool isNorthSouth(Hemisphere hemisphere)
-{
-    return hemisphere == Hemisphere::north || hemisphere == Hemisphere::south;
-}
-
 Reading position(Angle first, Angle second)
 {
-    if (first.hemisphere.has_value() != second.hemisphere.has_value())
+    if (first.axis.has_value() != second.axis.has_value() || (first.axis && first.axis == second.axis))
         return Problem::unreadable;
-    if (first.hemisphere && isNorthSouth(*first.hemisphere) == isNorthSouth(*second.hemisphere))
-        return Problem::unreadable;
-    if (first.hemisphere && !isNorthSouth(*first.hemisphere))
+    if (first.axis == Axis::longitude)
         std::swap(first, second);
-    if (first.isOutOfRange || second.isOutOfRange || std::abs(first.degrees) > largestLatitude
-        || std::abs(second.degrees) > largestLongitude)
+    if (first.isOutOfRange || second.isOutOfRange || !(std::abs(first.degrees) <= largestLatitude)
+        || !(std::abs(second.degrees) <= largestLongitude))
         return Problem::outOfRange;
     constexpr double noMinusZero = 0;
     return Coordinate{.latitude = first.degrees + noMinusZero, .longitude = second.degrees + noMinusZero};
 }
 
-Reading readWith(std::string_view text, Comma comma)
+Reading position(const Coordinate& written)
 {
-    const auto tokens = CoordinateTokens::read(text, comma);
-    const auto parts = tokens ? halves(*tokens) : std::nullopt;
+    return position({.degrees = written.latitude}, {.degrees = written.longitude});
+}
+
+/// What the letter O means in the language; absent where it means nothing.
+std::optional<Hemisphere> meaningOfO(std::string_view language)
+{
+    if (language.starts_with("de"))
+        return Hemisphere::east;
+    if (language.starts_with("fr") || language.starts_with("es"))
+        return Hemisphere::west;
+    return std::nullopt;
+}
+
+Reading readWith(std::string_view text, Comma comma, std::string_view language)
+{
+    auto tokens = CoordinateTokens::read(text, comma);
+    if (!tokens)
+        return Problem::unreadable;
+    const auto letterO = meaningOfO(language);
+    const auto isO = [](const Token& token) { return is<EastOrWest>(token); };
+    const bool isUnclear = !letterO && std::ranges::any_of(*tokens, isO);
+    std::ranges::replace_if(*tokens, isO, Token{letterO.value_or(Hemisphere::east)});
+    const auto parts = halves(*tokens);
     const auto first = parts ? angle(parts->first) : std::nullopt;
     const auto second = parts ? angle(parts->second) : std::nullopt;
-    return first && second ? position(*first, *second) : Problem::unreadable;
+    if (!first || !second)
+        return Problem::unreadable;
+    const Reading read = position(*first, *second);
+    return isUnclear && std::holds_alternative<Coordinate>(read) ? Reading{Problem::eastOrWest} : read;
+}
+
+Reading readNumbers(std::string_view text, std::string_view language)
+{
+    const Reading parted = readWith(text, Comma::separator, language);
+    const Reading decimal = readWith(text, Comma::decimalMark, language);
+    const bool isParted = std::holds_alternative<Coordinate>(parted);
+    if (isParted && std::holds_alternative<Coordinate>(decimal) && parted != decimal)
+        return Problem::ambiguous;
+    return isParted || decimal == Reading{Problem::unreadable} ? parted : decimal;
 }
 
 /// At most 6 decimals, none that is a zero at the end.
@@ -178,16 +244,23 @@ std::string shortest(double degrees)
 
 } // namespace
 
-Reading read(std::string_view text)
+Reading read(std::string_view text, std::string_view language)
 {
-    if (const auto written = GeoUri::angles(text))
-        return position({.degrees = written->latitude}, {.degrees = written->longitude});
-    const Reading parted = readWith(text, Comma::separator);
-    const Reading decimal = readWith(text, Comma::decimalMark);
-    const bool isParted = std::holds_alternative<Coordinate>(parted);
-    if (isParted && std::holds_alternative<Coordinate>(decimal) && parted != decimal)
-        return Problem::ambiguous;
-    return isParted || decimal == Reading{Problem::unreadable} ? parted : decimal;
+    text = GeoUri::withoutBlanksAround(text);
+    if (const auto written = GeoUri::angles(text)) {
+        const bool isPlaceholder = *written == Coordinate{.latitude = 0, .longitude = 0};
+        return position(isPlaceholder ? MapLink::angles(text).value_or(*written) : *written);
+    }
+    if (const auto middle = GridCode::middle(text))
+        return *middle;
+    if (GridCode::shortCode(text))
+        return Problem::shortCode;
+    if (MapLink::isLink(text)) {
+        if (const auto written = MapLink::angles(text))
+            return position(*written);
+        return MapLink::isShortened(text) ? Problem::shortLink : Problem::linkWithoutPosition;
+    }
+    return readNumbers(text, language);
 }
 
 Coordinate rounded(const Coordinate& coordinate)

@@ -13,13 +13,19 @@ enum class Problem {
     unreadable,
     ambiguous, ///< A comma could part two numbers or mark a decimal.
     outOfRange, ///< Beyond 90 degrees of latitude, 180 of longitude, or 60 minutes or seconds.
+    eastOrWest, ///< A letter O, which is east in one language and west in another.
+    shortCode, ///< A plus code that lacks its beginning.
+    shortLink, ///< A link that only its site can make a position of.
+    linkWithoutPosition,
 };
 
 using Reading = std::variant<Coordinate, Problem>;
 
-/// Decimal degrees, or degrees, minutes and seconds, latitude first unless letters say otherwise; or a `geo:`
-/// URI. Any bytes may be read.
-Reading read(std::string_view text);
+/// Decimal degrees, or degrees, minutes and seconds, latitude first unless letters or words say otherwise; a
+/// plus code or a Maidenhead locator (the middle of its square); a `geo:` URI; or a link that was copied from
+/// a map on the web. `language`: the user's, such as "de" or "de_AT"; says what the letter O means. Any bytes
+/// may be read.
+Reading read(std::string_view text, std::string_view language = {});
 
 /// The coordinate rounded to 5 decimals, about a metre.
 Coordinate rounded(const Coordinate& coordinate);

@@ -55,12 +55,23 @@ bool isOtherSystem(std::string_view parameter)
 
 } // namespace
 
+std::string_view withoutBlanksAround(std::string_view text)
+{
+    constexpr std::string_view lineBreaks = "\n\r";
+    std::string_view before;
+    while (before != text) {
+        before = text;
+        text = Unicode::trimmed(text);
+        text.remove_prefix(std::min(text.find_first_not_of(lineBreaks), text.size()));
+        text = text.substr(0, text.find_last_not_of(lineBreaks) + 1);
+    }
+    return text;
+}
+
 std::optional<Coordinate> angles(std::string_view text)
 {
     constexpr std::string_view scheme = "geo:";
-    text = Unicode::trimmed(text);
-    while (text.ends_with('\n') || text.ends_with('\r'))
-        text.remove_suffix(1);
+    text = withoutBlanksAround(text);
     if (!startsWith(text, scheme))
         return std::nullopt;
     text = text.substr(scheme.size(), text.find_first_of("?#") - scheme.size());

@@ -60,28 +60,47 @@ LocationService::Failure failureOf(const QDBusError& error)
         : other;
 }
 
-std::optional<Coordinate> coordinateOf(const QVariantMap& properties)
+std::optional<LocationFix> fixOf(const QVariantMap& properties)
 {
     bool isLatitude = false;
     bool isLongitude = false;
+    bool isAccuracy = false;
     const double latitude = properties.value(QStringLiteral("Latitude")).toDouble(&isLatitude);
     const double longitude = properties.value(QStringLiteral("Longitude")).toDouble(&isLongitude);
+    const double accuracy = properties.value(QStringLiteral("Accuracy")).toDouble(&isAccuracy);
     const bool isOnGlobe = std::abs(latitude) <= 90 && std::abs(longitude) <= 180;
     if (!isLatitude || !isLongitude || !isOnGlobe)
         return std::nullopt;
-    return Coordinate{.latitude = latitude, .longitude = longitude};
+    const bool isSaid = isAccuracy && accuracy > 0 && std::isfinite(accuracy);
+    return LocationFix{.position = {.latitude = latitude, .longitude = longitude},
+        .accuracy = isSaid ? std::optional{accuracy} : std::nullopt};
+}
+
+/// Good enough to say what flies overhead.
+bool isGood(const LocationFix& fix)
+{
+    constexpr double goodAccuracy = 1000; // Metres.
+    return fix.accuracy && *fix.accuracy <= goodAccuracy;
+}
+
+bool isBetter(const LocationFix& fix, const LocationFix& other)
+{
+    return fix.accuracy && (!other.accuracy || *fix.accuracy <= *other.accuracy);
 }
 
 } // namespace
 
-LocationService::LocationService(const QDBusConnection& bus, std::chrono::milliseconds limit, QObject* parent)
+LocationService::LocationService(const QDBusConnection& bus, const Patience& patience, QObject* parent)
     : QObject(parent)
     , m_bus(bus)
     , m_owner(QLatin1String{service}, m_bus, QDBusServiceWatcher::WatchForUnregistration)
 {
     m_limit.setSingleShot(true);
-    m_limit.setInterval(limit);
+    m_limit.setInterval(patience.any);
     m_limit.callOnTimeout(this, [this] { answerWith(Failure::noFixInTime); });
+    m_wish.setSingleShot(true);
+    m_wish.setInterval(patience.good);
+    m_wish.callOnTimeout(this, [this] { settle(); });
     connect(&m_owner, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
         m_client.clear();
         answerWith(Failure::notRunning);
@@ -103,6 +122,7 @@ void LocationService::ask()
         return;
     }
     m_limit.start();
+    m_wish.start();
     call(method(managerPath, managerInterface, "GetClient"),
         [this](const QDBusMessage& answer) { introduce(answer); });
 }
@@ -161,13 +181,31 @@ void LocationService::locationUpdated(const QDBusObjectPath&, const QDBusObjectP
 void LocationService::readLocation(const QDBusMessage& properties)
 {
     const QDBusPendingReply<QVariantMap> reply{properties};
-    const auto coordinate = reply.isError() ? std::nullopt : coordinateOf(reply.value());
-    if (!coordinate) {
+    const auto fix = reply.isError() ? std::nullopt : fixOf(reply.value());
+    if (fix)
+        weigh(*fix);
+    else if (!m_best)
         answerWith(Failure::other);
+}
+
+void LocationService::weigh(const LocationFix& fix)
+{
+    if (!m_best || isBetter(fix, *m_best))
+        m_best = fix;
+    if (isGood(*m_best) || !m_wish.isActive())
+        settle();
+    else
+        emit improving(*m_best);
+}
+
+/// With the best there is, once there is one.
+void LocationService::settle()
+{
+    const auto best = m_best;
+    if (!best)
         return;
-    }
     end();
-    emit located(*coordinate);
+    emit located(*best);
 }
 
 void LocationService::answerWith(Failure failure)
@@ -183,6 +221,8 @@ void LocationService::end()
     ++m_question;
     m_isAsking = false;
     m_limit.stop();
+    m_wish.stop();
+    m_best.reset();
     if (m_client.isEmpty())
         return;
     m_bus.disconnect(QLatin1String{service}, m_client, QLatin1String{clientInterface},

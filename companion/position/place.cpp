@@ -5,8 +5,10 @@ namespace skyvane {
 std::string Place::title() const
 {
     std::string title = name;
-    if (!code.empty())
-        title += " (" + code + ")";
+    if (!shortCode.empty() && !code.empty())
+        title += " (" + shortCode + ", " + code + ")";
+    else if (isAirport())
+        title += " (" + shortCode + code + ")";
     if (!region.empty())
         title += ", " + region;
     return title;

@@ -1,7 +1,8 @@
 #include "companion/position/place_search.h"
 
-#include "desk/text.h"
 #include "platform/text/locale.h"
+
+#include <QTimeZone>
 
 #include <utility>
 
@@ -9,10 +10,14 @@ namespace skyvane {
 
 namespace {
 
-/// "DE" of "de_DE".
-QString ownCountry()
+Vantage ownVantage()
 {
-    return toQString(Locale::current().numbers).section(u'_', 1, 1);
+    const Locale locale = Locale::current();
+    const std::size_t underline = locale.numbers.find('_');
+    return {
+        .countryCode = underline != std::string::npos ? locale.numbers.substr(underline + 1, 2) : "",
+        .timeZone = locale.timeZone.empty() ? QTimeZone::systemTimeZoneId().toStdString() : locale.timeZone,
+    };
 }
 
 } // namespace
@@ -25,14 +30,23 @@ void PlaceSearch::prepare()
 {
     if (m_index || m_thread.joinable())
         return;
-    m_thread = std::jthread{[this, load = m_load] {
-        auto index
-            = std::make_shared<std::unique_ptr<const PlaceIndex>>(std::make_unique<const PlaceIndex>(load()));
-        QMetaObject::invokeMethod(this, [this, index] {
-            m_index = std::move(*index);
-            answer();
-        });
+    m_thread = std::jthread{[this, load = m_load](const std::stop_token& stop) {
+        for (const Places& places : {load.first, load.whole}) {
+            if (!places || stop.stop_requested())
+                return;
+            auto index = std::make_shared<std::unique_ptr<const PlaceIndex>>(
+                std::make_unique<const PlaceIndex>(places()));
+            QMetaObject::invokeMethod(this, [this, index] { take(std::move(*index)); });
+        }
     }};
+}
+
+void PlaceSearch::take(std::unique_ptr<const PlaceIndex> index)
+{
+    m_index = std::move(index);
+    if (!m_question && !m_lastQuestion.isEmpty())
+        m_question = m_lastQuestion;
+    answer();
 }
 
 void PlaceSearch::ask(const QString& typed)
@@ -42,13 +56,25 @@ void PlaceSearch::ask(const QString& typed)
     answer();
 }
 
+void PlaceSearch::consult(Look look)
+{
+    m_look = std::move(look);
+    prepare();
+    answer();
+}
+
 void PlaceSearch::answer()
 {
     constexpr std::size_t mostPlaces = 12;
-    if (!m_index || !m_question)
+    if (!m_index)
+        return;
+    if (const Look look = std::exchange(m_look, {}))
+        look(*m_index);
+    if (!m_question)
         return;
     const QString typed = *std::exchange(m_question, std::nullopt);
-    emit answered(typed, m_index->find(typed, ownCountry(), mostPlaces));
+    m_lastQuestion = typed;
+    emit answered(typed, m_index->find(typed.toStdString(), ownVantage(), mostPlaces));
 }
 
 } // namespace skyvane

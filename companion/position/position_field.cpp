@@ -1,6 +1,7 @@
 #include "companion/position/position_field.h"
 
 #include "companion/position/coordinates.h"
+#include "companion/position/language.h"
 #include "desk/text.h"
 
 #include <QHBoxLayout>
@@ -23,6 +24,16 @@ QString words(Coordinates::Problem problem)
             "This is no position. Write one as 51.4775, -0.4614 or as 51°28′39″N 0°27′41″W.");
     case Coordinates::Problem::ambiguous:
         return localizedText("Put a semicolon between latitude and longitude.");
+    case Coordinates::Problem::eastOrWest:
+        return localizedText("The letter O is east in German, and west in French and Spanish. Write E or W.");
+    case Coordinates::Problem::shortCode:
+        return localizedText(
+            "This plus code lacks its beginning. Write it with its town into the line above.");
+    case Coordinates::Problem::shortLink:
+        return localizedText("Only its site knows where this short link leads. Open it and copy the long one "
+                             "that appears then.");
+    case Coordinates::Problem::linkWithoutPosition:
+        return localizedText("This link has no position in it.");
     case Coordinates::Problem::outOfRange:
         break;
     }
@@ -47,7 +58,7 @@ QString words(LocationService::Failure failure)
 
 Coordinates::Reading reading(const QLineEdit& line)
 {
-    return Coordinates::read(line.text().toStdString());
+    return Coordinates::read(line.text().toStdString(), Language::own());
 }
 
 } // namespace
@@ -73,13 +84,14 @@ PositionField::PositionField(const QDBusConnection& bus, QLabel& note, QWidget* 
         emit finished();
     });
     connect(m_button, &QPushButton::clicked, this, &PositionField::askOrCancel);
-    connect(&m_service, &LocationService::located, this, [this](const Coordinate& position) {
+    connect(&m_service, &LocationService::improving, this, &PositionField::improving);
+    connect(&m_service, &LocationService::located, this, [this](const LocationFix& fix) {
         showAsking(false);
-        m_line->setRemark(localizedText("Found by the location service of your system."));
-        emit located(Coordinates::rounded(position));
+        emit located({.position = Coordinates::rounded(fix.position), .accuracy = fix.accuracy});
     });
     connect(&m_service, &LocationService::failed, this, [this](LocationService::Failure failure) {
         showAsking(false);
+        m_line->setRemark({});
         m_line->setProblem(words(failure));
     });
 }

@@ -25,7 +25,8 @@ public:
 signals:
     /// Absent for what cannot be read.
     void typed(const std::optional<skyvane::Coordinate>& position);
-    void located(const skyvane::Coordinate& position);
+    void located(const skyvane::LocationFix& fix); ///< With its position rounded.
+    void improving(const skyvane::LocationFix& best); ///< It is waited for a better one.
     void finished(); ///< Enter was pressed, or the line left.
 
 private:

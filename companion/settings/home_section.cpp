@@ -1,11 +1,13 @@
 #include "companion/settings/home_section.h"
 
+#include "companion/map/earth_map.h"
+#include "companion/position/coordinates.h"
 #include "companion/position/place_field.h"
 #include "companion/position/position_field.h"
-#include "companion/settings/home_scope.h"
-#include "core/config/scope_palette.h"
+#include "companion/position/whereabouts.h"
+#include "core/feed/search_radius.h"
+#include "core/model/distance_unit.h"
 #include "desk/text.h"
-#include "paint/widget_card.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -39,8 +41,8 @@ QLabel* labelOf(QWidget& field, const QString& text)
 
 } // namespace
 
-HomeSection::HomeSection(Settings& settings, PlaceSearch::Load load, const FontMeasurer& fonts,
-    const QDBusConnection& systemBus, QWidget* parent)
+HomeSection::HomeSection(
+    Settings& settings, PlaceSearch::Load load, const QDBusConnection& systemBus, QWidget* parent)
     : QWidget(parent)
     , m_settings(settings)
     , m_placeNote(makeNote())
@@ -49,17 +51,17 @@ HomeSection::HomeSection(Settings& settings, PlaceSearch::Load load, const FontM
     , m_place(new PlaceField{std::move(load), *m_placeNote})
     , m_position(new PositionField{systemBus, *m_positionNote})
     , m_name(new MarkedLineEdit{*m_nameNote})
-    , m_scope(new DisplayListView{fonts})
+    , m_map(new EarthMap)
+    , m_undo(new QPushButton{localizedText("Undo")})
 {
+    m_undo->hide();
     m_name->setMaxLength(longestName);
-    m_scope->setFixedSize(WidgetCard::sizeOf(WidgetFamily::small));
-    m_scope->setAccessibleName(localizedText("Scope around your home"));
     setFocusProxy(m_place);
-    auto* row = new QHBoxLayout{this};
-    row->setContentsMargins({});
-    row->setSpacing(24);
-    row->addWidget(fields(), 1);
-    row->addWidget(m_scope, 0, Qt::AlignTop);
+    auto* column = new QVBoxLayout{this};
+    column->setContentsMargins({});
+    column->setSpacing(12);
+    column->addWidget(fields());
+    column->addWidget(m_map);
     connectFields();
     connect(&m_settings, &Settings::draftChanged, this, &HomeSection::showDraft);
     showDraft();
@@ -75,7 +77,14 @@ QWidget* HomeSection::fields()
     form->setLabelAlignment(Qt::AlignLeft);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form->addRow(labelOf(*m_place, localizedText("&Place")), noted(m_place, m_placeNote));
-    form->addRow(labelOf(m_position->line(), localizedText("Pos&ition")), noted(m_position, m_positionNote));
+    auto* position = new QVBoxLayout;
+    position->setSpacing(4);
+    position->addWidget(m_position);
+    auto* below = new QHBoxLayout;
+    below->addWidget(m_positionNote, 1);
+    below->addWidget(m_undo, 0, Qt::AlignRight | Qt::AlignTop);
+    position->addLayout(below);
+    form->addRow(labelOf(m_position->line(), localizedText("Pos&ition")), position);
     form->addRow(labelOf(*m_name, localizedText("&Name")), noted(m_name, m_nameNote));
     return widget;
 }
@@ -83,29 +92,125 @@ QWidget* HomeSection::fields()
 void HomeSection::connectFields()
 {
     using Settled = Settings::Settled;
-    connect(m_place, &PlaceField::chosen, this, [this](const Place& place) {
-        SettingsDraft draft = m_settings.draft();
-        draft.place = place.coordinate;
-        draft.label = place.name;
-        m_label.reset(); // Whatever stands in the line, this is the name now.
-        m_settings.choose(draft);
-        showDraft();
+    connect(m_place, &PlaceField::chosen, this, &HomeSection::choosePlace);
+    connect(m_place, &PlaceField::positionChosen, this, [this](const Coordinate& position) {
+        remember();
+        setHome(Coordinates::rounded(position), Settled::soon);
     });
     connect(m_position, &PositionField::typed, this, [this](const std::optional<Coordinate>& position) {
-        setHome(position ? position : m_settings.saved().place, Settled::afterTyping);
+        m_before.reset();
+        if (position)
+            setHome(*position, Settled::afterTyping);
+        else
+            goBackToSaved();
     });
-    connect(m_position, &PositionField::located, this,
-        [this](const Coordinate& position) { setHome(position, Settled::soon); });
+    const auto to = [this](const LocationFix& fix) {
+        return exactness(*fix.accuracy, m_settings.draft().unit.value_or(DistanceUnit::standard));
+    };
+    connect(m_position, &PositionField::improving, this, [this, to](const LocationFix& best) {
+        if (best.accuracy)
+            m_position->line().setRemark(
+                localizedText("Asking where you are… So far to about %1.", {to(best)}));
+    });
+    connect(m_position, &PositionField::located, this, [this, to](const LocationFix& fix) {
+        remember();
+        m_position->line().setRemark(fix.accuracy
+                ? localizedText("Found by the location service of your system, to about %1.", {to(fix)})
+                : localizedText("Found by the location service of your system."));
+        setHome(fix.position, Settled::soon);
+    });
+    connect(m_map, &EarthMap::homeChosen, this, [this](const Coordinate& position) {
+        remember();
+        m_position->line().setRemark({});
+        setHome(Coordinates::rounded(position), Settled::soon);
+    });
     connect(m_name, &QLineEdit::textEdited, this, &HomeSection::rename);
+    connect(m_undo, &QPushButton::clicked, this, &HomeSection::undo);
     connect(m_position, &PositionField::finished, &m_settings, &Settings::settle);
     connect(m_name, &QLineEdit::editingFinished, &m_settings, &Settings::settle);
 }
 
-void HomeSection::setHome(const std::optional<Coordinate>& position, Settings::Settled settled)
+void HomeSection::choosePlace(const Place& place)
 {
+    remember();
+    m_position->line().setRemark({});
+    m_chosen = place.coordinate;
     SettingsDraft draft = m_settings.draft();
+    draft.place = place.coordinate;
+    draft.label = m_givenName = place.name;
+    m_label.reset(); // Whatever stands in the line, this is the name now.
+    m_settings.choose(draft);
+    showDraft();
+}
+
+void HomeSection::setHome(const Coordinate& position, Settings::Settled settled)
+{
+    const SettingsDraft before = m_settings.draft();
+    SettingsDraft draft = before;
     draft.place = position;
     m_settings.choose(draft, settled);
+    showDraft();
+    describe(before, settled);
+}
+
+/// What stands in the line is no position.
+void HomeSection::goBackToSaved()
+{
+    SettingsDraft draft = m_settings.draft();
+    draft.place = m_settings.saved().place;
+    if (draft.label == m_givenName)
+        draft.label = m_settings.saved().label;
+    m_settings.choose(draft, Settings::Settled::afterTyping);
+    m_place->search().consult({});
+    m_place->setRemark({});
+    showDraft();
+}
+
+/// Says where the new position is, and gives home the name of there unless the user gave it one.
+void HomeSection::describe(const SettingsDraft& before, Settings::Settled settled)
+{
+    m_place->search().consult([this, before, settled](const PlaceIndex& places) {
+        constexpr double stillThere = 27; // Nautical miles.
+        SettingsDraft draft = m_settings.draft();
+        const auto nearby = draft.place ? places.nearest(*draft.place) : std::nullopt;
+        m_place->clearChoice(
+            nearby ? whereabouts(*nearby, draft.unit.value_or(DistanceUnit::standard)) : QString{});
+        if (!draft.place || isOwnName(before, places))
+            return;
+        draft.label = nearby && nearby->distanceNM < stillThere ? nearby->name : localized("Home");
+        m_givenName = draft.label;
+        m_settings.choose(draft, settled);
+    });
+}
+
+/// Whether the user thought of it: it is neither given here nor that of a place around.
+bool HomeSection::isOwnName(const SettingsDraft& draft, const PlaceIndex& places) const
+{
+    return draft.label != m_givenName && draft.label != localized("Home")
+        && !(draft.place && places.isNameOfThere(draft.label, *draft.place));
+}
+
+void HomeSection::remember()
+{
+    m_before = m_settings.draft();
+}
+
+void HomeSection::undo()
+{
+    const auto before = std::exchange(m_before, std::nullopt);
+    if (!before)
+        return;
+    m_position->line().setRemark({});
+    m_place->search().consult({});
+    m_place->clearChoice({});
+    if (!before->place)
+        m_settings.forgetHome();
+    SettingsDraft draft = m_settings.draft();
+    draft.place = before->place;
+    draft.label = before->label;
+    m_settings.choose(draft);
+    showDraft();
+    m_position->line().setFocus();
 }
 
 void HomeSection::rename(const QString& label)
@@ -121,13 +226,18 @@ void HomeSection::rename(const QString& label)
 void HomeSection::showDraft()
 {
     const SettingsDraft& draft = m_settings.draft();
+    if (m_chosen && m_chosen != draft.place) {
+        m_chosen.reset();
+        m_place->clearChoice({});
+    }
     m_position->showPosition(draft.place);
     const QString label = toQString(draft.label);
     if (std::exchange(m_label, draft.label) != draft.label) {
         m_name->setText(label);
         m_name->setProblem({});
     }
-    m_scope->showCard(HomeScope{.draft = draft}.body(), ScopePalette::fromHex(draft.accentHex).background);
+    m_undo->setVisible(m_before && m_before->place != draft.place);
+    m_map->showSubject({.home = draft.place, .radiusNM = SearchRadius::bounded(draft.radiusNM)});
 }
 
 } // namespace skyvane

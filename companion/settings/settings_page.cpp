@@ -3,6 +3,7 @@
 #include "companion/look/marked_line_edit.h"
 #include "companion/look/type_scale.h"
 #include "companion/position/world_places.h"
+#include "companion/settings/choice_row.h"
 #include "companion/settings/color_field.h"
 #include "companion/settings/home_section.h"
 #include "companion/settings/radius_field.h"
@@ -38,27 +39,37 @@ QLabel* quietLabel()
     return label;
 }
 
+/// As `Measures` has them.
+QStringList measuresNames()
+{
+    return {localizedText("Feet, knots"), localizedText("Metres, km/h"), localizedText("Feet, mph")};
+}
+
 } // namespace
 
-SettingsPage::SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus, QWidget* parent)
-    : SettingsPage(fonts, systemBus, {.loadPlaces = &WorldPlaces::load}, parent)
+SettingsPage::SettingsPage(
+    const FontMeasurer& fonts, const QDBusConnection& systemBus, Preferences& preferences, QWidget* parent)
+    : SettingsPage(fonts, systemBus, preferences,
+        {.loadPlaces = {&WorldPlaces::load, &WorldPlaces::loadWithAllNames}}, parent)
 {
 }
 
 SettingsPage::SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus,
-    const Surroundings& surroundings, QWidget* parent)
+    Preferences& preferences, const Surroundings& surroundings, QWidget* parent)
     : QWidget(parent)
     , m_settings(surroundings.pace)
+    , m_preferences(preferences)
     , m_greeting(quietLabel())
     , m_radiusNote(makeNote())
     , m_radius(new RadiusField{*m_radiusNote})
     , m_unit(new UnitField)
+    , m_measures(new ChoiceRow{measuresNames()})
     , m_color(new ColorField)
     , m_state(quietLabel())
     , m_forget(new QPushButton{localizedText("&Forget My Home…")})
     , m_previews(new WidgetPreviews{fonts})
 {
-    auto* home = new HomeSection{m_settings, surroundings.loadPlaces, fonts, systemBus};
+    auto* home = new HomeSection{m_settings, surroundings.loadPlaces, systemBus};
     auto* content = new QWidget;
     m_columns = new QBoxLayout{QBoxLayout::LeftToRight, content};
     m_columns->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
@@ -91,6 +102,7 @@ QWidget* SettingsPage::choices(QWidget* home)
     addSection(*column, localizedText("Home"), home);
     addSection(*column, localizedText("&Radius"), m_radius, m_radiusNote);
     addSection(*column, localizedText("Distances in"), m_unit);
+    addSection(*column, localizedText("Altitude and speed in the companion"), m_measures);
     addSection(*column, localizedText("&Colour"), m_color);
     column->addStretch(1);
     column->addWidget(closing());
@@ -148,6 +160,8 @@ void SettingsPage::connectFields()
     connect(m_unit, &UnitField::chosen, this, [this](const std::string& unit) {
         choose([&](SettingsDraft& draft) { draft.unit = unit; }, Settled::soon);
     });
+    connect(m_measures, &ChoiceRow::placeChosen, this,
+        [this](int place) { m_preferences.choose(static_cast<Measures>(place)); });
     connect(m_color, &ColorField::chosen, this, [this](const std::optional<std::string>& hex) {
         choose([&](SettingsDraft& draft) { draft.accentHex = hex; }, Settled::soon);
     });
@@ -183,6 +197,7 @@ void SettingsPage::showDraft()
                 "Welcome! Tell Skyvane where you live, and the sky above it comes to your desktop."));
     m_radius->showRadius(draft.radiusNM, draft.unit.value_or(DistanceUnit::standard));
     m_unit->showUnit(draft.unit);
+    m_measures->showChoice(static_cast<int>(m_preferences.measures()));
     m_color->showColor(draft.accentHex);
     m_forget->setEnabled(draft.place.has_value());
     m_previews->showDraft(draft);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "companion/look/preferences.h"
 #include "companion/position/place_search.h"
 #include "companion/settings/settings.h"
 #include "paint/font_measurer.h"
@@ -14,6 +15,7 @@ class QVBoxLayout;
 
 namespace skyvane {
 
+class ChoiceRow;
 class ColorField;
 class RadiusField;
 class UnitField;
@@ -32,8 +34,9 @@ public:
     };
 
     /// `systemBus`: where the system's location service is looked for.
-    SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus, QWidget* parent = nullptr);
-    SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus,
+    SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus, Preferences& preferences,
+        QWidget* parent = nullptr);
+    SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus, Preferences& preferences,
         const Surroundings& surroundings, QWidget* parent = nullptr);
 
 signals:
@@ -56,10 +59,12 @@ private:
     void askToForget();
 
     Settings m_settings;
+    Preferences& m_preferences;
     QLabel* m_greeting;
     QLabel* m_radiusNote;
     RadiusField* m_radius;
     UnitField* m_unit;
+    ChoiceRow* m_measures;
     ColorField* m_color;
     QLabel* m_state; ///< Says whether the last choice was saved.
     QPushButton* m_forget;

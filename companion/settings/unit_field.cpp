@@ -2,10 +2,6 @@
 
 #include "desk/text.h"
 
-#include <QButtonGroup>
-#include <QHBoxLayout>
-#include <QRadioButton>
-
 #include <algorithm>
 #include <array>
 
@@ -15,33 +11,23 @@ namespace {
 
 constexpr std::array codes{"mi", "km", "nm"};
 
-std::array<QString, codes.size()> names()
+QStringList names()
 {
     return {localizedText("&Miles"), localizedText("&Kilometres"), localizedText("Na&utical miles")};
 }
 
 } // namespace
 
-UnitField::UnitField(QWidget* parent) : QWidget(parent), m_units(new QButtonGroup{this})
+UnitField::UnitField(QWidget* parent) : ChoiceRow(names(), parent)
 {
-    auto* row = new QHBoxLayout{this};
-    row->setContentsMargins({});
-    row->setSpacing(20);
-    int id = 0;
-    for (const QString& name : names()) {
-        auto* button = new QRadioButton{name};
-        m_units->addButton(button, id++);
-        row->addWidget(button);
-    }
-    row->addStretch();
-    connect(m_units, &QButtonGroup::idClicked, this,
-        [this](int clicked) { emit chosen(codes[static_cast<std::size_t>(clicked)]); });
+    connect(this, &ChoiceRow::placeChosen, this,
+        [this](int place) { emit chosen(codes[static_cast<std::size_t>(place)]); });
 }
 
 void UnitField::showUnit(const std::optional<std::string>& unit)
 {
     const auto found = std::find(codes.begin(), codes.end(), unit.value_or(codes.front()));
-    m_units->button(found == codes.end() ? 0 : static_cast<int>(found - codes.begin()))->setChecked(true);
+    showChoice(found == codes.end() ? 0 : static_cast<int>(found - codes.begin()));
 }
 
 } // namespace skyvane

@@ -1,16 +1,14 @@
 #pragma once
 
-#include <QWidget>
+#include "companion/settings/choice_row.h"
 
 #include <optional>
 #include <string>
 
-class QButtonGroup;
-
 namespace skyvane {
 
 /// Miles, kilometres or nautical miles.
-class UnitField : public QWidget {
+class UnitField : public ChoiceRow {
     Q_OBJECT
 public:
     explicit UnitField(QWidget* parent = nullptr);
@@ -20,9 +18,6 @@ public:
 
 signals:
     void chosen(const std::string& unit);
-
-private:
-    QButtonGroup* m_units;
 };
 
 } // namespace skyvane

@@ -59,7 +59,7 @@ QString title(SkyColumn column)
     return {};
 }
 
-QString text(const Aircraft& aircraft, SkyColumn column, const std::string& unit)
+QString text(const Aircraft& aircraft, SkyColumn column, const Units& units)
 {
     switch (column) {
     case SkyColumn::name:
@@ -69,13 +69,14 @@ QString text(const Aircraft& aircraft, SkyColumn column, const std::string& unit
     case SkyColumn::operatorName:
         return orEmpty(aircraft.operatorDisplayName());
     case SkyColumn::distance:
-        return orEmpty(aircraft.distanceText(unit, /*compact=*/false));
+        return orEmpty(aircraft.distanceText(units.distance, /*compact=*/false));
     case SkyColumn::altitude:
         if (aircraft.isOnGround())
             return localizedText("On ground");
-        return toQString(aircraft.altitudeText());
+        return aircraft.altitudeFeet() ? Figures::altitude(aircraft, units.measures)
+                                       : toQString(aircraft.altitudeText());
     case SkyColumn::climb:
-        return orEmpty(aircraft.verticalText());
+        return Figures::climb(aircraft, units.measures);
     }
     return {};
 }

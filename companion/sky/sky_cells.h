@@ -1,11 +1,10 @@
 #pragma once
 
+#include "companion/look/measures.h"
 #include "core/model/aircraft.h"
 
 #include <QString>
 #include <QVariant>
-
-#include <string>
 
 namespace skyvane {
 
@@ -16,7 +15,7 @@ enum class SkyColumn { name, model, operatorName, distance, altitude, climb };
 namespace SkyCells {
 
 QString title(SkyColumn column);
-QString text(const Aircraft& aircraft, SkyColumn column, const std::string& unit);
+QString text(const Aircraft& aircraft, SkyColumn column, const Units& units);
 
 /// What the column is ordered by: a number or a text; invalid where nothing is known.
 QVariant sortKey(const Aircraft& aircraft, SkyColumn column);

@@ -48,9 +48,9 @@ Qt::Alignment alignmentOf(SkyColumn column)
 
 } // namespace
 
-void SkyModel::show(std::vector<Aircraft> aircraft, const std::string& unit, const ScopePalette& palette)
+void SkyModel::show(std::vector<Aircraft> aircraft, const Units& units, const ScopePalette& palette)
 {
-    m_unit = unit;
+    m_units = units;
     m_palette = palette;
     aircraft = withoutRepeated(std::move(aircraft));
     const Rows now = rowsOf(aircraft);
@@ -135,7 +135,7 @@ QVariant SkyModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
-        return SkyCells::text(aircraft, column, m_unit);
+        return SkyCells::text(aircraft, column, m_units);
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
         return SkyCells::summary(aircraft);

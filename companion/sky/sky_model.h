@@ -1,12 +1,11 @@
 #pragma once
 
+#include "companion/look/measures.h"
 #include "core/config/scope_palette.h"
 #include "core/model/aircraft.h"
-#include "core/model/distance_unit.h"
 
 #include <QAbstractTableModel>
 
-#include <string>
 #include <vector>
 
 namespace skyvane {
@@ -26,9 +25,8 @@ public:
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Aircraft that were there before keep their rows' selection and focus. The unit is that of
-    /// `Aircraft::distanceText`.
-    void show(std::vector<Aircraft> aircraft, const std::string& unit, const ScopePalette& palette);
+    /// Aircraft that were there before keep their rows' selection and focus.
+    void show(std::vector<Aircraft> aircraft, const Units& units, const ScopePalette& palette);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -42,7 +40,7 @@ private:
     void bringIntoOrder(std::vector<Aircraft> now);
 
     std::vector<Aircraft> m_aircraft;
-    std::string m_unit = DistanceUnit::standard;
+    Units m_units;
     ScopePalette m_palette = ScopePalette::standard();
 };
 

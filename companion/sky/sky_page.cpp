@@ -5,14 +5,14 @@
 #include "companion/look/notice_bar.h"
 #include "companion/look/range_text.h"
 #include "companion/look/type_scale.h"
+#include "companion/map/scope_view.h"
 #include "companion/sky/empty_sky.h"
 #include "companion/sky/sky_table.h"
 #include "companion/sky/sky_words.h"
-#include "core/radar/radar_view.h"
-#include "desk/display_list_view.h"
 #include "desk/text.h"
 #include "platform/text/printable.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -28,17 +28,19 @@ constexpr int widthForScope = 940;
 
 } // namespace
 
-SkyPage::SkyPage(SkyFeed& feed, const FontMeasurer& fonts, QWidget* parent)
+SkyPage::SkyPage(SkyFeed& feed, Preferences& preferences, const FontMeasurer& fonts, QWidget* parent)
     : QWidget(parent)
     , m_feed(feed)
+    , m_preferences(preferences)
     , m_filter(new QLineEdit)
     , m_linkProblem(new NoticeBar{localizedText("Dismiss")})
     , m_feedProblem(new NoticeBar{localizedText("Ask again")})
     , m_stack(new QStackedWidget)
     , m_table(new SkyTable)
     , m_empty(new EmptySky)
-    , m_scope(new DisplayListView{fonts})
+    , m_scope(new ScopeView{fonts})
     , m_range(new QLabel)
+    , m_map(new QCheckBox{localizedText("&Map below the scope")})
 {
     m_filter->setPlaceholderText(localizedText("Filter by name, model, operator, squawk…"));
     m_filter->setAccessibleName(localizedText("Filter"));
@@ -52,6 +54,8 @@ SkyPage::SkyPage(SkyFeed& feed, const FontMeasurer& fonts, QWidget* parent)
     layOut(Credits::makeLabel(Credits::aircraft()));
 
     connect(&m_feed, &SkyFeed::changed, this, &SkyPage::showReport);
+    connect(&m_preferences, &Preferences::changed, this, &SkyPage::showReport);
+    connect(m_map, &QCheckBox::toggled, &m_preferences, &Preferences::showMap);
     connect(m_filter, &QLineEdit::textChanged, m_table, &SkyTable::setWords);
     connect(m_filter, &QLineEdit::textChanged, this, &SkyPage::showListOrWords);
     connect(m_table, &SkyTable::aircraftActivated, this, &SkyPage::aircraftActivated);
@@ -83,6 +87,7 @@ void SkyPage::layOut(QWidget* footer)
     scope->setSpacing(margin / 2);
     scope->addWidget(m_scope);
     scope->addWidget(m_range);
+    scope->addWidget(m_map, 0, Qt::AlignHCenter);
     scope->addStretch();
     body->addLayout(scope);
     auto* page = new QVBoxLayout{this};
@@ -118,8 +123,10 @@ void SkyPage::focusList()
 void SkyPage::showReport()
 {
     const SkyReport& report = m_feed.report();
-    m_table->showEntry(report.entry);
-    m_scope->showCard(RadarView{.entry = report.entry}.body(), report.entry.palette().background);
+    m_table->showEntry(report.entry, m_preferences.measures());
+    m_scope->showSky(report.entry);
+    m_scope->setMapShown(m_preferences.isMapShown());
+    m_map->setChecked(m_preferences.isMapShown());
     m_range->setText(
         localizedText("The outer ring is at %1.", {rangeText(report.entry.radiusNM, report.entry.unit)}));
     m_feedProblem->show(SkyWords::notice(report));
@@ -151,7 +158,7 @@ void SkyPage::showListOrWords()
 void SkyPage::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    for (QWidget* widget : {static_cast<QWidget*>(m_scope), static_cast<QWidget*>(m_range)})
+    for (QWidget* widget : std::initializer_list<QWidget*>{m_scope, m_range, m_map})
         widget->setVisible(width() >= widthForScope);
 }
 

@@ -2,10 +2,12 @@
 
 #include "companion/feed/sky_feed.h"
 #include "companion/look/heading.h"
+#include "companion/look/preferences.h"
 #include "paint/font_measurer.h"
 
 #include <QWidget>
 
+class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QStackedWidget;
@@ -15,13 +17,13 @@ namespace skyvane {
 class EmptySky;
 class NoticeBar;
 class SkyTable;
-class DisplayListView;
+class ScopeView;
 
 /// The aircraft around home as a list, the scope beside it where there is room.
 class SkyPage : public QWidget {
     Q_OBJECT
 public:
-    SkyPage(SkyFeed& feed, const FontMeasurer& fonts, QWidget* parent = nullptr);
+    SkyPage(SkyFeed& feed, Preferences& preferences, const FontMeasurer& fonts, QWidget* parent = nullptr);
 
     Heading heading() const;
 
@@ -46,14 +48,16 @@ private:
     void showListOrWords();
 
     SkyFeed& m_feed;
+    Preferences& m_preferences;
     QLineEdit* m_filter;
     NoticeBar* m_linkProblem;
     NoticeBar* m_feedProblem;
     QStackedWidget* m_stack;
     SkyTable* m_table;
     EmptySky* m_empty;
-    DisplayListView* m_scope;
+    ScopeView* m_scope;
     QLabel* m_range;
+    QCheckBox* m_map;
 };
 
 } // namespace skyvane

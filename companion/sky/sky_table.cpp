@@ -64,9 +64,9 @@ void SkyTable::setUpColumns()
     setColumnWidth(column(SkyColumn::climb), wide("↑ 00,000 ft/min"));
 }
 
-void SkyTable::showEntry(const SkyEntry& entry)
+void SkyTable::showEntry(const SkyEntry& entry, Measures measures)
 {
-    m_model.show(entry.aircraft, entry.unit, entry.palette());
+    m_model.show(entry.aircraft, {.distance = entry.unit, .measures = measures}, entry.palette());
 }
 
 void SkyTable::setWords(const QString& words)

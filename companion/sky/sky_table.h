@@ -14,7 +14,7 @@ class SkyTable : public QTableView {
 public:
     explicit SkyTable(QWidget* parent = nullptr);
 
-    void showEntry(const SkyEntry& entry);
+    void showEntry(const SkyEntry& entry, Measures measures);
     void setWords(const QString& words);
     int rowCount() const { return m_filter.rowCount(); }
 

@@ -30,6 +30,7 @@ QStringList paragraphs()
         from(localizedText("Aircraft, from the receivers of volunteers:"), Credits::aircraft()),
         from(localizedText("Routes:"), Credits::routes()),
         from(localizedText("Photos, each its photographer’s:"), Credits::photos()),
+        from(localizedText("Map, cities and airports, which the program brings along:"), Credits::places()),
         localizedText("Free software under the MIT licence."),
     };
 }

@@ -45,8 +45,10 @@ QFrame* line()
 
 MainWindow::MainWindow(const WindowParts& parts)
     : m_parts(parts)
-    , m_sky(new SkyPage{m_parts.feed, m_parts.fonts})
-    , m_aircraft(new AircraftPage{{m_parts.feed, m_parts.lookups, m_parts.open}, m_parts.fonts})
+    , m_preferences(m_parts.memory)
+    , m_sky(new SkyPage{m_parts.feed, m_preferences, m_parts.fonts})
+    , m_aircraft(
+          new AircraftPage{{m_parts.feed, m_parts.lookups, m_preferences, m_parts.open}, m_parts.fonts})
     , m_stack(new QStackedWidget)
 {
     makeActions();
@@ -140,7 +142,7 @@ void MainWindow::showSettings()
 
 QWidget* MainWindow::makeSettings()
 {
-    auto* page = new SettingsPage{m_parts.fonts, m_parts.systemBus};
+    auto* page = new SettingsPage{m_parts.fonts, m_parts.systemBus, m_preferences};
     connect(page, &SettingsPage::changed, &m_parts.feed, &SkyFeed::reload);
     auto* hostSwitch = new HostSwitch{m_parts.host, m_parts.autostart};
     hostSwitch->setContentsMargins(20, 8, 20, 12);

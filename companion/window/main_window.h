@@ -5,6 +5,7 @@
 #include "companion/host_switch/autostart.h"
 #include "companion/links/incoming_link.h"
 #include "companion/look/heading.h"
+#include "companion/look/preferences.h"
 #include "paint/font_measurer.h"
 
 #include <QDBusConnection>
@@ -34,7 +35,7 @@ struct WindowParts {
     QDBusConnection systemBus; ///< Where the system's location service is.
     std::function<void(const QUrl&)> open; ///< Shows a page on the web.
     AutostartFolders autostart;
-    std::filesystem::path memory; ///< File in which the window's place is kept.
+    std::filesystem::path memory; ///< File in which preferences and the window's place are kept.
 };
 
 /// The companion's one window: the sky, one aircraft, or the settings.
@@ -69,6 +70,7 @@ private:
     void showAbout();
 
     WindowParts m_parts;
+    Preferences m_preferences;
     SkyPage* m_sky;
     AircraftPage* m_aircraft;
     QWidget* m_settings = nullptr; ///< Made when it is first shown.

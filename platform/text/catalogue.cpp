@@ -97,28 +97,36 @@ void addNames(std::string_view locale, std::vector<std::string>& names)
 
 } // namespace
 
-Catalogue read(std::string_view bytes)
+bool visit(std::string_view bytes, const Taker& take)
 {
     Reader reader{bytes};
     if (!reader.isCatalogue())
-        return {};
+        return false;
     const auto count = reader.number(8);
     const auto keys = reader.number(12);
     const auto texts = reader.number(16);
     if (!count || !keys || !texts)
-        return {};
-    Catalogue catalogue;
+        return false;
     for (std::size_t i = 0; i < *count; ++i) {
         const auto key = reader.text(*keys + 8 * i);
         const auto text = reader.text(*texts + 8 * i);
         if (!key || !text)
-            return {};
-        if (key->empty())
-            catalogue.plural = PluralRule{*text};
-        else
-            catalogue.texts.emplace(key->substr(0, key->find('\0')), *text);
+            return false;
+        take(key->substr(0, key->find('\0')), *text);
     }
-    return catalogue;
+    return true;
+}
+
+Catalogue read(std::string_view bytes)
+{
+    Catalogue catalogue;
+    const bool isWhole = visit(bytes, [&](std::string_view key, std::string_view text) {
+        if (key.empty())
+            catalogue.plural = PluralRule{text};
+        else
+            catalogue.texts.emplace(key, text);
+    });
+    return isWhole ? catalogue : Catalogue{};
 }
 
 std::vector<std::string> wanted()

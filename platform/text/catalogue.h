@@ -2,6 +2,7 @@
 
 #include "platform/text/plural_rule.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -17,6 +18,13 @@ struct Catalogue {
 };
 
 namespace Catalogues {
+
+/// Is called with a text's key, its context and a byte 4 before it where it has one, and with the text.
+using Taker = std::function<void(std::string_view key, std::string_view text)>;
+
+/// Hands over each text of what msgfmt(1) compiled, the header with an empty key. Returns whether all of it
+/// could be read.
+bool visit(std::string_view bytes, const Taker& take);
 
 /// What msgfmt(1) compiled, made on a machine of either byte order; empty for anything else.
 Catalogue read(std::string_view bytes);

@@ -111,7 +111,8 @@ TEST(Render, roundCornersAreThoseOfTheCardOnTheDesktop)
         card.fill(Qt::transparent);
         QPainter painter{&card};
         painter.scale(scale, scale);
-        WidgetCard::paint(list, test::black, painter, fonts);
+        WidgetCard::paintBackground(list.size, test::black, painter);
+        paint(list, painter, fonts);
         painter.end();
         EXPECT_EQ(renderImage(list, test::black, scale, fonts, Corners::round), card);
     }

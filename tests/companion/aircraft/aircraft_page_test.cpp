@@ -81,7 +81,9 @@ protected:
     SkyFeed feed{stage.errands, stage.pacer.transport()};
     Lookups lookups{stage.errands, stage.decode, stage.pacer.transport()};
     std::vector<QUrl> opened;
-    AircraftPage page{{feed, lookups, [this](const QUrl& url) { opened.push_back(url); }}, stage.fonts};
+    Preferences preferences{stage.scratch.path() / "companion.ini"};
+    AircraftPage page{
+        {feed, lookups, preferences, [this](const QUrl& url) { opened.push_back(url); }}, stage.fonts};
 };
 
 } // namespace
@@ -149,6 +151,30 @@ TEST_F(AircraftPageTest, nobodyIsAskedAboutWhatHasNeitherRouteNorPhoto)
     EXPECT_FALSE(panel().isVisible());
     EXPECT_EQ(stage.asked("/v0/"), 0U);
     EXPECT_EQ(stage.asked(photoPath), 0U);
+}
+
+TEST_F(AircraftPageTest, nobodyIsAskedForAPhotoOfAnAddressOfNoState)
+{
+    std::string made = test::threeAircraft;
+    made.replace(made.find("a1b2c3"), 6, "fffffe");
+    stage.server.answer(test::feedPath, {.body = made});
+    page.showAircraft("fffffe");
+    ASSERT_TRUE(isInDetail());
+    EXPECT_TRUE(test::waitFor([&] { return stage.asked(routePath) == 1; }));
+    EXPECT_FALSE(panel().isVisible());
+    EXPECT_EQ(stage.asked(photoPath), 0U);
+}
+
+TEST_F(AircraftPageTest, figuresAreInTheMeasuresThatWereChosen)
+{
+    preferences.choose(Measures::metric);
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(isInDetail());
+    for (const char* text : {"10,668 m", "838 km/h", "↑ 6.2 m/s", "9.6 km"})
+        EXPECT_THAT(texts(), Contains(text));
+    preferences.choose(Measures::imperial);
+    for (const char* text : {"35,000 ft", "520 mph", "↑ 1,216 ft/min"})
+        EXPECT_THAT(texts(), Contains(text));
 }
 
 TEST_F(AircraftPageTest, anEmergencyCanBeReadOnWhateverTheWindowBecomes)

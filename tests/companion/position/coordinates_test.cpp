@@ -120,7 +120,76 @@ TEST(Coordinates, aGeoUriIsRead)
         {"zoomQuery", "geo:51.4775,-0.461389?z=11&q=a,b", heathrow},
         {"capitalScheme", "GEO:51.4775,-0.461389", heathrow},
         {"whole", "geo:13,48", {13, 48}},
+        {"placeholderAndQuery", "geo:0,0?q=51.4775,-0.461389(Heathrow)", heathrow},
+        {"placeholderAlone", "geo:0,0", {0, 0}},
     });
+}
+
+TEST(Coordinates, bracketsBlanksAndLineBreaksAroundSayNothing)
+{
+    expectRead({
+        {"round", "(51.4775, -0.461389)", heathrow},
+        {"square", "[51.4775, -0.461389]", heathrow},
+        {"aroundEach", "(51.4775) (-0.461389)", heathrow},
+        {"lineBreaks", "\n\n 51.4775, -0.461389 \r\n\t", heathrow},
+        {"lineBreakBetween", "51.4775\n-0.461389", heathrow},
+        {"manyBlanks", std::string(300, ' ') + "51.4775, -0.461389", heathrow},
+        {"slash", "51.4775 / -0.461389", heathrow},
+    });
+}
+
+TEST(Coordinates, aWordMaySayWhichAngleItIs)
+{
+    expectRead({
+        {"short", "lat: 51.4775, lon: -0.461389", heathrow},
+        {"withoutAComma", "lat: 51.4775 lon: -0.461389", heathrow},
+        {"turned", "lon: -0.461389 lat: 51.4775", heathrow},
+        {"query", "lat=51.4775&lng=-0.461389", heathrow},
+        {"long", "Latitude 51.4775, Longitude -0.461389", heathrow},
+        {"behind", "51.4775 lat, -0.461389 long", heathrow},
+        {"twoLines", "Latitude: 51.4775\nLongitude: -0.461389", heathrow},
+        {"decimalComma", "lat: 51,4775; lon: -0,461389", heathrow},
+        {"withLetters", "lat: 51.4775 N, lon: 0.461389 W", heathrow},
+        {"minutes", "lat 51 28 39 lon -0 27 41", heathrow},
+        {"german", "Breite: 51,4775, Länge: -0,461389", heathrow},
+        {"germanCapitals", "LÄNGENGRAD -0.461389 BREITENGRAD 51.4775", heathrow},
+        {"spanish", "latitud 51.4775, longitud -0.461389", heathrow},
+    });
+    expectRefused({
+        {"bothLatitude", "lat: 51.4, lat: 0.4"},
+        {"oneOnly", "lat: 51.4, 0.4"},
+        {"twice", "lat lat 51.4, lon 0.4"},
+        {"againstTheLetter", "lat: 51.4 E, lon: 0.4 N"},
+        {"alone", "lat: lon:"},
+    });
+}
+
+TEST(Coordinates, compassWordsOfFourLanguagesAreRead)
+{
+    expectRead({
+        {"english", "51.4775 North, 0.461389 West", heathrow},
+        {"german", "51,4775° Nord, 0,461389° West", heathrow},
+        {"germanSentence", "51° 28′ 39″ nördlicher Breite, 0° 27′ 41″ westlicher Länge", heathrow},
+        {"germanSouthEast", "33,8688° Süd 151,2093° Ost", {-33.8688, 151.2093}},
+        {"french", "51,4775° nord, 0,461389° ouest", heathrow},
+        {"frenchSentence", "33,8688° de latitude sud, 151,2093° de longitude est", {-33.8688, 151.2093}},
+        {"spanish", "51.4775 norte, 0.461389 oeste", heathrow},
+        {"spanishSouthEast", "33.8688 Sur 151.2093 Este", {-33.8688, 151.2093}},
+        {"before", "Nord 51.4775 West 0.461389", heathrow},
+        {"degreesInWords", "51.4775 degrees north, 0.461389 degrees west", heathrow},
+    });
+}
+
+TEST(Coordinates, theLetterOIsReadInTheUsersLanguageAndNotGuessed)
+{
+    const Coordinates::Reading east{Coordinate{.latitude = 52.5, .longitude = 13.5}};
+    const Coordinates::Reading west{Coordinate{.latitude = 52.5, .longitude = -13.5}};
+    EXPECT_EQ(Coordinates::read("52.5 N, 13.5 O", "de_AT"), east);
+    EXPECT_EQ(Coordinates::read("N 52,5° O 13,5°", "de"), east);
+    EXPECT_EQ(Coordinates::read("52.5 N, 13.5 O", "fr_CA"), west);
+    EXPECT_EQ(Coordinates::read("52.5 N, 13.5 o", "es"), west);
+    EXPECT_EQ(Coordinates::read("52.5 N, 13.5 O"), Coordinates::Reading{Problem::eastOrWest});
+    EXPECT_EQ(Coordinates::read("52.5 N, 13.5 Ost"), east);
 }
 
 TEST(Coordinates, whatIsNoPositionIsUnreadable)
@@ -154,7 +223,7 @@ TEST(Coordinates, whatIsNoPositionIsUnreadable)
         {"twoSeparators", "51.4,, 0.4"},
         {"brokenText", "51.4\xC2, 0.4\xFF"},
         {"zeroByte", std::string{"51.4, 0.4\0", 10}},
-        {"tooLong", std::string(300, ' ') + "51.4, 0.4"},
+        {"tooLong", "51.4," + std::string(300, ' ') + "0.4"},
     });
 }
 

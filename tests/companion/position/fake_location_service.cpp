@@ -59,7 +59,7 @@ QDBusMessage FakeLocationService::answer(const QDBusMessage& message)
         return message.createErrorReply(refusal, "no");
     if (message.member() == "GetAll") {
         const QVariantMap properties{
-            {"Latitude", fix->latitude}, {"Longitude", fix->longitude}, {"Accuracy", 20.0}};
+            {"Latitude", fix->latitude}, {"Longitude", fix->longitude}, {"Accuracy", accuracy}};
         return message.createReply(properties);
     }
     return message.createReply();

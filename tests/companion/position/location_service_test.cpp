@@ -26,11 +26,15 @@ protected:
         QDBusConnection::disconnectFromBus("companion");
     }
 
-    void ask(std::chrono::milliseconds limit = 20s)
+    void ask(const LocationService::Patience& patience = {.good = 20s, .any = 20s})
     {
-        m_service.emplace(QDBusConnection::connectToBus(bus.address(), "companion"), limit);
-        QObject::connect(&*m_service, &LocationService::located,
-            [this](const Coordinate& coordinate) { located = coordinate; });
+        m_service.emplace(QDBusConnection::connectToBus(bus.address(), "companion"), patience);
+        QObject::connect(&*m_service, &LocationService::located, [this](const LocationFix& fix) {
+            located = fix.position;
+            accuracy = fix.accuracy;
+        });
+        QObject::connect(&*m_service, &LocationService::improving,
+            [this](const LocationFix& best) { improvements.push_back(best.accuracy); });
         QObject::connect(
             &*m_service, &LocationService::failed, [this](Failure reason) { failures.push_back(reason); });
         m_service->ask();
@@ -45,6 +49,8 @@ protected:
 
     test::MessageBus bus;
     std::optional<Coordinate> located;
+    std::optional<double> accuracy;
+    std::vector<std::optional<double>> improvements;
     std::vector<Failure> failures;
 
 private:
@@ -68,6 +74,69 @@ TEST_F(LocationServiceTest, tellsThePlaceAndLeavesTheServiceInPeace)
     EXPECT_THAT(fake.calls,
         ElementsAre("GetClient", "DesktopId org.skyvane.Companion", "RequestedAccuracyLevel 8", "Start",
             "GetAll", "Stop"));
+}
+
+TEST_F(LocationServiceTest, waitsForAGoodFixAndTellsOfTheOnesBefore)
+{
+    test::FakeLocationService fake{bus.address()};
+    fake.fix = Coordinate{.latitude = 50.1, .longitude = 8.6};
+    fake.accuracy = 25000;
+    ask();
+    ASSERT_TRUE(test::waitFor([&] { return improvements.size() == 1; }));
+    EXPECT_FALSE(located);
+    EXPECT_EQ(improvements.front(), 25000);
+    fake.accuracy = 40000;
+    fake.tellFix();
+    ASSERT_TRUE(test::waitFor([&] { return improvements.size() == 2; }));
+    EXPECT_EQ(improvements.back(), 25000) << "the better one stands";
+    fake.fix = lisbon;
+    fake.accuracy = 30;
+    fake.tellFix();
+    ASSERT_TRUE(isAnswered());
+    EXPECT_EQ(located, lisbon);
+    EXPECT_EQ(accuracy, 30);
+    EXPECT_TRUE(failures.empty());
+}
+
+TEST_F(LocationServiceTest, takesTheBestFixThatCameInTime)
+{
+    test::FakeLocationService fake{bus.address()};
+    fake.fix = lisbon;
+    fake.accuracy = 1001;
+    ask({.good = 1s, .any = 20s});
+    ASSERT_TRUE(isAnswered());
+    EXPECT_EQ(located, lisbon);
+    EXPECT_EQ(accuracy, 1001);
+    EXPECT_EQ(improvements.size(), 1U);
+}
+
+TEST_F(LocationServiceTest, takesAnyFixOnceItHasWaitedForAGoodOne)
+{
+    test::FakeLocationService fake{bus.address()};
+    ask({.good = 50ms, .any = 20s});
+    ASSERT_TRUE(test::waitFor([&] { return fake.calls.contains("Start"); }));
+    EXPECT_FALSE(test::waitFor([&] { return located || !failures.empty(); }, 200ms));
+    fake.fix = lisbon;
+    fake.accuracy = 25000;
+    fake.tellFix();
+    ASSERT_TRUE(isAnswered());
+    EXPECT_EQ(located, lisbon);
+}
+
+TEST_F(LocationServiceTest, aFixOfUnknownAccuracyIsNoGoodOne)
+{
+    test::FakeLocationService fake{bus.address()};
+    fake.fix = lisbon;
+    for (const double unknown : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN()}) {
+        located.reset();
+        improvements.clear();
+        fake.accuracy = unknown;
+        ask({.good = 1s, .any = 20s});
+        ASSERT_TRUE(isAnswered());
+        EXPECT_EQ(located, lisbon);
+        EXPECT_EQ(accuracy, std::nullopt) << unknown;
+        EXPECT_EQ(improvements.size(), 1U);
+    }
 }
 
 TEST_F(LocationServiceTest, mayBeAskedAgain)
@@ -112,7 +181,7 @@ TEST_F(LocationServiceTest, saysThatItWasDenied)
 TEST_F(LocationServiceTest, saysThatNoFixCameInTime)
 {
     test::FakeLocationService fake{bus.address()};
-    ask(300ms);
+    ask({.good = 100ms, .any = 300ms});
     ASSERT_TRUE(isAnswered());
     EXPECT_THAT(failures, ElementsAre(Failure::noFixInTime));
     EXPECT_TRUE(test::waitFor([&] { return fake.calls.contains("Start") && fake.calls.contains("Stop"); }));
@@ -122,7 +191,7 @@ TEST_F(LocationServiceTest, aServiceThatNeverAnswersIsNotWaitedForLongerEither)
 {
     test::FakeLocationService fake{bus.address()};
     fake.silentMethod = "GetClient";
-    ask(300ms);
+    ask({.good = 100ms, .any = 300ms});
     ASSERT_TRUE(isAnswered());
     EXPECT_THAT(failures, ElementsAre(Failure::noFixInTime));
 }
@@ -161,7 +230,7 @@ TEST_F(LocationServiceTest, aPlaceThatIsNotOnTheGlobeIsNone)
 TEST_F(LocationServiceTest, aQuestionThatIsCancelledGetsNoAnswer)
 {
     test::FakeLocationService fake{bus.address()};
-    ask(200ms);
+    ask({.good = 100ms, .any = 200ms});
     ASSERT_TRUE(test::waitFor([&] { return fake.calls.contains("Start"); }));
     service().cancel();
     EXPECT_TRUE(test::waitFor([&] { return fake.calls.contains("Stop"); }));

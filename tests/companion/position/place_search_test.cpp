@@ -72,6 +72,23 @@ TEST(PlaceSearch, thePlacesAreLoadedOnceAndThenAnsweredFromAtOnce)
     EXPECT_EQ(loads, 1);
 }
 
+TEST(PlaceSearch, theLastQuestionIsAnsweredAgainOnceThereAreMorePlaces)
+{
+    std::latch isAnswered{1};
+    PlaceSearch search{{&twoPlaces, [&] {
+                            isAnswered.wait();
+                            std::vector<Place> more = twoPlaces();
+                            more.front().otherNames = {"Ulissipo"};
+                            return more;
+                        }}};
+    const Answers answers{search};
+    search.ask("uli");
+    ASSERT_TRUE(test::waitFor([&] { return answers.list.size() == 1; }));
+    isAnswered.count_down();
+    ASSERT_TRUE(test::waitFor([&] { return answers.list.size() == 2; }));
+    EXPECT_THAT(answers.list, ElementsAre("uli: 0", "uli: 1"));
+}
+
 TEST(PlaceSearch, mayEndWhileItLoads)
 {
     auto search = std::make_unique<PlaceSearch>(&twoPlaces);

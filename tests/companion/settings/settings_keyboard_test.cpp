@@ -57,12 +57,12 @@ TEST_F(SettingsKeyboardTest, fromTheFirstStartToAWrittenHomeWithKeysAlone)
     ASSERT_TRUE(isWritten([](const auto& config) { return config.home.label == "Lisbon"; }));
     press({"alt+n"});
     type("Casa");
-    press({"Tab", "Right", "Right"});
+    press({"Tab", "Tab", "Right", "Right"});
     ASSERT_TRUE(
         isWritten([](const auto& config) { return config.home.label == "Casa" && config.radiusNM == 27; }));
     press({"Tab", "Tab", "Right"});
     ASSERT_TRUE(isWritten([](const auto& config) { return config.distanceUnit == "km"; }));
-    press({"Tab", "Right"});
+    press({"Tab", "Tab", "Right"});
     ASSERT_TRUE(isWritten([](const auto& config) { return config.widgetColorHex == "#a8f53d"; }));
     press({"alt+r", "Left"});
     ASSERT_TRUE(isWritten([](const auto& config) { return config.radiusNM == 26; }));

@@ -63,7 +63,7 @@ protected:
         const SettingsPage::Surroundings surroundings{
             .loadPlaces = &twoPlaces, .pace = {.choosing = 20ms, .typing = 100ms, .calm = 10ms}};
         page = std::make_unique<SettingsPage>(
-            fonts, QDBusConnection::connectToBus(bus.address(), "settings page"), surroundings);
+            fonts, QDBusConnection::connectToBus(bus.address(), "settings page"), preferences, surroundings);
         QObject::connect(&*page, &SettingsPage::changed, [this] { ++changes; });
         page->resize(1060, 740);
         page->show();
@@ -135,6 +135,7 @@ protected:
     Pinned<HomeFolder> home{{.path = scratch.path()}};
     Pinned<Locale> locale{{.numbers = "en_US", .times = "en_US", .timeZone = "UTC"}};
     MessageBus bus;
+    Preferences preferences{scratch.path() / "companion.ini"};
     FontMeasurer fonts;
     int changes = 0;
     std::unique_ptr<SettingsPage> page;

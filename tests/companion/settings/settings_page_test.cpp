@@ -1,3 +1,4 @@
+#include "companion/map/earth_map.h"
 #include "companion/settings/widget_previews.h"
 #include "tests/companion/position/fake_location_service.h"
 #include "tests/companion/settings/settings_page_fixture.h"
@@ -6,6 +7,7 @@
 #include <QColorDialog>
 #include <QMessageBox>
 #include <QSlider>
+#include <QTest>
 
 #include <fstream>
 
@@ -288,10 +290,166 @@ TEST_F(SettingsPageTest, theSystemIsAskedWhereItIs)
     open();
     button("Locate Me").click();
     EXPECT_TRUE(says("Asking where you are"));
-    EXPECT_TRUE(isWritten({.home = {.latitude = 38.71667, .longitude = -9.13333, .label = "Home"},
+    EXPECT_TRUE(isWritten({.home = {.latitude = 38.71667, .longitude = -9.13333, .label = "Lisbon"},
         .radiusNM = 25,
         .distanceUnit = "mi"}));
     EXPECT_EQ(position().text(), "38.71667, -9.13333");
+    EXPECT_TRUE(says("Found by the location service of your system, to about 70 ft."));
+    EXPECT_TRUE(says("In Lisbon"));
+}
+
+TEST_F(SettingsPageTest, whereTheSystemTakesOneToBeCanBeUndone)
+{
+    SharedState::write(london());
+    test::FakeLocationService fake{bus.address()};
+    fake.fix = Coordinate{.latitude = 38.71667, .longitude = -9.13333};
+    open();
+    EXPECT_FALSE(button("Undo").isVisible());
+    button("Locate Me").click();
+    ASSERT_TRUE(test::waitFor(
+        [&] { return SharedState::read()->home.label == "Lisbon" || button("Undo").isVisible(); }));
+    ASSERT_TRUE(test::waitFor([&] { return SharedState::read()->home.latitude == 38.71667; }));
+    button("Undo").click();
+    EXPECT_TRUE(isWritten(london()));
+    EXPECT_EQ(position().text(), "51.5, -0.12");
+    EXPECT_EQ(named("Name").text(), "London");
+    EXPECT_FALSE(button("Undo").isVisible());
+    EXPECT_FALSE(says("Found by"));
+    EXPECT_FALSE(says("In Lisbon"));
+}
+
+TEST_F(SettingsPageTest, theFirstHomeIsUndoneToNone)
+{
+    test::FakeLocationService fake{bus.address()};
+    fake.fix = Coordinate{.latitude = 38.71667, .longitude = -9.13333};
+    open();
+    button("Locate Me").click();
+    ASSERT_TRUE(test::waitFor([&] { return SharedState::read().has_value(); }));
+    button("Undo").click();
+    EXPECT_TRUE(test::waitFor([&] { return !SharedState::read(); }));
+    EXPECT_TRUE(position().text().isEmpty());
+    EXPECT_TRUE(says("Welcome!"));
+    EXPECT_TRUE(staysUnwritten(std::nullopt));
+}
+
+TEST_F(SettingsPageTest, aCoarseFixIsSaidWhileABetterOneIsWaitedFor)
+{
+    test::FakeLocationService fake{bus.address()};
+    fake.fix = Coordinate{.latitude = 50.1, .longitude = 8.6};
+    fake.accuracy = 25000;
+    open();
+    button("Locate Me").click();
+    EXPECT_TRUE(test::waitFor([&] { return says("So far to about 16 mi."); }));
+    EXPECT_TRUE(staysUnwritten(std::nullopt));
+    button("Stop Asking").click();
+    EXPECT_FALSE(says("So far"));
+    EXPECT_TRUE(staysUnwritten(std::nullopt));
+}
+
+TEST_F(SettingsPageTest, aPositionTakesThePlaceAndItsNameAlong)
+{
+    open();
+    type(place(), "lisb");
+    ASSERT_TRUE(test::waitFor([&] { return page->findChild<PlaceField*>()->offered().rowCount() == 1; }));
+    press(place(), Qt::Key_Return);
+    ASSERT_EQ(place().text(), "Lisbon, Portugal");
+    type(position(), "-12.03, -77.03");
+    EXPECT_TRUE(place().text().isEmpty());
+    EXPECT_TRUE(says("3 mi south-west of Lima"));
+    EXPECT_EQ(named("Name").text(), "Lima");
+    press(position(), Qt::Key_Return);
+    EXPECT_TRUE(isWritten({.home = {.latitude = -12.03, .longitude = -77.03, .label = "Lima"},
+        .radiusNM = 25,
+        .distanceUnit = "mi"}));
+    type(position(), "0, 0");
+    EXPECT_EQ(named("Name").text(), "Home") << "nowhere";
+    type(position(), "38.71667, -9.13333");
+    EXPECT_EQ(named("Name").text(), "Lisbon");
+    EXPECT_TRUE(says("In Lisbon"));
+}
+
+TEST_F(SettingsPageTest, aNameOfOnesOwnStaysWhereverHomeGoes)
+{
+    open();
+    type(position(), "38.71667, -9.13333");
+    ASSERT_TRUE(test::waitFor([&] { return named("Name").text() == "Lisbon"; }));
+    type(named("Name"), "Casa");
+    type(position(), "-12, -77");
+    press(position(), Qt::Key_Return);
+    EXPECT_TRUE(isWritten({.home = {.latitude = -12, .longitude = -77, .label = "Casa"},
+        .radiusNM = 25,
+        .distanceUnit = "mi"}));
+}
+
+TEST_F(SettingsPageTest, aPositionThatTurnsOutToBeNoneLeavesHomeWhereItWas)
+{
+    SharedState::Config lisbon = london();
+    lisbon.home = {.latitude = 38.71667, .longitude = -9.13333, .label = "Lisbon"};
+    SharedState::write(lisbon);
+    open();
+    type(position(), "-12, -77");
+    ASSERT_TRUE(test::waitFor([&] { return named("Name").text() == "Lima"; }));
+    type(position(), "-12, -77x");
+    EXPECT_EQ(named("Name").text(), "Lisbon");
+    EXPECT_FALSE(says("Lima"));
+    EXPECT_TRUE(staysUnwritten(lisbon));
+}
+
+TEST_F(SettingsPageTest, aPositionOrALinkIsTakenInThePlaceLineToo)
+{
+    open();
+    const auto& offered = page->findChild<PlaceField*>()->offered();
+    type(place(), "https://www.openstreetmap.org/#map=15/38.71667/-9.13333");
+    ASSERT_EQ(offered.rowCount(), 1);
+    EXPECT_EQ(offered.index(0, 0).data().toString(), "38.71667, -9.13333");
+    press(place(), Qt::Key_Return);
+    EXPECT_TRUE(isWritten({.home = {.latitude = 38.71667, .longitude = -9.13333, .label = "Lisbon"},
+        .radiusNM = 25,
+        .distanceUnit = "mi"}));
+    EXPECT_TRUE(place().text().isEmpty());
+    EXPECT_TRUE(says("In Lisbon"));
+}
+
+TEST_F(SettingsPageTest, aShortPlusCodeIsAtHomeInTheTownBehindIt)
+{
+    open();
+    type(place(), "PV88+MM Lisbon");
+    const auto& offered = page->findChild<PlaceField*>()->offered();
+    ASSERT_TRUE(test::waitFor([&] { return offered.rowCount() == 1; }));
+    EXPECT_EQ(offered.index(0, 0).data().toString(), "PV88+MM Lisbon, Portugal");
+    press(place(), Qt::Key_Return);
+    ASSERT_TRUE(test::waitFor([&] { return SharedState::read().has_value(); }));
+    EXPECT_NEAR(SharedState::read()->home.latitude, 38.71667, 0.03);
+    EXPECT_NEAR(SharedState::read()->home.longitude, -9.13333, 0.03);
+    EXPECT_EQ(SharedState::read()->home.label, "Lisbon");
+    type(position(), "PV88+MM");
+    press(position(), Qt::Key_Return);
+    EXPECT_TRUE(says("lacks its beginning"));
+}
+
+TEST_F(SettingsPageTest, aNameThatWasNotChosenGoesWhenItsLineIsLeft)
+{
+    open();
+    type(place(), "lisb");
+    ASSERT_TRUE(test::waitFor([&] { return page->findChild<PlaceField*>()->offered().rowCount() == 1; }));
+    press(place(), Qt::Key_Return);
+    ASSERT_EQ(place().text(), "Lisbon, Portugal");
+    type(place(), "xyz");
+    position().setFocus();
+    EXPECT_EQ(place().text(), "Lisbon, Portugal");
+    EXPECT_FALSE(says("No place of this name"));
+}
+
+TEST_F(SettingsPageTest, whatTheServiceFailedAtIsForgottenWithTheNextChoice)
+{
+    open();
+    button("Locate Me").click();
+    ASSERT_TRUE(test::waitFor([&] { return says("is not running"); }));
+    type(place(), "lisb");
+    ASSERT_TRUE(test::waitFor([&] { return page->findChild<PlaceField*>()->offered().rowCount() == 1; }));
+    press(place(), Qt::Key_Return);
+    EXPECT_FALSE(says("is not running"));
+    EXPECT_FALSE(says("Asking where you are"));
 }
 
 TEST_F(SettingsPageTest, whyTheSystemDidNotSayIsSaidAtTheField)
@@ -330,6 +488,60 @@ TEST_F(SettingsPageTest, everyControlHasANameForAScreenReader)
     }
     EXPECT_THAT(unnamed, testing::IsEmpty())
         << (unnamed.empty() ? "" : unnamed.front()->metaObject()->className());
+}
+
+TEST_F(SettingsPageTest, aClickOnTheMapPutsHomeThere)
+{
+    SharedState::write(london());
+    open();
+    auto* map = page->findChild<EarthMap*>();
+    const QPointF there = map->frame().place(Coordinate{.latitude = 51.7, .longitude = 0.1});
+    ASSERT_TRUE(map->rect().contains(there.toPoint()));
+    QTest::mouseClick(map, Qt::LeftButton, {}, there.toPoint());
+    ASSERT_TRUE(test::waitFor([&] { return SharedState::read()->home.latitude != 51.5; }));
+    EXPECT_NEAR(SharedState::read()->home.latitude, 51.7, 0.01);
+    EXPECT_NEAR(SharedState::read()->home.longitude, 0.1, 0.01);
+    EXPECT_TRUE(position().text().startsWith("51."));
+    button("Undo").click();
+    EXPECT_TRUE(isWritten(london()));
+}
+
+TEST_F(SettingsPageTest, theMapShowsHomeWithItsRadius)
+{
+    SharedState::write(london());
+    open();
+    const auto* map = page->findChild<EarthMap*>();
+    const double before = map->frame().pointsPerNM();
+    EXPECT_NEAR(
+        map->frame().place(Coordinate{.latitude = 51.5, .longitude = -0.12}).x(), map->width() / 2.0, 1);
+    slider().setValue(100);
+    EXPECT_LT(map->frame().pointsPerNM(), before / 2);
+}
+
+TEST_F(SettingsPageTest, theMeasuresOfTheCompanionAreItsOwn)
+{
+    SharedState::write(london());
+    open();
+    button("Metres, km/h").click();
+    EXPECT_EQ(preferences.measures(), Measures::metric);
+    EXPECT_EQ(changes, 0) << "the widgets' file stays as it is";
+    EXPECT_EQ(SharedState::read(), london());
+    page.reset();
+    open();
+    EXPECT_TRUE(button("Metres, km/h").isChecked());
+}
+
+TEST_F(SettingsPageTest, inASmallWindowEveryFieldIsWideEnoughToRead)
+{
+    SharedState::write(london());
+    open();
+    page->resize(640, 400);
+    ASSERT_TRUE(test::waitFor([&] { return page->width() == 640; }));
+    for (const auto* line : std::initializer_list<const QLineEdit*>{&place(), &position(), &named("Name")})
+        EXPECT_GE(line->width(), line->fontMetrics().horizontalAdvance("-33.868820, 151.209290"))
+            << line->accessibleName().toStdString();
+    const auto* map = page->findChild<EarthMap*>();
+    EXPECT_LE(map->mapTo(page.get(), QPoint{map->width(), 0}).x(), 640);
 }
 
 } // namespace skyvane

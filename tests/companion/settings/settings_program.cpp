@@ -31,7 +31,8 @@ int main(int argc, char* argv[])
     if (argv[2] == std::string_view{"dark"})
         QApplication::setPalette(darkPalette());
     const skyvane::FontMeasurer fonts;
-    skyvane::SettingsPage page{fonts, QDBusConnection::systemBus()};
+    skyvane::Preferences preferences{std::filesystem::path{argv[1]} / "companion.ini"};
+    skyvane::SettingsPage page{fonts, QDBusConnection::systemBus(), preferences};
     QObject::connect(&page, &skyvane::SettingsPage::changed, [] { std::cout << "changed" << std::endl; });
     page.setWindowTitle(QStringLiteral("Settings"));
     page.resize(1060, 740);

@@ -23,7 +23,7 @@ protected:
 
     void show(std::vector<Aircraft> aircraft)
     {
-        model.show(std::move(aircraft), "km", ScopePalette::standard());
+        model.show(std::move(aircraft), {.distance = "km"}, ScopePalette::standard());
     }
 
     std::vector<std::string> hexes() const

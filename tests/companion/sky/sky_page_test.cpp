@@ -1,12 +1,14 @@
 #include "companion/look/details.h"
 #include "companion/look/notice_bar.h"
 #include "companion/sky/empty_sky.h"
+#include "companion/sky/sky_cells.h"
 #include "companion/sky/sky_page.h"
 #include "companion/sky/sky_table.h"
 #include "desk/display_list_view.h"
 #include "platform/pinned.h"
 #include "tests/companion/companion_stage.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -60,7 +62,8 @@ protected:
 
     test::CompanionStage stage;
     SkyFeed feed{stage.errands, stage.pacer.transport(), 300ms};
-    SkyPage page{feed, stage.fonts};
+    Preferences preferences{stage.scratch.path() / "companion.ini"};
+    SkyPage page{feed, preferences, stage.fonts};
 };
 
 } // namespace
@@ -261,6 +264,36 @@ TEST_F(SkyPageTest, theScopeGoesWhereThereIsNoRoomForIt)
     EXPECT_TRUE(page.findChild<DisplayListView*>()->isVisible());
     page.resize(700, 600);
     EXPECT_TRUE(test::waitFor([&] { return !page.findChild<DisplayListView*>()->isVisible(); }));
+}
+
+TEST_F(SkyPageTest, figuresAreInTheMeasuresThatWereChosen)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    const auto cell = [&](SkyColumn column) {
+        return table().model()->index(0, static_cast<int>(column)).data().toString();
+    };
+    EXPECT_EQ(cell(SkyColumn::altitude), "35,000 ft");
+    EXPECT_EQ(cell(SkyColumn::climb), "↑ 1,216 ft/min");
+    preferences.choose(Measures::metric);
+    EXPECT_EQ(cell(SkyColumn::altitude), "10,668 m");
+    EXPECT_EQ(cell(SkyColumn::climb), "↑ 6.2 m/s");
+    EXPECT_EQ(cell(SkyColumn::distance), "9.6 km") << "distances have a unit of their own";
+}
+
+TEST_F(SkyPageTest, theMapBelowTheScopeIsSwitchedBesideIt)
+{
+    auto* box = page.findChild<QCheckBox*>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->isVisible());
+    EXPECT_TRUE(box->isChecked());
+    box->click();
+    EXPECT_FALSE(preferences.isMapShown());
+    preferences.showMap(true);
+    EXPECT_TRUE(box->isChecked());
+    page.resize(700, 600);
+    EXPECT_FALSE(box->isVisible()) << "as the scope";
 }
 
 } // namespace skyvane
