@@ -31,13 +31,19 @@ class Scene:
     # The widgets
 
     def start_widgets(self):
-        """Until they have their first sky."""
+        """Until they have their first sky, or the host says that there is no place for them."""
         self.bare = self.session.settled()
         self.session.start("host", "skyvane-host")
-        need(lambda: "/v2/point" in self.asked(), f"the feed is not asked: {self.session.words_of('host')[-300:]}", 30)
+        eventually(lambda: "/v2/point" in self.asked() or self.refusals(), 30)
+        if not self.refusals() and "/v2/point" not in self.asked():
+            raise Failure(f"the feed is not asked: {self.session.words_of('host')[-300:]}")
         time.sleep(1)
         self.picture = self.session.settled()
         self.find_widgets()
+
+    def refusals(self):
+        """What the host says where a desktop gives widgets no place."""
+        return [line for line in self.session.words_of("host").splitlines() if "no place below its windows" in line]
 
     def find_widgets(self):
         """By what has changed since there were none. A window manager may have drawn a line around them."""

@@ -19,7 +19,6 @@ def scale(scene):
             wanted = [tuple(round(factor * length) for length in size) for size in SIZES.values()]
             boxes = lambda: [box.size for box in scene.session.picture().changes(plain)]  # noqa: E731
             if not eventually(lambda: all(any(is_near(size, box) for box in boxes()) for size in wanted), 5):  # noqa: B023
-                scene.session.keep(f"scale-{factor}")
                 raise Failure(f"at {factor} widgets of {boxes()}")
     finally:
         scene.desktop.change_scale(scene.session, 1)
@@ -72,6 +71,5 @@ def restart(scene):
     scene.all_seen(limit=8)
     time.sleep(0.5)  # What is back stays.
     if gone := scene.all_seen(limit=0.5):
-        scene.session.keep("restart")
         raise Failure(f"{', '.join(gone)} not to be seen ten seconds after the restart")
     return None

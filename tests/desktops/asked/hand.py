@@ -39,7 +39,6 @@ def link(scene):
     """A click on a row opens that aircraft in the companion, which was not running."""
     scene.session.click(scene.row(1))
     if not opened(scene, 1):
-        scene.session.keep("link")
         raise Failure("a click on the second row opens nothing")
     scene.session.settled(5)
     scene.session.keep("companion")
@@ -56,7 +55,6 @@ def front(scene):
     extent = scene.editor_extent()
     before = scene.session.picture().share_of(MAGENTA, extent)
     if before < 0.9:
-        scene.session.keep("front-before")
         raise Failure(f"a new window is not in front: {before:.0%} of it to be seen")
     scene.session.click(scene.row(3))
     try:
@@ -82,8 +80,7 @@ def drag(scene):
     for (when, place), picture in zip(wanted.items(), (*halves, scene.session.settled(3))):
         stands = [change for change in picture.changes(before) if change.size == box.size and change != box]
         if stands != [scene.snapped(place)]:
-            scene.session.keep("drag")
-            raise Failure(f"{when} at {', '.join(map(str, stands)) or 'no place'}, not {scene.snapped(place)}")
+                raise Failure(f"{when} at {', '.join(map(str, stands)) or 'no place'}, not {scene.snapped(place)}")
     scene.look()
 
 

@@ -12,7 +12,6 @@ def below(scene):
     editor = scene.open_editor("over")
     covered = lambda: all(scene.seen(name) < 0.05 for name in scene.places)  # noqa: E731
     if not eventually(covered, 3):
-        scene.session.keep("below")
         above = [name for name in scene.places if scene.seen(name) >= 0.05]
         raise Failure(f"{', '.join(above)} above a window that covers the screen")
     scene.close_editor(editor)
@@ -34,7 +33,6 @@ def clicked(scene):
     time.sleep(0.5)
     share = scene.session.picture().share_of(MAGENTA, hidden)
     if share < 0.98:
-        scene.session.keep("clicked")
         raise Failure(f"a click raises it: {share:.0%} of what was covered at {hidden} still is")
     scene.close_editor(editor)
 

@@ -5,7 +5,12 @@ from session import Failure
 
 
 def place(scene):
-    """Three, of the right sizes, down the right edge of the room that panels leave."""
+    """Three, of the right sizes, down the right edge of the room that panels leave. Where there is no place below the windows, none,
+    and the host says so once."""
+    if refusals := scene.refusals():
+        if len(refusals) != 1 or not scene.desktop.may_give_no_place:
+            raise Failure(f"said {len(refusals)} times: {refusals[0]}")
+        return refusals[0].partition(": ")[2]
     if not scene.places:
         raise Failure(f"not three widgets of their sizes, but changes at {', '.join(map(str, scene.changes)) or 'no place'}")
     area = scene.desktop.work_area(scene.session)
@@ -18,6 +23,7 @@ def place(scene):
         if box.right != edge or abs(box.top - top) >= 8:
             raise Failure(f"{name} at {box}, not with its right edge at {edge} and its top at {top}, in {area}")
         top = box.bottom + 8
+    return None
 
 
 def panel(scene):

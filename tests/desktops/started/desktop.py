@@ -21,6 +21,7 @@ class Desktop:
     variables = {}  # That a log-in to it sets.
     has_services = True  # Its own, on the message bus.
     tiles = False  # Its windows stand side by side.
+    may_give_no_place = False  # For windows below others, to builds that do not know how to ask for it.
     flaws = {}  # What is the desktop's own fault, by behaviour: why, in the words of its own that show it.
     without = NOT_TRIED  # What it cannot be asked, by behaviour: why.
 
@@ -48,7 +49,7 @@ class Desktop:
             words += [f"{window.title} lacks {state}" for state in without if state not in window.states]
             if DEMANDING in window.states:
                 words.append(f"{window.title} has {DEMANDING}")
-        return words if x11.widgets(session) else ["no widget among _NET_CLIENT_LIST_STACKING"]
+        return words
 
     def restart(self, session):
         """Ends what manages the windows as a crash would, and has it started again as the session would."""

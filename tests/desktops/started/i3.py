@@ -2,7 +2,8 @@ from picture import Box
 from session import HEIGHT, WIDTH
 from started.desktop import NOT_TRIED, XDesktop
 
-RULES = """font pango:monospace 8
+RULES = """# i3 config file (v4)
+font pango:monospace 8
 for_window [title="^Editor, wide$"] floating enable, resize set 1300 600, move position 150 150
 for_window [class="skyvane"] floating enable
 """

@@ -15,6 +15,7 @@ class This(NestedDesktop):
     title = "sway 1.7 (Wayland)"
     packages = ("sway", "xwayland", "qt6-wayland")
     has_services = False
+    may_give_no_place = True
     variables = {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman", "WLR_X11_OUTPUTS": "1", "XDG_CURRENT_DESKTOP": "sway"}
     without = NOT_TRIED | {"shown desktop": "sway cannot show the desktop"}
 
