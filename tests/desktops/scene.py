@@ -61,7 +61,7 @@ class Scene:
         """How much of a widget's picture is there, from 0 to 1. Its time may have changed, its card has not."""
         return (now or self.session.picture()).likeness(self.picture, self.places[name])
 
-    def all_seen(self, limit=3):
+    def all_seen(self, limit=5):
         """Names of the widgets that do not come to be seen."""
         eventually(lambda: all(self.seen(name) > 0.9 for name in self.places), limit)
         return [name for name in self.places if self.seen(name) <= 0.9]
@@ -125,7 +125,7 @@ class Scene:
         """Whether that key reaches the editor."""
         before = self.typed().count(letter)
         self.session.press_key(letter)
-        return bool(eventually(lambda: self.typed().count(letter) > before, 2))
+        return bool(eventually(lambda: self.typed().count(letter) > before, 4))
 
     def snapped(self, box):
         """Where a widget that is dropped there comes to stand, far from others."""

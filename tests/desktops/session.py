@@ -67,6 +67,8 @@ class Session:
         self.environment = dict(os.environ)  # Of programs on the desktop.
         self.outside = {}  # Of the user's hand: the screen that a nested compositor is shown on.
         self.processes = {}
+        for log in self.results.glob("*.log"):
+            log.unlink()
 
     def start(self, name, *command, **environment):
         """In the background, its words in NAME.log."""

@@ -72,16 +72,25 @@ def drag(scene):
     """A widget follows the pointer, and stands where it is dropped, on its grid."""
     box = scene.places["nearest"]
     across, down = -1008, 402
-    halves = []
     start = box.middle
     before = scene.session.settled(3)
-    scene.session.drag(start, (start[0] + across, start[1] + down), at_half=lambda: halves.append(scene.session.picture()))
-    wanted = {"in the middle of a drag": box.moved(across // 2, down // 2), "after a drag": box.moved(across, down)}
-    for (when, place), picture in zip(wanted.items(), (*halves, scene.session.settled(3))):
-        stands = [change for change in picture.changes(before) if change.size == box.size and change != box]
-        if stands != [scene.snapped(place)]:
-                raise Failure(f"{when} at {', '.join(map(str, stands)) or 'no place'}, not {scene.snapped(place)}")
+    words = []
+
+    def expect(when, wanted):
+        wanted = scene.snapped(wanted)
+        changes = lambda: scene.session.picture().changes(before)  # noqa: E731
+        stands = lambda: [change for change in changes() if change.size == box.size and change != box]  # noqa: E731
+        if not eventually(lambda: stands() == [wanted], 3):
+            words.append(f"{when} at {', '.join(map(str, stands())) or 'no place'}, not {wanted}")
+            scene.session.keep("drag")
+
+    half = box.moved(across // 2, down // 2)
+    end = (start[0] + across, start[1] + down)
+    scene.session.drag(start, end, at_half=lambda: expect("in the middle of a drag", half))
+    expect("after a drag", box.moved(across, down))
     scene.look()
+    if words:
+        raise Failure("; ".join(words))
 
 
 def open_menu(scene, place):
