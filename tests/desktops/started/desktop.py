@@ -116,6 +116,7 @@ class XDesktop(Desktop):
         session.run("xrandr", "--output", name, "--mode", mode, *words)
 
     def add_screen(self, session):
+        session.run("xrandr", "--addmode", "DUMMY1", "1280x800")
         self.add_output(session, "DUMMY1", "1280x800", "--pos", f"{WIDTH}x0")
 
     def remove_screen(self, session):
