@@ -3,7 +3,7 @@ from started.desktop import BACKDROP, NOT_TRIED, PANEL, XDesktop
 
 CHANNEL = """<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-desktop" version="1.0">
-  <property name="backdrop" type="empty"><property name="screen0" type="empty"><property name="monitorscreen" type="empty">
+  <property name="backdrop" type="empty"><property name="screen0" type="empty"><property name="monitorDUMMY0" type="empty">
     <property name="workspace0" type="empty"><property name="last-image" type="string" value="{}"/></property>
     <property name="workspace1" type="empty"><property name="last-image" type="string" value="{}"/></property>
   </property></property></property>
