@@ -34,6 +34,12 @@ std::string nameOf(Reason reason)
     return "military";
 }
 
+std::string identity(const Aircraft& aircraft, Reason reason)
+{
+    constexpr std::size_t enough = 512; // Bytes of an address of megabytes.
+    return Unicode::oneLine(nameOf(reason) + "/" + aircraft.hex.substr(0, enough));
+}
+
 struct Found {
     Reason reason;
     SkyAlert alert;
@@ -98,7 +104,7 @@ private:
         m_found.push_back({
             .reason = reason,
             .alert = {
-                .id = Unicode::oneLine(nameOf(reason) + "/" + aircraft.hex),
+                .id = identity(aircraft, reason),
                 .at = at,
                 .title = std::move(words.title),
                 .body = std::move(words.body),

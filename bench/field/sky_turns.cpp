@@ -1,6 +1,7 @@
 // The companion's window on the sky page, which asks for the sky anew and shows it with each turn.
 
 #include "bench/field/turns.h"
+#include "companion/alerts/alert_store.h"
 #include "companion/app/appearance.h"
 #include "companion/feed/pacer.h"
 #include "companion/host_switch/host_control.h"
@@ -27,14 +28,17 @@ int main(int argc, char* argv[])
     Lookups lookups{errands, /*decode=*/{}, pacer.transport()};
     HostControl host{bus, {}};
     const Appearance appearance{bus};
+    AlertStore alerts{folder.path() / "alerts.json"};
     const FontMeasurer fonts;
     MainWindow window{{
         .feed = feed,
         .lookups = lookups,
         .host = host,
+        .alerts = alerts,
         .fonts = fonts,
         .systemBus = QDBusConnection::systemBus(),
         .open = {},
+        .showSampleAlert = {},
         .autostart = {.own = folder.path(), .systemWide = {}},
         .memory = folder.path() / "companion.ini",
     }};

@@ -6,6 +6,7 @@
 #include "companion/aircraft/route_panel.h"
 #include "companion/aircraft/watch_words.h"
 #include "companion/aircraft/where_to_look.h"
+#include "companion/alerts/star_button.h"
 #include "companion/look/contrast.h"
 #include "companion/look/credits.h"
 #include "companion/look/notice_bar.h"
@@ -76,6 +77,7 @@ AircraftPage::AircraftPage(AircraftSources sources, const FontMeasurer& fonts, Q
     , m_photo(new PhotoPanel{m_sources.open})
     , m_scope(new DisplayListView{fonts})
     , m_name(plainLabel(TypeScale::display(font())))
+    , m_star(new StarButton)
     , m_identity(plainLabel(font()))
     , m_alarm(plainLabel(TypeScale::strong(font())))
     , m_routePanel(new RoutePanel)
@@ -101,6 +103,8 @@ AircraftPage::AircraftPage(AircraftSources sources, const FontMeasurer& fonts, Q
     connect(&m_sources.feed, &SkyFeed::changed, this, &AircraftPage::showReport);
     connect(&m_sources.preferences, &Preferences::changed, this, &AircraftPage::showReport);
     connect(m_notice, &NoticeBar::actionTriggered, &m_sources.feed, &SkyFeed::refresh);
+    connect(m_star, &QToolButton::clicked, this, &AircraftPage::toggleStar);
+    connect(&m_sources.alerts, &AlertStore::changed, this, &AircraftPage::showStar);
     connect(m_empty, &EmptySky::actionTriggered, this, [this] {
         if (m_watch && m_watch->state() == AircraftWatch::State::noHome)
             emit settingsWanted();
@@ -128,7 +132,10 @@ QWidget* AircraftPage::makeDetails()
     auto* column = new QVBoxLayout{details};
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
-    column->addWidget(m_name);
+    auto* title = new QHBoxLayout;
+    title->addWidget(m_name, /*stretch=*/1);
+    title->addWidget(m_star, 0, Qt::AlignTop);
+    column->addLayout(title);
     column->addWidget(m_identity);
     column->addWidget(m_alarm);
     column->addWidget(m_routePanel);
@@ -189,6 +196,7 @@ void AircraftPage::showDetails(const Aircraft& aircraft)
 {
     const SkyEntry& entry = m_sources.feed.report().entry;
     m_name->setText(toQString(aircraft.displayName()));
+    showStar();
     showText(*m_identity, AircraftWords::identity(aircraft));
     showText(*m_alarm, AircraftWords::alarm(aircraft));
     colorAlarm(aircraft.blipColor(entry.palette()));
@@ -199,6 +207,19 @@ void AircraftPage::showDetails(const Aircraft& aircraft)
         aircraft, {.distance = entry.unit, .measures = m_sources.preferences.measures()}));
     m_scope->showCard(RadarView{.entry = alone(entry, aircraft)}.body(), entry.palette().background);
     lookUpRoute(aircraft);
+}
+
+void AircraftPage::toggleStar()
+{
+    if (m_watch && m_watch->aircraft())
+        m_sources.alerts.toggleStar(*m_watch->aircraft());
+    showStar(); // The click has changed it, whatever came of it.
+}
+
+void AircraftPage::showStar()
+{
+    if (m_watch && m_watch->aircraft())
+        m_star->setOn(m_sources.alerts.isStarred(*m_watch->aircraft()));
 }
 
 void AircraftPage::colorAlarm(const Color& color)

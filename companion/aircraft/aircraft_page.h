@@ -1,6 +1,7 @@
 #pragma once
 
 #include "companion/aircraft/aircraft_watch.h"
+#include "companion/alerts/alert_store.h"
 #include "companion/feed/lookups.h"
 #include "companion/look/heading.h"
 #include "companion/look/preferences.h"
@@ -23,12 +24,14 @@ class FactGrid;
 class NoticeBar;
 class PhotoPanel;
 class RoutePanel;
+class StarButton;
 class DisplayListView;
 
 /// What the page looks things up with.
 struct AircraftSources {
     SkyFeed& feed;
     Lookups& lookups;
+    AlertStore& alerts;
     Preferences& preferences;
     std::function<void(const QUrl&)> open; ///< Shows a page on the web.
 };
@@ -58,6 +61,8 @@ private:
     QWidget* makePictures();
     void showReport();
     void showDetails(const Aircraft& aircraft);
+    void toggleStar();
+    void showStar();
     void colorAlarm(const Color& color);
     void lookUpRoute(const Aircraft& aircraft);
 
@@ -74,6 +79,7 @@ private:
     PhotoPanel* m_photo;
     DisplayListView* m_scope;
     QLabel* m_name;
+    StarButton* m_star;
     QLabel* m_identity;
     QLabel* m_alarm;
     RoutePanel* m_routePanel;

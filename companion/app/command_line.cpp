@@ -30,6 +30,11 @@ struct Option {
 constexpr std::array options{
     Option{.name = "--settings", .help = "open the settings", .meaning = &CommandLine::showsSettings},
     Option{
+        .name = "--alerts",
+        .help = "open the page on which you choose what to be told of",
+        .meaning = &CommandLine::showsAlerts,
+    },
+    Option{
         .name = "--service",
         .help = "start without a window and wait to be asked over D-Bus",
         .meaning = &CommandLine::isService,
@@ -38,7 +43,7 @@ constexpr std::array options{
     Option{.name = "--help", .help = "print this text", .meaning = help, .shortName = "-h"},
 };
 
-constexpr std::string_view synopsis = "usage: skyvane [--settings] [LINK]\n";
+constexpr std::string_view synopsis = "usage: skyvane [--settings | --alerts] [LINK]\n";
 
 Printed help()
 {
@@ -93,7 +98,7 @@ std::variant<CommandLine, Printed> readCommandLine(const std::vector<std::string
             line.*std::get<bool CommandLine::*>(option->meaning) = true;
         }
     }
-    if (line.link && (line.showsSettings || line.isService))
+    if (line.link && (line.showsSettings || line.showsAlerts || line.isService))
         return refusal("\"" + *line.link + "\" goes with no option");
     return line;
 }

@@ -10,6 +10,7 @@ namespace skyvane {
 /// What the program was started for.
 struct CommandLine {
     bool showsSettings = false;
+    bool showsAlerts = false;
     bool isService = false; ///< Started by the message bus: shows nothing until it is asked to.
     std::optional<std::string> link{}; ///< As it was typed, not checked.
 

@@ -35,6 +35,8 @@ void CompanionService::ActivateAction(
 {
     if (action == settingsAction())
         m_actions.showSettings(Activation::tokenIn(platformData));
+    else if (action == alertsAction())
+        m_actions.showAlerts(Activation::tokenIn(platformData));
     else
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("there is no action \"%1\"").arg(action));
 }

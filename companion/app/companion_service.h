@@ -15,6 +15,7 @@ struct CompanionActions {
     std::function<void(const QString& token)> activate;
     std::function<void(const QStringList& links, const QString& token)> open; ///< As they came, not checked.
     std::function<void(const QString& token)> showSettings;
+    std::function<void(const QString& token)> showAlerts;
 };
 
 /// The session's companion as the desktop and a second start reach it:
@@ -22,8 +23,9 @@ struct CompanionActions {
 class CompanionService : public QObject, protected QDBusContext {
     Q_OBJECT
 public:
-    /// The one action for `ActivateAction`.
+    /// The actions for `ActivateAction`.
     static QString settingsAction() { return QStringLiteral("settings"); }
+    static QString alertsAction() { return QStringLiteral("alerts"); }
 
     CompanionService(QDBusConnection bus, CompanionActions actions);
     ~CompanionService() override;

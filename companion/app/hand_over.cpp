@@ -14,6 +14,8 @@ QDBusPendingReply<> ask(
 {
     if (line.showsSettings)
         return companion.ActivateAction(CompanionService::settingsAction(), {}, platformData);
+    if (line.showsAlerts)
+        return companion.ActivateAction(CompanionService::alertsAction(), {}, platformData);
     if (line.link)
         return companion.Open({QString::fromStdString(*line.link)}, platformData);
     return companion.Activate(platformData);

@@ -1,5 +1,7 @@
 #include "companion/app/run_companion.h"
 
+#include "alerts/sky_alerts.h"
+#include "companion/alerts/alert_store.h"
 #include "companion/app/appearance.h"
 #include "companion/app/companion_service.h"
 #include "companion/app/feed_journal.h"
@@ -9,6 +11,8 @@
 #include "companion/window/main_window.h"
 #include "core/config/shared_state.h"
 #include "desk/activation.h"
+#include "desk/alerts/alert_choices_file.h"
+#include "desk/alerts/notifications.h"
 #include "desk/bus/single_instance.h"
 #include "desk/text.h"
 #include "platform/files/configuration_file.h"
@@ -40,18 +44,24 @@ public:
         , m_feed(m_errands, m_pacer.transport())
         , m_lookups(m_errands, setup.decode, m_pacer.transport())
         , m_host(setup.sessionBus, setup.hostProgram)
+        , m_alerts(setup.alerts)
+        , m_notifications(setup.sessionBus, BusName::companion())
         , m_appearance(setup.sessionBus)
         , m_window({
               .feed = m_feed,
               .lookups = m_lookups,
               .host = m_host,
+              .alerts = m_alerts,
               .fonts = m_fonts,
               .systemBus = setup.systemBus,
               .open = setup.open,
+              .showSampleAlert = [this] { showSampleAlert(); },
               .autostart = setup.autostart,
               .memory = setup.memory,
           })
     {
+        QObject::connect(&m_notifications, &Notifications::activated, &m_window,
+            [this](const QString&, const QString& token) { activate(token); });
     }
 
     void activate(const QString& token)
@@ -73,10 +83,18 @@ public:
         Activation::bringToFront(m_window, token);
     }
 
+    void showAlerts(const QString& token)
+    {
+        m_window.showAlerts();
+        Activation::bringToFront(m_window, token);
+    }
+
     void start(const CommandLine& line, const QString& token)
     {
         if (line.showsSettings)
             showSettings(token);
+        else if (line.showsAlerts)
+            showAlerts(token);
         else if (line.link)
             follow(*line.link, token);
         else
@@ -86,12 +104,24 @@ public:
     bool isShown() const { return m_window.isVisible(); }
 
 private:
+    void showSampleAlert()
+    {
+        const SkyAlert sample = sampleSkyAlert();
+        m_notifications.show({
+            .key = toQString(sample.id),
+            .title = toQString(sample.title),
+            .body = toQString(sample.body),
+        });
+    }
+
     Pacer m_pacer; ///< Outlives the threads that wait in it.
     Errands m_errands;
     SkyFeed m_feed;
     FeedJournal m_journal{m_feed};
     Lookups m_lookups;
     HostControl m_host;
+    AlertStore m_alerts;
+    Notifications m_notifications;
     Appearance m_appearance;
     FontMeasurer m_fonts;
     MainWindow m_window;
@@ -105,6 +135,7 @@ CompanionActions actionsOf(std::optional<OpenCompanion>& companion)
         .open = [&](const QStringList& links,
                     const QString& token) { companion->follow(links.value(0).toStdString(), token); },
         .showSettings = [&](const QString& token) { companion->showSettings(token); },
+        .showAlerts = [&](const QString& token) { companion->showAlerts(token); },
     };
 }
 
@@ -135,6 +166,7 @@ CompanionSetup CompanionSetup::standard()
         .open = [](const QUrl& page) { QDesktopServices::openUrl(page); },
         .hostProgram = toQString(Programs::host(Programs::ownFolder()).string()),
         .autostart = AutostartFolders::standard(),
+        .alerts = AlertChoicesFile::standardPath(),
         .memory = folder.toStdString() + "/skyvane/companion.ini",
     };
 }

@@ -23,6 +23,7 @@ struct CompanionSetup {
     std::function<void(const QUrl&)> open; ///< Shows a page on the web.
     QString hostProgram;
     AutostartFolders autostart;
+    std::filesystem::path alerts; ///< File in which it is kept what to tell the user of.
     std::filesystem::path memory; ///< File in which the window's place is kept.
 
     /// That of the user's session.

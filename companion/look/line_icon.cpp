@@ -1,5 +1,7 @@
 #include "companion/look/line_icon.h"
 
+#include "companion/look/star_shape.h"
+
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
@@ -38,6 +40,10 @@ QPainterPath outline(LineIcon shape)
         path.moveTo(9.2, 9.2);
         path.lineTo(13.2, 13.2);
         break;
+    case LineIcon::star:
+    case LineIcon::starOn:
+        path = starShape();
+        break;
     }
     return path;
 }
@@ -54,8 +60,10 @@ public:
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(QRectF{rect}.center() - QPointF{side / 2, side / 2});
         painter->scale(side / 16, side / 16);
-        painter->setPen(QPen{QGuiApplication::palette().color(group, QPalette::WindowText), 1.5,
-            Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin});
+        const QColor color = QGuiApplication::palette().color(group, QPalette::WindowText);
+        painter->setPen(QPen{color, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin});
+        if (m_shape == LineIcon::starOn)
+            painter->setBrush(color);
         painter->drawPath(outline(m_shape));
         painter->restore();
     }

@@ -55,6 +55,8 @@ QString title(SkyColumn column)
         return localizedText("Altitude");
     case SkyColumn::climb:
         return localizedText("Climb");
+    case SkyColumn::star:
+        return {};
     }
     return {};
 }
@@ -77,6 +79,8 @@ QString text(const Aircraft& aircraft, SkyColumn column, const Units& units)
                                        : toQString(aircraft.altitudeText());
     case SkyColumn::climb:
         return Figures::climb(aircraft, units.measures);
+    case SkyColumn::star:
+        return {};
     }
     return {};
 }
@@ -94,6 +98,8 @@ QVariant sortKey(const Aircraft& aircraft, SkyColumn column)
         return altitudeKey(aircraft);
     case SkyColumn::climb:
         return orNothing(aircraft.verticalRate());
+    case SkyColumn::star:
+        return {};
     }
     return {};
 }

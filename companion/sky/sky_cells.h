@@ -9,7 +9,7 @@
 namespace skyvane {
 
 /// The sky list's columns, in their order.
-enum class SkyColumn { name, model, operatorName, distance, altitude, climb };
+enum class SkyColumn { name, model, operatorName, distance, altitude, climb, star };
 
 /// What stands in the cells of the sky list.
 namespace SkyCells {

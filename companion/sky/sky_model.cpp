@@ -1,5 +1,6 @@
 #include "companion/sky/sky_model.h"
 
+#include "companion/alerts/star.h"
 #include "companion/sky/sky_cells.h"
 #include "desk/text.h"
 #include "paint/to_qt.h"
@@ -16,7 +17,7 @@ namespace skyvane {
 
 namespace {
 
-constexpr int columns = 6;
+constexpr int columns = 7;
 
 using Rows = std::unordered_map<std::string_view, std::size_t>;
 
@@ -63,6 +64,13 @@ void SkyModel::show(std::vector<Aircraft> aircraft, const Units& units, const Sc
     beginResetModel();
     m_aircraft = std::move(aircraft);
     endResetModel();
+}
+
+void SkyModel::setWatchList(const std::vector<std::string>& patterns)
+{
+    m_watch = patterns;
+    if (!m_aircraft.empty())
+        emit dataChanged(index(0, columns - 1), index(rowCount() - 1, columns - 1));
 }
 
 void SkyModel::follow(std::vector<Aircraft> aircraft)
@@ -132,6 +140,10 @@ QVariant SkyModel::data(const QModelIndex& index, int role) const
         return {};
     const Aircraft& aircraft = m_aircraft[static_cast<std::size_t>(index.row())];
     const auto column = static_cast<SkyColumn>(index.column());
+    if (column == SkyColumn::star) {
+        if (const QVariant data = starData(aircraft, role); data.isValid())
+            return data;
+    }
     switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
@@ -158,6 +170,24 @@ QVariant SkyModel::data(const QModelIndex& index, int role) const
     }
 }
 
+/// Invalid where the star's cell is like the others.
+QVariant SkyModel::starData(const Aircraft& aircraft, int role) const
+{
+    const bool isOn = Star::isOn(m_watch, aircraft);
+    switch (role) {
+    case StarRole:
+        return isOn;
+    case SortRole:
+        return isOn ? 0 : 1;
+    case Qt::AccessibleTextRole:
+        return isOn ? localizedText("On my watch list") : localizedText("Not on my watch list");
+    case Qt::ToolTipRole:
+        return isOn ? localizedText("Take it off my watch list") : localizedText("Put it on my watch list");
+    default:
+        return {};
+    }
+}
+
 QVariant SkyModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation != Qt::Horizontal || section >= columns)
@@ -165,6 +195,8 @@ QVariant SkyModel::headerData(int section, Qt::Orientation orientation, int role
     const auto column = static_cast<SkyColumn>(section);
     if (role == Qt::DisplayRole)
         return SkyCells::title(column);
+    if (role == Qt::AccessibleTextRole && column == SkyColumn::star)
+        return localizedText("Watch list");
     if (role == Qt::TextAlignmentRole)
         return QVariant{alignmentOf(column)};
     return {};

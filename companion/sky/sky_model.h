@@ -21,6 +21,7 @@ public:
         TrackRole, ///< Degrees; invalid where it is not known.
         BadgeRole, ///< What sets the aircraft apart, in a word; empty: nothing.
         BlipRole, ///< The colour that it has on the scope.
+        StarRole, ///< Whether it is on the watch list.
     };
 
     using QAbstractTableModel::QAbstractTableModel;
@@ -28,12 +29,16 @@ public:
     /// Aircraft that were there before keep their rows' selection and focus.
     void show(std::vector<Aircraft> aircraft, const Units& units, const ScopePalette& palette);
 
+    /// The patterns of the watch list, by which aircraft have their stars.
+    void setWatchList(const std::vector<std::string>& patterns);
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
+    QVariant starData(const Aircraft& aircraft, int role) const;
     void follow(std::vector<Aircraft> aircraft);
     void removeGone(const std::vector<Aircraft>& now);
     void appendNew(const std::vector<Aircraft>& now);
@@ -42,6 +47,7 @@ private:
     std::vector<Aircraft> m_aircraft;
     Units m_units;
     ScopePalette m_palette = ScopePalette::standard();
+    std::vector<std::string> m_watch;
 };
 
 } // namespace skyvane

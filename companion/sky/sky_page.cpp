@@ -18,6 +18,8 @@
 #include <QLineEdit>
 #include <QStackedWidget>
 
+#include <algorithm>
+
 namespace skyvane {
 
 namespace {
@@ -28,9 +30,11 @@ constexpr int widthForScope = 940;
 
 } // namespace
 
-SkyPage::SkyPage(SkyFeed& feed, Preferences& preferences, const FontMeasurer& fonts, QWidget* parent)
+SkyPage::SkyPage(
+    SkyFeed& feed, AlertStore& alerts, Preferences& preferences, const FontMeasurer& fonts, QWidget* parent)
     : QWidget(parent)
     , m_feed(feed)
+    , m_alerts(alerts)
     , m_preferences(preferences)
     , m_filter(new QLineEdit)
     , m_linkProblem(new NoticeBar{localizedText("Dismiss")})
@@ -59,6 +63,10 @@ SkyPage::SkyPage(SkyFeed& feed, Preferences& preferences, const FontMeasurer& fo
     connect(m_filter, &QLineEdit::textChanged, m_table, &SkyTable::setWords);
     connect(m_filter, &QLineEdit::textChanged, this, &SkyPage::showListOrWords);
     connect(m_table, &SkyTable::aircraftActivated, this, &SkyPage::aircraftActivated);
+    connect(m_table, &SkyTable::starToggled, this, &SkyPage::toggleStar);
+    connect(
+        &m_alerts, &AlertStore::changed, this, [this] { m_table->setWatchList(m_alerts.choices().watch); });
+    m_table->setWatchList(m_alerts.choices().watch);
     connect(m_linkProblem, &NoticeBar::actionTriggered, this, [this] { showLinkProblem({}); });
     connect(m_feedProblem, &NoticeBar::actionTriggered, &m_feed, &SkyFeed::refresh);
     connect(m_empty, &EmptySky::actionTriggered, this, [this] {
@@ -153,6 +161,14 @@ void SkyPage::showListOrWords()
     if (isAnother && isVisible() && !m_filter->hasFocus())
         shown->setFocus();
     m_filter->setEnabled(!instead);
+}
+
+void SkyPage::toggleStar(const QString& hex)
+{
+    const auto& aircraft = m_feed.report().entry.aircraft;
+    const auto found = std::ranges::find(aircraft, hex.toStdString(), &Aircraft::hex);
+    if (found != aircraft.end())
+        m_alerts.toggleStar(*found);
 }
 
 void SkyPage::resizeEvent(QResizeEvent* event)

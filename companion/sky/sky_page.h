@@ -1,5 +1,6 @@
 #pragma once
 
+#include "companion/alerts/alert_store.h"
 #include "companion/feed/sky_feed.h"
 #include "companion/look/heading.h"
 #include "companion/look/preferences.h"
@@ -23,7 +24,8 @@ class ScopeView;
 class SkyPage : public QWidget {
     Q_OBJECT
 public:
-    SkyPage(SkyFeed& feed, Preferences& preferences, const FontMeasurer& fonts, QWidget* parent = nullptr);
+    SkyPage(SkyFeed& feed, AlertStore& alerts, Preferences& preferences, const FontMeasurer& fonts,
+        QWidget* parent = nullptr);
 
     Heading heading() const;
 
@@ -46,8 +48,10 @@ private:
     void layOut(QWidget* footer);
     void showReport();
     void showListOrWords();
+    void toggleStar(const QString& hex);
 
     SkyFeed& m_feed;
+    AlertStore& m_alerts;
     Preferences& m_preferences;
     QLineEdit* m_filter;
     NoticeBar* m_linkProblem;

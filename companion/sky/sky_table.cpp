@@ -4,6 +4,7 @@
 #include "companion/sky/cell_delegate.h"
 #include "companion/sky/flat_header.h"
 #include "companion/sky/sky_cells.h"
+#include "companion/sky/star_delegate.h"
 #include "desk/text.h"
 
 #include <QKeyEvent>
@@ -27,6 +28,7 @@ SkyTable::SkyTable(QWidget* parent) : QTableView(parent)
     setModel(&m_filter);
     setItemDelegate(new CellDelegate{this});
     setItemDelegateForColumn(column(SkyColumn::name), new AircraftDelegate{this});
+    setItemDelegateForColumn(column(SkyColumn::star), new StarDelegate{this});
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setTabKeyNavigation(false);
@@ -38,7 +40,14 @@ SkyTable::SkyTable(QWidget* parent) : QTableView(parent)
     setUpColumns();
     setSortingEnabled(true);
     sortByColumn(column(SkyColumn::distance), Qt::AscendingOrder);
-    connect(this, &QTableView::doubleClicked, this, &SkyTable::activate);
+    connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
+        if (index.column() != column(SkyColumn::star))
+            activate(index);
+    });
+    connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
+        if (index.column() == column(SkyColumn::star))
+            toggleStar(index);
+    });
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&m_filter, signal, this, &SkyTable::rowsChanged);
     connect(&m_filter, &QAbstractItemModel::modelReset, this, &SkyTable::rowsChanged);
@@ -62,6 +71,7 @@ void SkyTable::setUpColumns()
     setColumnWidth(column(SkyColumn::distance), wide("▾  Distance"));
     setColumnWidth(column(SkyColumn::altitude), wide("▾ 00,000 ft"));
     setColumnWidth(column(SkyColumn::climb), wide("↑ 00,000 ft/min"));
+    setColumnWidth(column(SkyColumn::star), StarDelegate::size + 2 * CellDelegate::margin);
 }
 
 void SkyTable::showEntry(const SkyEntry& entry, Measures measures)
@@ -80,9 +90,17 @@ void SkyTable::activate(const QModelIndex& index)
         emit aircraftActivated(index.data(SkyModel::HexRole).toString());
 }
 
+void SkyTable::toggleStar(const QModelIndex& index)
+{
+    if (index.isValid())
+        emit starToggled(index.data(SkyModel::HexRole).toString());
+}
+
 void SkyTable::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (event->key() == Qt::Key_D && event->modifiers() == Qt::ControlModifier)
+        toggleStar(currentIndex());
+    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         activate(currentIndex());
     else
         QTableView::keyPressEvent(event);

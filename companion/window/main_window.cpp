@@ -1,6 +1,7 @@
 #include "companion/window/main_window.h"
 
 #include "companion/aircraft/aircraft_page.h"
+#include "companion/alerts/alerts_page.h"
 #include "companion/host_switch/host_switch.h"
 #include "companion/look/line_icon.h"
 #include "companion/settings/settings_page.h"
@@ -46,14 +47,14 @@ QFrame* line()
 MainWindow::MainWindow(const WindowParts& parts)
     : m_parts(parts)
     , m_preferences(m_parts.memory)
-    , m_sky(new SkyPage{m_parts.feed, m_preferences, m_parts.fonts})
-    , m_aircraft(
-          new AircraftPage{{m_parts.feed, m_parts.lookups, m_preferences, m_parts.open}, m_parts.fonts})
+    , m_sky(new SkyPage{m_parts.feed, m_parts.alerts, m_preferences, m_parts.fonts})
+    , m_aircraft(new AircraftPage{
+          {m_parts.feed, m_parts.lookups, m_parts.alerts, m_preferences, m_parts.open}, m_parts.fonts})
     , m_stack(new QStackedWidget)
 {
     makeActions();
-    m_header
-        = new HeaderBar{{.back = m_back, .refresh = m_refresh, .menu = {m_settingsAction, m_about, m_quit}}};
+    m_header = new HeaderBar{
+        {.back = m_back, .refresh = m_refresh, .menu = {m_alertsAction, m_settingsAction, m_about, m_quit}}};
     m_stack->addWidget(m_sky);
     m_stack->addWidget(m_aircraft);
     auto* column = new QVBoxLayout{this};
@@ -107,6 +108,8 @@ void MainWindow::makeActions()
     m_refresh->setIcon(lineIcon(LineIcon::refresh));
     m_settingsAction
         = addShortcut(localizedText("Settings…"), {Qt::CTRL | Qt::Key_Comma}, [this] { showSettings(); });
+    m_alertsAction
+        = addShortcut(localizedText("Tell Me When…"), {Qt::CTRL | Qt::Key_T}, [this] { showAlerts(); });
     m_about = addShortcut(localizedText("About Skyvane"), {}, [this] { showAbout(); });
     m_quit = addShortcut(localizedText("Quit"), {Qt::CTRL | Qt::Key_Q}, [] { QApplication::quit(); });
     addShortcut(localizedText("Filter"), {Qt::CTRL | Qt::Key_F}, [this] {
@@ -135,9 +138,31 @@ void MainWindow::showSettings()
         m_settings = makeSettings();
         m_stack->addWidget(m_settings);
     }
-    if (m_stack->currentWidget() != m_settings)
-        m_beforeSettings = m_stack->currentWidget();
-    turnTo(m_settings);
+    turnAside(m_settings);
+}
+
+void MainWindow::showAlerts()
+{
+    if (m_alerts == nullptr) {
+        m_alerts = new AlertsPage{m_parts.alerts, m_parts.showSampleAlert};
+        m_stack->addWidget(m_alerts);
+    }
+    turnAside(m_alerts);
+    m_alerts->setFocus();
+}
+
+bool MainWindow::isAside() const
+{
+    const QWidget* shown = m_stack->currentWidget();
+    return shown == m_settings || shown == m_alerts;
+}
+
+/// To a page from which one comes back to where one was.
+void MainWindow::turnAside(QWidget* page)
+{
+    if (!isAside())
+        m_before = m_stack->currentWidget();
+    turnTo(page);
 }
 
 QWidget* MainWindow::makeSettings()
@@ -175,14 +200,14 @@ void MainWindow::turnTo(QWidget* page)
         m_aircraft->leave();
     m_stack->setCurrentWidget(page);
     m_back->setEnabled(page != m_sky);
-    m_refresh->setEnabled(page != m_settings);
+    m_refresh->setEnabled(!isAside());
     showHeading();
     watchFeed();
 }
 
 void MainWindow::goBack()
 {
-    if (m_stack->currentWidget() == m_settings && m_beforeSettings == m_aircraft)
+    if (isAside() && m_before == m_aircraft)
         showAircraft(std::string{m_hex});
     else
         showSky();
@@ -195,6 +220,8 @@ void MainWindow::showHeading()
         heading = m_sky->heading();
     else if (m_stack->currentWidget() == m_aircraft)
         heading = m_aircraft->heading();
+    else if (m_stack->currentWidget() == m_alerts)
+        heading = {.title = localizedText("Tell me when…")};
     m_header->showHeading(heading);
     const QString& title = heading.window.isEmpty() ? heading.title : heading.window;
     setWindowTitle(title + QStringLiteral(" – Skyvane"));
@@ -202,7 +229,7 @@ void MainWindow::showHeading()
 
 void MainWindow::watchFeed()
 {
-    m_parts.feed.setWatched(isVisible() && !isMinimized() && m_stack->currentWidget() != m_settings);
+    m_parts.feed.setWatched(isVisible() && !isMinimized() && !isAside());
 }
 
 void MainWindow::showAbout()

@@ -23,6 +23,7 @@ namespace skyvane {
 
 class AircraftPage;
 class HeaderBar;
+class AlertStore;
 class HostControl;
 class SkyPage;
 
@@ -31,9 +32,11 @@ struct WindowParts {
     SkyFeed& feed;
     Lookups& lookups;
     HostControl& host;
+    AlertStore& alerts;
     const FontMeasurer& fonts;
     QDBusConnection systemBus; ///< Where the system's location service is.
     std::function<void(const QUrl&)> open; ///< Shows a page on the web.
+    std::function<void()> showSampleAlert;
     AutostartFolders autostart;
     std::filesystem::path memory; ///< File in which preferences and the window's place are kept.
 };
@@ -47,6 +50,8 @@ public:
     void showSky();
     void showAircraft(const std::string& hex);
     void showSettings();
+    /// The page "Tell me when…".
+    void showAlerts();
 
     /// Shows what the link leads to; for a broken one the sky with a notice that says why. No request is sent
     /// because of it.
@@ -63,6 +68,8 @@ private:
     void makeActions();
     void takePlace();
     QWidget* makeSettings();
+    void turnAside(QWidget* page);
+    bool isAside() const;
     void turnTo(QWidget* page);
     void goBack();
     void showHeading();
@@ -74,12 +81,14 @@ private:
     SkyPage* m_sky;
     AircraftPage* m_aircraft;
     QWidget* m_settings = nullptr; ///< Made when it is first shown.
-    QWidget* m_beforeSettings = nullptr;
+    QWidget* m_alerts = nullptr; ///< The same.
+    QWidget* m_before = nullptr; ///< Where the user was before those.
     std::string m_hex; ///< Of the aircraft that was shown last.
     QStackedWidget* m_stack;
     QAction* m_back = nullptr;
     QAction* m_refresh = nullptr;
     QAction* m_settingsAction = nullptr;
+    QAction* m_alertsAction = nullptr;
     QAction* m_about = nullptr;
     QAction* m_quit = nullptr;
     HeaderBar* m_header = nullptr;

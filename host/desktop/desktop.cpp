@@ -51,6 +51,8 @@ Desktop::Desktop(ExtensionProcess& extension, const DesktopSetup& setup, std::un
           })
 {
     Screens::onChange(m_context, [this] { m_windows.restore(m_placed.all()); });
+    if (setup.alerts)
+        tellAlerts(*setup.alerts);
     start(setup);
 }
 
@@ -94,6 +96,14 @@ void Desktop::start(const DesktopSetup& setup)
         showGallery(); // Nothing else would lead to it.
     else
         learnWidgets();
+}
+
+void Desktop::tellAlerts(const AlertSetup& setup)
+{
+    const auto choose = [this] { m_schedule.setAlertRules(m_alerts->rules()); };
+    m_alerts.emplace(setup, QDBusConnection::sessionBus(), QDBusConnection::systemBus(), choose);
+    choose();
+    m_schedule.onAlerts([this](const std::vector<Alert>& alerts) { m_alerts->take(alerts); });
 }
 
 void Desktop::learnWidgets()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desk/file_watch.h"
+#include "host/alerts/alert_teller.h"
 #include "host/desktop/offered_widgets.h"
 #include "host/desktop/undo_offer.h"
 #include "host/desktop/widget_windows.h"
@@ -22,6 +23,7 @@ struct DesktopSetup {
     std::function<void(const URL&, const QString& activationToken)> open;
     std::function<void()> welcome; ///< On the first start, when there is no configuration yet.
     std::function<void(const QString& activationToken)> settings;
+    std::optional<AlertSetup> alerts{}; ///< Without it nothing is told.
 };
 
 /// The placed widgets with their windows, their menus and the gallery. Needs a QApplication.
@@ -61,6 +63,7 @@ public:
 private:
     void followWindowManager();
     void start(const DesktopSetup& setup);
+    void tellAlerts(const AlertSetup& setup);
     void learnWidgets();
     std::optional<ScreenArea> primaryScreen() const;
     std::optional<ScreenArea> screenInUse() const;
@@ -88,6 +91,7 @@ private:
     FileWatch m_configuration;
     SleepWatch m_sleep;
     RootWatch m_root;
+    std::optional<AlertTeller> m_alerts;
     QObject m_context; ///< Ends the connections to screens.
 };
 

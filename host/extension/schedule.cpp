@@ -139,7 +139,7 @@ std::optional<Protocol::TimelinesCall> Schedule::question()
     }
     if (m_asked.empty())
         return std::nullopt;
-    return Protocol::TimelinesCall{.params = {.widgets = m_asked}};
+    return Protocol::TimelinesCall{.params = {.widgets = m_asked, .alerts = m_alertRules}};
 }
 
 void Schedule::take(const std::optional<Protocol::WidgetTimelines>& answer)
@@ -157,6 +157,8 @@ void Schedule::take(const std::optional<Protocol::WidgetTimelines>& answer)
             askPlaceholder(widget, plan.target);
     }
     lookAtClock();
+    if (answer && answer->alerts)
+        m_tell(*answer->alerts);
 }
 
 /// The earliest reload date; absent when there is nothing new, which every widget has missed then.

@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace skyvane {
@@ -45,6 +46,11 @@ public:
     void refresh(int widget);
     void refreshAll();
 
+    /// What is asked for besides, from the next question on; absent: nothing.
+    void setAlertRules(std::optional<AlertRules> rules) { m_alertRules = std::move(rules); }
+    /// Called with the alerts of each answer that has some list of them.
+    void onAlerts(std::function<void(const std::vector<Alert>&)> tell) { m_tell = std::move(tell); }
+
     /// After the clock was set or the machine slept: asks for what is due.
     void lookAtClock();
 
@@ -71,6 +77,8 @@ private:
 
     ExtensionProcess& m_extension;
     Show m_show;
+    std::function<void(const std::vector<Alert>&)> m_tell = [](const std::vector<Alert>&) {};
+    std::optional<AlertRules> m_alertRules;
     std::filesystem::path m_turnFile;
     WallClockTimer m_timer;
     std::map<int, Plan> m_plans;

@@ -1,5 +1,6 @@
 #include "host/service/run_desktop.h"
 
+#include "desk/alerts/alert_choices_file.h"
 #include "desk/bus/single_instance.h"
 #include "desk/text.h"
 #include "host/service/ask_host.h"
@@ -51,6 +52,14 @@ DesktopSetup standardSetup(const Companion& companion)
         .welcome = [companion] { companion.startInPlaceOfHost(); },
         .settings
         = [companion](const QString& token) { companion.start({QStringLiteral("--settings")}, token); },
+        .alerts = AlertSetup{
+            .choices = AlertChoicesFile::standardPath(),
+            .told = ToldAlerts::standardPath(),
+            .open =
+                [companion](const URL& url, const QString& token) {
+                    companion.openLink(QDBusConnection::sessionBus(), url, token);
+                },
+        },
     };
 }
 

@@ -162,7 +162,10 @@ TEST_F(CompanionProgram, aSecondStartIsHandedToTheFirst)
     ended(third, {"--settings"});
     EXPECT_TRUE(isCalled("Settings"));
     QProcess fourth;
-    ended(fourth, {"skyvane://aircraft/"});
+    ended(fourth, {"--alerts"});
+    EXPECT_TRUE(isCalled("Tell me when…"));
+    QProcess fifth;
+    ended(fifth, {"skyvane://aircraft/"});
     EXPECT_TRUE(isCalled("The sky over Home"));
     EXPECT_EQ(first.state(), QProcess::Running);
 }

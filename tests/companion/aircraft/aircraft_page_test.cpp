@@ -2,6 +2,7 @@
 #include "companion/aircraft/photo_card.h"
 #include "companion/aircraft/photo_panel.h"
 #include "companion/aircraft/route_panel.h"
+#include "companion/alerts/star_button.h"
 #include "companion/app/appearance.h"
 #include "companion/look/contrast.h"
 #include "companion/look/notice_bar.h"
@@ -81,9 +82,11 @@ protected:
     SkyFeed feed{stage.errands, stage.pacer.transport()};
     Lookups lookups{stage.errands, stage.decode, stage.pacer.transport()};
     std::vector<QUrl> opened;
+    AlertStore alerts{stage.scratch.path() / "alerts.json"};
     Preferences preferences{stage.scratch.path() / "companion.ini"};
     AircraftPage page{
-        {feed, lookups, preferences, [this](const QUrl& url) { opened.push_back(url); }}, stage.fonts};
+        {feed, lookups, alerts, preferences, [this](const QUrl& url) { opened.push_back(url); }},
+        stage.fonts};
 };
 
 } // namespace
@@ -100,6 +103,20 @@ TEST_F(AircraftPageTest, oneAircraftIsShownWithAllThatIsKnown)
         EXPECT_THAT(texts(), Contains(text));
     EXPECT_EQ(page.heading().window, "UAL123");
     EXPECT_THAT(page.heading().details.toStdString(), HasSubstr("as of "));
+}
+
+TEST_F(AircraftPageTest, theStarPutsTheAircraftOnTheWatchList)
+{
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(isInDetail());
+    auto* star = page.findChild<StarButton*>();
+    EXPECT_EQ(star->accessibleName(), "On my watch list");
+    EXPECT_FALSE(star->isChecked());
+    star->click();
+    EXPECT_TRUE(star->isChecked());
+    EXPECT_EQ(alerts.choices().watch, std::vector<std::string>{"N123UA"});
+    alerts.choose({});
+    EXPECT_FALSE(star->isChecked());
 }
 
 TEST_F(AircraftPageTest, aClickOnThePhotoOpensItsPage)

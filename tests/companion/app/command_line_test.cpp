@@ -24,6 +24,7 @@ TEST(CompanionCommandLine, aStartIsReadFromItsWords)
 {
     EXPECT_EQ(read({}), CommandLine{});
     EXPECT_EQ(read({"--settings"}), (CommandLine{.showsSettings = true}));
+    EXPECT_EQ(read({"--alerts"}), (CommandLine{.showsAlerts = true}));
     EXPECT_EQ(read({"--service"}), (CommandLine{.isService = true}));
     EXPECT_EQ(read({"skyvane://open"}), (CommandLine{.link = "skyvane://open"}));
     EXPECT_EQ(read({"--", "--odd"}), (CommandLine{.link = "--odd"}));

@@ -49,6 +49,7 @@ void quitWhileDecoding()
         .hostProgram = {},
         .autostart = {},
         .memory = stage.scratch.path() / "companion.ini",
+        .alerts = stage.scratch.path() / "alerts.json",
     };
     QElapsedTimer sinceQuit;
     QTimer look;

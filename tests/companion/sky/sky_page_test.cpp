@@ -62,8 +62,9 @@ protected:
 
     test::CompanionStage stage;
     SkyFeed feed{stage.errands, stage.pacer.transport(), 300ms};
+    AlertStore alerts{stage.scratch.path() / "alerts.json"};
     Preferences preferences{stage.scratch.path() / "companion.ini"};
-    SkyPage page{feed, preferences, stage.fonts};
+    SkyPage page{feed, alerts, preferences, stage.fonts};
 };
 
 } // namespace
@@ -93,6 +94,35 @@ TEST_F(SkyPageTest, enterOpensTheAircraftOfTheRow)
     QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, row.center());
     QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, row.center());
     EXPECT_EQ(opened, "~4ca7b4");
+}
+
+TEST_F(SkyPageTest, theStarOfARowPutsItsAircraftOnTheWatchList)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    const auto star = [&](int row) { return table().model()->index(row, static_cast<int>(SkyColumn::star)); };
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, table().visualRect(star(0)).center());
+    EXPECT_EQ(alerts.choices().watch, std::vector<std::string>{"N123UA"});
+    EXPECT_EQ(star(0).data(Qt::AccessibleTextRole), "On my watch list");
+    EXPECT_EQ(star(1).data(Qt::AccessibleTextRole), "Not on my watch list");
+    table().setCurrentIndex(table().model()->index(1, 0));
+    QTest::keyClick(&table(), Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(alerts.choices().watch, (std::vector<std::string>{"N123UA", "ae0001"}));
+    QTest::keyClick(&table(), Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(alerts.choices().watch, std::vector<std::string>{"N123UA"});
+}
+
+TEST_F(SkyPageTest, aDoubleClickOnAStarOpensNothing)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    bool isOpened = false;
+    QObject::connect(&page, &SkyPage::aircraftActivated, [&] { isOpened = true; });
+    const auto star = table().model()->index(0, static_cast<int>(SkyColumn::star));
+    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, table().visualRect(star).center());
+    EXPECT_FALSE(isOpened);
 }
 
 TEST_F(SkyPageTest, theFilterNarrowsTheListAndSaysWhenNothingMatches)

@@ -1,3 +1,4 @@
+#include "companion/alerts/alert_store.h"
 #include "companion/host_switch/host_control.h"
 #include "companion/look/notice_bar.h"
 #include "companion/window/main_window.h"
@@ -30,9 +31,11 @@ protected:
             .feed = feed,
             .lookups = lookups,
             .host = host,
+            .alerts = alerts,
             .fonts = stage.fonts,
             .systemBus = bus,
             .open = [](const QUrl&) {},
+            .showSampleAlert = [this] { ++samples; },
             .autostart = {},
             .memory = stage.scratch.path() / "config/skyvane/companion.ini",
         });
@@ -62,6 +65,8 @@ protected:
     Lookups lookups{stage.errands, stage.decode, stage.pacer.transport()};
     QDBusConnection bus{"none"};
     HostControl host{bus, "/nowhere/skyvane-host"};
+    AlertStore alerts{stage.scratch.path() / "config/skyvane/alerts.json"};
+    int samples = 0;
 };
 
 } // namespace
@@ -114,6 +119,21 @@ TEST_F(MainWindowTest, backLeadsToWhereOneCameFrom)
     back->trigger();
     EXPECT_THAT(title(), HasSubstr("The sky over Home"));
     EXPECT_FALSE(back->isEnabled());
+}
+
+TEST_F(MainWindowTest, tellMeWhenIsAPageFromWhichOneComesBack)
+{
+    const auto one = window();
+    one->show();
+    EXPECT_TRUE(test::waitFor([&] { return feed.report().hasAnswer; }));
+    const auto title = [&] { return one->windowTitle().toStdString(); };
+    auto* back = one->actions().front();
+    one->showAircraft("a1b2c3");
+    one->showAlerts();
+    EXPECT_THAT(title(), HasSubstr("Tell me when…"));
+    one->showSettings();
+    back->trigger();
+    EXPECT_THAT(title(), HasSubstr("UAL123"));
 }
 
 TEST_F(MainWindowTest, theListHasTheFocusAsSoonAsItIsThere)

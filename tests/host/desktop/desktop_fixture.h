@@ -34,8 +34,8 @@ protected:
     {
         host.setProcessEnvironment(session.environment());
         host.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        host.start(
-            SKYVANE_DESKTOP_PROGRAM, {path(extension.program().path), path(hostFile), path(configuration)});
+        host.start(SKYVANE_DESKTOP_PROGRAM,
+            QStringList{path(extension.program().path), path(hostFile), path(configuration)} + more);
         return hasWindows(count);
     }
 
@@ -127,6 +127,7 @@ protected:
     test::FakeExtension extension;
     std::filesystem::path hostFile = folder.path() / "skyvane/host.json";
     std::filesystem::path configuration = folder.path() / "widget-config.json";
+    QStringList more; ///< Words that the program is started with.
     QProcess host;
     std::vector<std::string> windows;
 };

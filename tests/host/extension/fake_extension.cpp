@@ -111,6 +111,30 @@ void good(const std::string& request, const std::string& shown)
         answer(idOf(request), timeline(shown));
 }
 
+/// 700 emergencies under hostile names, for whoever asks for alerts.
+std::string hostileAlerts()
+{
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    const std::string at = std::to_string(std::chrono::duration_cast<std::chrono::seconds>(now).count());
+    std::string list;
+    for (int index = 0; index < 700; ++index) {
+        const std::string id = std::to_string(index);
+        list += std::string{index == 0 ? "" : ","} + R"({"id":"emergency/)" + id + R"(","at":)" + at
+            + R"(,"title":"Emergency","body":"<b>No. )" + id + R"(</b> & <img src='x'>)"
+            + std::string(10'000, 'A') + R"(","url":"skyvane://aircraft/)" + id + "\"}";
+    }
+    return list;
+}
+
+void alarm(const std::string& request)
+{
+    std::string list;
+    for (std::size_t index = 0; index < widgetCount(request); ++index)
+        list += (index == 0 ? "" : ",") + timeline(entry);
+    const std::string alerts = asks(request, "alerts") ? R"(,"alerts":[)" + hostileAlerts() + "]" : "";
+    answer(idOf(request), R"({"timelines":[)" + list + "]" + alerts + "}");
+}
+
 void refuse(const std::string& request)
 {
     std::cout << R"({"jsonrpc":"2.0","id":)" << idOf(request)
@@ -220,6 +244,7 @@ std::map<std::string, Behaviour> behaviours()
              answerTogether(request, [](std::size_t index) { return timeline(index == 0 ? "" : entry); });
          })},
         {"crashing-together", together(crash)},
+        {"alarming", together(alarm)},
         {"babbling", later([](const std::string&) { std::cout << "hello there" << std::endl; })},
         {"misnumbering", [](const std::string&) { answer("77", widgets); }},
         {"mistyping", later([](const std::string& request) {

@@ -58,6 +58,26 @@ TEST_F(ScheduleTest, thePlaceholderIsAskedForFirstThenTheTimeline)
     EXPECT_FALSE(shown[1].empty());
 }
 
+TEST_F(ScheduleTest, alertsAreAskedForByTheRulesAndHandedOn)
+{
+    std::vector<std::size_t> told;
+    schedule.onAlerts([&](const std::vector<Alert>& alerts) { told.push_back(alerts.size()); });
+    schedule.setAlertRules(AlertRules{.military = true});
+    schedule.add(1, clock);
+    EXPECT_TRUE(waitForTimelines(1));
+    EXPECT_THAT(questions()[0].what, testing::HasSubstr(R"("alerts":{"military":true})"));
+    EXPECT_THAT(told, testing::IsEmpty()); // This extension knows none.
+}
+
+TEST_F(ScheduleTest, withoutRulesNobodyIsAskedForAlerts)
+{
+    schedule.setAlertRules(AlertRules{.military = true});
+    schedule.setAlertRules(std::nullopt);
+    schedule.add(1, clock);
+    EXPECT_TRUE(waitForTimelines(1));
+    EXPECT_THAT(questions()[0].what, testing::Not(testing::HasSubstr("alerts")));
+}
+
 TEST_F(ScheduleTest, oneQuestionIsForAllWidgets)
 {
     schedule.add(1, clock);
