@@ -81,10 +81,12 @@ void DockWay::activate(QWidget& window)
 }
 
 /// Where no window has the keyboard, Tab is to reach the links; but not while the desktop is shown, when KWin
-/// would bring the other windows back.
+/// would bring the other windows back, and not within Wayland, whose own windows the server does not know.
 void DockWay::keepBelow(QWidget& window)
 {
-    if (!WindowManager::hasActiveWindow(connection()) && !WindowManager::isDesktopShown(connection()))
+    static const bool knowsAllWindows = !X11::isWithinWayland(connection());
+    if (knowsAllWindows && !WindowManager::hasActiveWindow(connection())
+        && !WindowManager::isDesktopShown(connection()))
         activate(window);
     WindowManager::lower(connection(), idOf(window));
 }
