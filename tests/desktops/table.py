@@ -5,6 +5,7 @@ import inspect
 from asked import BEHAVIOURS
 
 SIGNS = {"right": "+", "flaw": "X", "failure": "**X**", "not there": "–"}
+PLAIN = ("not tried", "no panel")
 MARK = "<!-- what follows is written by ./dev desktops --paper -->\n"
 
 
@@ -22,6 +23,7 @@ def rows(visits):
 def notes(visits, outcomes):
     """The words of what is not right."""
     told = ((visit["title"], behaviour, answer) for visit in visits for behaviour, answer in visit["told"].items())
+    told = ((title, behaviour, answer) for title, behaviour, answer in told if answer["words"] not in PLAIN)
     return "".join(f"- {title}, {behaviour}: {answer['words']}\n" for title, behaviour, answer in told if answer["outcome"] in outcomes)
 
 
@@ -33,7 +35,7 @@ def write_paper(path, visits):
     """Into the file, in place of what stands after the mark."""
     asked = "".join(f"- **{name}**: {' '.join(inspect.getdoc(function).split())}\n" for name, function in BEHAVIOURS.items())
     parts = [
-        "\n## The table\n\n`+` right, `X` a flaw of the desktop's own, **X** one of ours, `–` not there.\n\n" + rows(visits),
+        "\n## The table\n\n`+` right, `X` a flaw of the desktop's own, **X** one of ours, `–` not there or not tried, nothing: not asked yet.\n\n" + rows(visits),
         "\nWhat is asked:\n\n" + asked,
         "\n## Flaws of the desktops\n\n" + notes(visits, ("flaw", "not there")),
     ]
