@@ -31,6 +31,14 @@ QString defaultAction()
     return QStringLiteral("default");
 }
 
+/// Services that announce no markup read it all the same, some of them: they get nothing that looks like it.
+QString plain(QString text, bool readsMarkup)
+{
+    if (readsMarkup)
+        return text.toHtmlEscaped();
+    return text.replace(QLatin1Char{'<'}, QChar{0x2039}).replace(QLatin1Char{'>'}, QChar{0x203a});
+}
+
 QDBusMessage call(const QString& method)
 {
     return QDBusMessage::createMethodCall(service(), path(), service(), method);
@@ -86,7 +94,7 @@ void ServiceNotifications::notify(const Notification& notification)
     auto message = call(QStringLiteral("Notify"));
     message << QStringLiteral("Skyvane") << m_shown.key(notification.key, 0U)
             << QStringLiteral("org.skyvane.Companion") << notification.title
-            << (readsMarkup ? notification.body.toHtmlEscaped() : notification.body) << actions
+            << plain(notification.body, readsMarkup) << actions
             << QVariantMap{{QStringLiteral("desktop-entry"), m_program}} << asTheServiceLikes;
     auto* answer = new QDBusPendingCallWatcher{m_bus.asyncCall(message), this};
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, key = notification.key] {

@@ -81,7 +81,7 @@ TEST_F(NotificationsTest, areTheServicesWithoutAPortal)
     show("one");
     ASSERT_TRUE(test::waitFor([&] { return service.shown.size() == 1; }));
     EXPECT_EQ(service.shown[0].title, "Title");
-    EXPECT_EQ(service.shown[0].body, "<b>A</b> & B");
+    EXPECT_EQ(service.shown[0].body, "‹b›A‹/b› & B");
     EXPECT_THAT(service.shown[0].actions, ElementsAre("default", "Open"));
 }
 

@@ -75,7 +75,7 @@ TEST_F(AlertsOnDesktopTest, aHostileSkyIsThreeCalmNotificationsOfPlainText)
     ASSERT_EQ(messages.size(), 3U);
     EXPECT_THAT(messages[0], HasSubstr("and 697 more"));
     for (const std::string& message : messages) {
-        EXPECT_THAT(message, HasSubstr("&lt;b&gt;No. ")); // As the service writes plain text down.
+        EXPECT_THAT(message, HasSubstr("‹b›No. "));
         EXPECT_LT(message.size(), 500U);
     }
 }
