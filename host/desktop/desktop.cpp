@@ -37,11 +37,13 @@ Desktop::Desktop(ExtensionProcess& extension, const DesktopSetup& setup, std::un
     , m_offered(extension)
     , m_placed(setup.hostFile)
     , m_windows(m_fonts, std::move(way))
-    , m_schedule(m_extension,
+    , m_schedule(
+          m_extension,
           [this](int widget, const ShownEntry& content) {
               if (WidgetWindow* window = m_windows.find(widget))
                   window->showContent(content);
-          })
+          },
+          setup.turn)
     , m_configuration(setup.configuration, [this] { m_schedule.refreshAll(); })
     , m_sleep(QDBusConnection::systemBus(), [this] { m_schedule.lookAtClock(); })
     , m_root([this] { m_windows.restore(m_placed.all()); },

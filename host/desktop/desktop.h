@@ -24,6 +24,9 @@ struct DesktopSetup {
     std::function<void()> welcome; ///< On the first start, when there is no configuration yet.
     std::function<void(const QString& activationToken)> settings;
     std::optional<AlertSetup> alerts{}; ///< Without it nothing is told.
+    /// The file on which the user's programs agree who asks the sources; empty for a desktop that asks nobody
+    /// first.
+    std::filesystem::path turn{};
 };
 
 /// The placed widgets with their windows, their menus and the gallery. Needs a QApplication.

@@ -36,8 +36,9 @@ public:
     /// Entries of a timeline that follow each other closer than that are not all shown.
     static constexpr std::chrono::seconds leastStep{1};
 
-    /// `turn`: the file on which the user's programs agree who asks the sources.
-    Schedule(ExtensionProcess& extension, Show show, std::filesystem::path turn = SharedTurn::file());
+    /// `turn`: the file on which the user's programs agree who asks the sources; empty for one that asks
+    /// nobody first.
+    Schedule(ExtensionProcess& extension, Show show, std::filesystem::path turn = {});
 
     void add(int widget, const WidgetTarget& target);
     void remove(int widget);

@@ -8,6 +8,7 @@
 #include "host/session/termination_watch.h"
 #include "host/session/way_of_session.h"
 #include "platform/files/configuration_file.h"
+#include "platform/files/shared_turn.h"
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -60,6 +61,7 @@ DesktopSetup standardSetup(const Companion& companion)
                     companion.openLink(QDBusConnection::sessionBus(), url, token);
                 },
         },
+        .turn = SharedTurn::file(),
     };
 }
 

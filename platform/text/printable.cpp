@@ -47,6 +47,16 @@ bool isJoiner(UChar32 character)
     return character == zeroWidthNonJoiner || character == zeroWidthJoiner;
 }
 
+/// A mark of direction, which number formats of some languages have. It holds where it stands; the other
+/// format characters for directions hold until they are ended, which may be beyond the text.
+bool isDirectionMark(UChar32 character)
+{
+    constexpr UChar32 leftToRight = 0x200E;
+    constexpr UChar32 rightToLeft = 0x200F;
+    constexpr UChar32 arabicLetter = 0x061C;
+    return character == leftToRight || character == rightToLeft || character == arabicLetter;
+}
+
 /// What stands for a code point; `written` is how it is written.
 std::string_view standIn(UChar32 character, std::string_view written)
 {
@@ -54,7 +64,7 @@ std::string_view standIn(UChar32 character, std::string_view written)
         return replacement;
     if (breaksLines(character))
         return "\n";
-    if (character == '\t' || isJoiner(character))
+    if (character == '\t' || isJoiner(character) || isDirectionMark(character))
         return written;
     switch (u_charType(character)) {
     case U_CONTROL_CHAR:

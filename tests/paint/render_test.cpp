@@ -1,5 +1,6 @@
 #include "paint/render.h"
 
+#include "paint/painter.h"
 #include "paint/widget_card.h"
 #include "tests/paint/picture.h"
 #include "ui/layout/layout.h"

@@ -48,8 +48,8 @@ void quitWhileDecoding()
         .open = [](const QUrl&) {},
         .hostProgram = {},
         .autostart = {},
-        .memory = stage.scratch.path() / "companion.ini",
         .alerts = stage.scratch.path() / "alerts.json",
+        .memory = stage.scratch.path() / "companion.ini",
     };
     QElapsedTimer sinceQuit;
     QTimer look;

@@ -49,10 +49,10 @@ TEST_F(ToldAlertsTest, areRememberedAfterARestart)
 TEST_F(ToldAlertsTest, areForgottenWhenTheirTimeIsOver)
 {
     ToldAlerts told{file};
-    told.add({"old"}, noon);
+    told.add({"past"}, noon);
     told.add({"new"}, noon + 31min);
     const std::string text = Files::read(file, 1'000).value();
-    EXPECT_THAT(text, testing::Not(testing::HasSubstr("old")));
+    EXPECT_THAT(text, testing::Not(testing::HasSubstr("past")));
     EXPECT_THAT(text, testing::HasSubstr("new"));
 }
 

@@ -32,8 +32,8 @@ using testing::IsEmpty;
 TEST(Completion, theFirstWordIsACommandAndAfterADashAnOption)
 {
     EXPECT_THAT(offered({""}),
-        ElementsAre(
-            "add", "remove", "undo", "move", "lock", "unlock", "refresh", "focus", "quit", "list", "render"));
+        ElementsAre("add", "remove", "undo", "move", "lock", "unlock", "refresh", "focus", "quit", "list",
+            "render", "status"));
     EXPECT_THAT(offered({"-"}), ElementsAre("--supervise", "--help", "--version"));
 }
 

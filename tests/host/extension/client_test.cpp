@@ -73,13 +73,13 @@ TEST(ExtensionClient, nonsenseIsTold)
 
 TEST(ExtensionClient, moreThanAnAnswerMayHoldIsRefused)
 {
-    EXPECT_EQ(failure("huge"), "the widget extension's answer is larger than 4096 KiB");
-    EXPECT_EQ(failure("endless"), "the widget extension's answer is larger than 4096 KiB");
+    EXPECT_EQ(failure("huge"), "the widget extension's answer is larger than 4352 KiB");
+    EXPECT_EQ(failure("endless"), "the widget extension's answer is larger than 4352 KiB");
 }
 
 TEST(ExtensionClient, aRefusalIsToldInTheExtensionsWords)
 {
-    EXPECT_EQ(failure("refusing"), "the widget extension refused: no such\nkind");
+    EXPECT_EQ(failure("refusing"), "the widget extension refused: no such kind");
 }
 
 } // namespace skyvane

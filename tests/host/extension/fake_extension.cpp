@@ -121,7 +121,7 @@ std::string hostileAlerts()
         const std::string id = std::to_string(index);
         list += std::string{index == 0 ? "" : ","} + R"({"id":"emergency/)" + id + R"(","at":)" + at
             + R"(,"title":"Emergency","body":"<b>No. )" + id + R"(</b> & <img src='x'>)"
-            + std::string(10'000, 'A') + R"(","url":"skyvane://aircraft/)" + id + "\"}";
+            + std::string(5'000, 'A') + R"(","url":"skyvane://aircraft/)" + id + "\"}";
     }
     return list;
 }

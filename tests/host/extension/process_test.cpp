@@ -168,8 +168,8 @@ TEST(ExtensionProcess, everyKindOfFailureIsOneLineInTheJournal)
         ElementsAre("the widget extension answered nonsense: id: is that of no request"));
     EXPECT_THAT(journalOf("mistyping"),
         ElementsAre(testing::StartsWith("the widget extension answered nonsense: entries[0].date: ")));
-    EXPECT_THAT(journalOf("huge"), ElementsAre("the widget extension's answer is larger than 4096 KiB"));
-    EXPECT_THAT(journalOf("endless"), ElementsAre("the widget extension's answer is larger than 4096 KiB"));
+    EXPECT_THAT(journalOf("huge"), ElementsAre("the widget extension's answer is larger than 4352 KiB"));
+    EXPECT_THAT(journalOf("endless"), ElementsAre("the widget extension's answer is larger than 4352 KiB"));
     EXPECT_THAT(journalOf("refusing"), ElementsAre("the widget extension refused: no such kind"));
     EXPECT_THAT(journalOf(ExtensionProgram{.path = "/nowhere/extension"}),
         ElementsAre("the widget extension cannot be started: /nowhere/extension"));

@@ -88,7 +88,7 @@ TEST_F(HostFileTest, aMissingFileIsTheFirstStartAndItsFolderIsMade)
 
 TEST_F(HostFileTest, whatAKilledHostLeftIsRemovedAtTheStart)
 {
-    put(PlacedWidgets::encoded(two));
+    put(two.encoded());
     const auto draft = folder.path() / ".host.json.aB3xYz";
     std::ofstream{draft} << "draft";
     std::filesystem::last_write_time(

@@ -29,11 +29,17 @@ TEST(PrintableText, controlsBecomeBlanks)
         EXPECT_EQ(oneLine(std::string(1, control)), " ") << static_cast<int>(control);
 }
 
-TEST(PrintableText, marksOfDirectionAndOtherFormatsAreLeftOut)
+TEST(PrintableText, embeddingsAndOverridesOfDirectionAndOtherFormatsAreLeftOut)
 {
     for (const char* mark : {"\u202A", "\u202B", "\u202C", "\u202D", "\u202E", "\u2066", "\u2067", "\u2068",
-             "\u2069", "\u200E", "\u200F", "\u061C", "\u200B", "\u2060", "\uFEFF", "\u00AD", "\U000E0041"})
+             "\u2069", "\u200B", "\u2060", "\uFEFF", "\u00AD", "\U000E0041"})
         EXPECT_EQ(printable(std::string{"a"} + mark + "b"), "ab");
+}
+
+TEST(PrintableText, marksOfDirectionStayAsNumbersOfSomeLanguagesHaveThem)
+{
+    for (const std::string text : {"a\u200Eb", "a\u200Fb", "\u061C-١٥٠"})
+        EXPECT_EQ(printable(text), text);
 }
 
 TEST(PrintableText, whatIsNoCharacterIsSeenToBeNone)
