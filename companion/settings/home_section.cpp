@@ -134,6 +134,7 @@ void HomeSection::choosePlace(const Place& place)
 {
     remember();
     m_position->line().setRemark({});
+    m_undescribed.reset();
     m_chosen = place.coordinate;
     SettingsDraft draft = m_settings.draft();
     draft.place = place.coordinate;
@@ -145,12 +146,13 @@ void HomeSection::choosePlace(const Place& place)
 
 void HomeSection::setHome(const Coordinate& position, Settings::Settled settled)
 {
-    const SettingsDraft before = m_settings.draft();
-    SettingsDraft draft = before;
+    SettingsDraft draft = m_settings.draft();
+    if (!m_undescribed)
+        m_undescribed = draft;
     draft.place = position;
     m_settings.choose(draft, settled);
     showDraft();
-    describe(before, settled);
+    describe(settled);
 }
 
 /// What stands in the line is no position.
@@ -161,21 +163,23 @@ void HomeSection::goBackToSaved()
     if (draft.label == m_givenName)
         draft.label = m_settings.saved().label;
     m_settings.choose(draft, Settings::Settled::afterTyping);
+    m_undescribed.reset();
     m_place->search().consult({});
     m_place->setRemark({});
     showDraft();
 }
 
 /// Says where the new position is, and gives home the name of there unless the user gave it one.
-void HomeSection::describe(const SettingsDraft& before, Settings::Settled settled)
+void HomeSection::describe(Settings::Settled settled)
 {
-    m_place->search().consult([this, before, settled](const PlaceIndex& places) {
+    m_place->search().consult([this, settled](const PlaceIndex& places) {
+        const auto before = std::exchange(m_undescribed, std::nullopt);
         constexpr double stillThere = 27; // Nautical miles.
         SettingsDraft draft = m_settings.draft();
         const auto nearby = draft.place ? places.nearest(*draft.place) : std::nullopt;
         m_place->clearChoice(
             nearby ? whereabouts(*nearby, draft.unit.value_or(DistanceUnit::standard)) : QString{});
-        if (!draft.place || isOwnName(before, places))
+        if (!draft.place || !before || isOwnName(*before, places))
             return;
         draft.label = nearby && nearby->distanceNM < stillThere ? nearby->name : localized("Home");
         m_givenName = draft.label;
@@ -201,6 +205,7 @@ void HomeSection::undo()
     if (!before)
         return;
     m_position->line().setRemark({});
+    m_undescribed.reset();
     m_place->search().consult({});
     m_place->clearChoice({});
     if (!before->place)

@@ -28,7 +28,7 @@ private:
     void choosePlace(const Place& place);
     void setHome(const Coordinate& position, Settings::Settled settled);
     void goBackToSaved();
-    void describe(const SettingsDraft& before, Settings::Settled settled);
+    void describe(Settings::Settled settled);
     bool isOwnName(const SettingsDraft& draft, const PlaceIndex& places) const;
     void rename(const QString& label);
     void remember();
@@ -48,6 +48,9 @@ private:
     std::optional<Coordinate> m_chosen; ///< Of the place in the line, while home is there.
     std::string m_givenName; ///< The last that nobody typed.
     std::optional<SettingsDraft> m_before; ///< What undoing goes back to.
+    /// What there was before the positions that are not described yet: while the places are loaded, more than
+    /// one is typed.
+    std::optional<SettingsDraft> m_undescribed;
 };
 
 } // namespace skyvane

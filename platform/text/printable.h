@@ -10,7 +10,8 @@ namespace skyvane::Unicode {
 
 /// Without what shows nothing and steers what is around it. Control characters (C0 and C1) become blanks, but
 /// tabs; every kind of line break becomes "\n". Format characters are left out,
-/// embeddings and overrides of direction among them, but joiners and marks of direction are not. Malformed bytes and code points that are no character become U+FFFD.
+/// embeddings and overrides of direction among them, but joiners and marks of direction are not. Malformed
+/// bytes and code points that are no character become U+FFFD.
 std::string printable(std::string text);
 
 /// The same without tabs and line breaks, and of at most so many user-perceived characters.

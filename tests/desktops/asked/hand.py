@@ -42,6 +42,7 @@ def link(scene):
         raise Failure("a click on the second row opens nothing")
     scene.session.settled(5)
     scene.session.keep("companion")
+    scene.end_companion()
 
 
 def front(scene):
