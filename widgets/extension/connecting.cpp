@@ -15,7 +15,6 @@
 #include <chrono>
 #include <csignal>
 #include <memory>
-#include <optional>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -84,18 +83,19 @@ public:
     int timeout() const
     {
         using namespace std::chrono;
-        if (!m_deadline)
+        if (m_deadline == never)
             return -1;
-        const auto left = ceil<milliseconds>(*m_deadline - steady_clock::now());
+        const auto left = ceil<milliseconds>(m_deadline - steady_clock::now());
         return static_cast<int>(std::max<milliseconds::rep>(left.count(), 0));
     }
     void bark() const { kill(m_client, SIGKILL); }
 
 private:
     static constexpr std::chrono::seconds patience{5};
+    static constexpr auto never = std::chrono::steady_clock::time_point::max();
 
     pid_t m_client;
-    std::optional<std::chrono::steady_clock::time_point> m_deadline{};
+    std::chrono::steady_clock::time_point m_deadline = never;
 };
 
 /// Also when the client is killed while this process is stopped.
