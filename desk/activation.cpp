@@ -6,7 +6,6 @@
 #include <QWidget>
 
 #include <iterator>
-#include <utility>
 
 namespace skyvane::Activation {
 
@@ -72,7 +71,7 @@ QProcessEnvironment withoutToken(QProcessEnvironment environment)
 
 QProcessEnvironment withToken(QProcessEnvironment environment, const QString& token)
 {
-    environment = withoutToken(std::move(environment));
+    environment = withoutToken(environment);
     if (!token.isEmpty()) {
         for (const char* name : {waylandVariable, x11Variable})
             environment.insert(QString::fromLatin1(name), token);
@@ -85,10 +84,10 @@ QString newToken(xcb_connection_t* connection, std::uint32_t window, std::uint32
     static int count = 0;
     if (time == 0)
         return {};
-    const QString token = QStringLiteral("skyvane-%1-%2_TIME%3")
-                              .arg(QCoreApplication::applicationPid())
-                              .arg(++count)
-                              .arg(time);
+    QString token = QStringLiteral("skyvane-%1-%2_TIME%3")
+                        .arg(QCoreApplication::applicationPid())
+                        .arg(++count)
+                        .arg(time);
     // Silent: no pointer turns into an hourglass for a window that may be there already.
     announce(connection, window,
         QStringLiteral("new: ID=%1 NAME=Skyvane SCREEN=0 SILENT=1 TIMESTAMP=%2").arg(token).arg(time));

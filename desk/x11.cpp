@@ -58,6 +58,7 @@ std::vector<std::vector<std::uint32_t>> words(xcb_connection_t* connection,
 {
     constexpr std::uint32_t longest = 4096;
     std::vector<xcb_get_property_cookie_t> asked;
+    asked.reserve(windows.size());
     for (const xcb_window_t window : windows)
         asked.push_back(xcb_get_property(connection, 0, window, property, type, 0, longest));
     std::vector<std::vector<std::uint32_t>> all;

@@ -18,7 +18,7 @@ QString orEmpty(const std::optional<std::string>& text)
 
 QString climb(const Aircraft& aircraft, Measures measures)
 {
-    if (const QString text = Figures::climb(aircraft, measures); !text.isEmpty())
+    if (QString text = Figures::climb(aircraft, measures); !text.isEmpty())
         return text;
     return aircraft.verticalRate() && !aircraft.isOnGround() ? localizedText("Level") : QString{};
 }

@@ -141,7 +141,7 @@ QVariant SkyModel::data(const QModelIndex& index, int role) const
     const Aircraft& aircraft = m_aircraft[static_cast<std::size_t>(index.row())];
     const auto column = static_cast<SkyColumn>(index.column());
     if (column == SkyColumn::star) {
-        if (const QVariant data = starData(aircraft, role); data.isValid())
+        if (QVariant data = starData(aircraft, role); data.isValid())
             return data;
     }
     switch (role) {

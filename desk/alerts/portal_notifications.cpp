@@ -40,7 +40,7 @@ QString tokenIn(const QVariantList& parameters)
     for (QVariant parameter : parameters) {
         if (parameter.canConvert<QDBusVariant>())
             parameter = parameter.value<QDBusVariant>().variant();
-        if (const QString token = Activation::tokenIn(qdbus_cast<QVariantMap>(parameter)); !token.isEmpty())
+        if (QString token = Activation::tokenIn(qdbus_cast<QVariantMap>(parameter)); !token.isEmpty())
             return token;
     }
     return {};

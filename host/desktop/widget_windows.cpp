@@ -55,6 +55,7 @@ void WidgetWindows::restore(const std::vector<PlacedWidget>& widgets)
 {
     m_screens = Screens::all(*m_way);
     std::vector<Placing::Remembered> remembered;
+    remembered.reserve(widgets.size());
     for (const PlacedWidget& widget : widgets)
         remembered.push_back(
             {.placement = widget.placement, .size = WidgetCard::sizeOf(widget.target.family)});

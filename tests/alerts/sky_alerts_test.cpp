@@ -44,6 +44,7 @@ SkyEntry sky(std::vector<Aircraft> aircraft)
 std::vector<std::string> ids(const std::vector<SkyAlert>& alerts)
 {
     std::vector<std::string> list;
+    list.reserve(alerts.size());
     for (const SkyAlert& alert : alerts)
         list.push_back(alert.id);
     return list;

@@ -31,7 +31,8 @@ bool waitForReply(int channel, steady_clock::time_point deadline)
     while (true) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now());
         pollfd reply{.fd = channel, .events = POLLIN, .revents = 0};
-        const int ready = poll(&reply, 1, static_cast<int>(std::max(left, left.zero()).count()));
+        const int ready
+            = poll(&reply, 1, static_cast<int>(std::max<std::chrono::milliseconds::rep>(left.count(), 0)));
         if (ready >= 0 || errno != EINTR)
             return ready > 0;
     }

@@ -5,6 +5,7 @@
 #include "tests/session/wait_for.h"
 #include "tests/support/scratch_folder.h"
 
+#include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 

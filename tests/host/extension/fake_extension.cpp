@@ -119,9 +119,11 @@ std::string hostileAlerts()
     std::string list;
     for (int index = 0; index < 700; ++index) {
         const std::string id = std::to_string(index);
-        list += std::string{index == 0 ? "" : ","} + R"({"id":"emergency/)" + id + R"(","at":)" + at
-            + R"(,"title":"Emergency","body":"<b>No. )" + id + R"(</b> & <img src='x'>)"
-            + std::string(5'000, 'A') + R"(","url":"skyvane://aircraft/)" + id + "\"}";
+        list.append(index == 0 ? "" : ",")
+            .append(R"({"id":"emergency/)" + id + R"(","at":)" + at)
+            .append(R"(,"title":"Emergency","body":"<b>No. )" + id + R"(</b> & <img src='x'>)")
+            .append(5'000, 'A')
+            .append(R"(","url":"skyvane://aircraft/)" + id + "\"}");
     }
     return list;
 }

@@ -105,7 +105,7 @@ std::string takeSocks5(int client)
     say(client, {'\5', '\0'});
     const std::string request = hear(client, 5); // Version, command, 0, kind of address, length.
     const bool isName = request.size() == 5 && request[3] == '\3';
-    const std::string host = isName ? hear(client, static_cast<unsigned char>(request[4])) : "an address";
+    std::string host = isName ? hear(client, static_cast<unsigned char>(request[4])) : "an address";
     hear(client, 2);
     say(client, {'\5', '\0', '\0', '\1', 0, 0, 0, 0, 0, 0});
     return host;
