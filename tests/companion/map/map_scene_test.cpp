@@ -49,6 +49,7 @@ bool areSeen(const std::vector<QPolygonF>& lines)
 std::vector<std::string> texts(const std::vector<MapScene::Mark>& marks)
 {
     std::vector<std::string> list;
+    list.reserve(marks.size());
     for (const MapScene::Mark& mark : marks)
         list.push_back(mark.text.toStdString());
     return list;

@@ -66,7 +66,7 @@ protected:
     /// A program that does this in a shell.
     std::filesystem::path program(const std::string& commands) const
     {
-        const std::filesystem::path file = scratch.path() / "program";
+        std::filesystem::path file = scratch.path() / "program";
         std::ofstream{file} << "#!/bin/sh\n" << commands << "\n";
         std::filesystem::permissions(file, std::filesystem::perms::owner_all);
         return file;

@@ -83,7 +83,7 @@ QByteArray webpOf(const QImage& image, bool isLossless)
     const std::size_t size = isLossless
         ? WebPEncodeLosslessRGBA(plain.constBits(), plain.width(), plain.height(), line, &bytes)
         : WebPEncodeRGBA(plain.constBits(), plain.width(), plain.height(), line, quality, &bytes);
-    const QByteArray file{reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(size)};
+    QByteArray file{reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(size)};
     WebPFree(bytes);
     return file;
 }
@@ -100,7 +100,7 @@ QByteArray inkFileOf(const QSize& size, const std::array<unsigned char, 4>& ink)
     unsigned long length = 0;
     tjCompress2(encoder, pixels.data(), size.width(), 0, size.height(), TJPF_CMYK, &bytes, &length,
         TJSAMP_444, quality, 0);
-    const QByteArray file{reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(length)};
+    QByteArray file{reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(length)};
     tjFree(bytes);
     tjDestroy(encoder);
     return file;

@@ -17,7 +17,8 @@ Extent cover(std::uint32_t width, std::uint32_t height)
 
 Pixels row(std::vector<Pixel> list)
 {
-    return {.width = static_cast<std::uint32_t>(list.size()), .height = 1, .list = std::move(list)};
+    const auto width = static_cast<std::uint32_t>(list.size());
+    return {.width = width, .height = 1, .list = std::move(list)};
 }
 
 } // namespace
