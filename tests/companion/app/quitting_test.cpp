@@ -26,7 +26,7 @@ constexpr int quitAtOnce = 7;
 /// A program that would decode for ten minutes and says so in a file.
 std::filesystem::path slowDecoder(const std::filesystem::path& folder, const std::filesystem::path& begun)
 {
-    const std::filesystem::path program = folder / "decoder";
+    std::filesystem::path program = folder / "decoder";
     std::ofstream{program} << "#!/bin/sh\necho >" << begun.string() << "\nexec /bin/sleep 600\n";
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
     return program;
