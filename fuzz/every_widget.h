@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fuzz/fuzzer.h"
-#include "protocol/codec.h"
+#include "protocol/record_codec.h"
 #include "tests/ui/layout/even_measurer.h"
 #include "ui/archive/archive.h"
 #include "ui/layout/dump.h"

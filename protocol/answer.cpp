@@ -3,8 +3,8 @@
 #include "platform/json/object.h"
 #include "platform/text/printable.h"
 #include "protocol/calls.h"
-#include "protocol/codec.h"
 #include "protocol/json_rpc.h"
+#include "protocol/record_codec.h"
 
 #include <string>
 

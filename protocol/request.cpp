@@ -1,8 +1,8 @@
 #include "protocol/request.h"
 
 #include "platform/json/object.h"
-#include "protocol/codec.h"
 #include "protocol/json_rpc.h"
+#include "protocol/record_codec.h"
 
 #include <type_traits>
 

@@ -2,8 +2,8 @@
 
 #include "paint/to_qt.h"
 #include "platform/json/object.h"
-#include "protocol/codec.h"
 #include "protocol/limits.h"
+#include "protocol/record_codec.h"
 
 #include <algorithm>
 

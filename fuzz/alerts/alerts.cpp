@@ -3,7 +3,7 @@
 #include "core/feed/adsb.h"
 #include "fuzz/fuzzer.h"
 #include "platform/text/unicode.h"
-#include "protocol/codec.h"
+#include "protocol/record_codec.h"
 #include "widgets/extension/answers.h"
 
 #include <algorithm>

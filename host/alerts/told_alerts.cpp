@@ -2,7 +2,7 @@
 
 #include "platform/files/files.h"
 #include "platform/json/object.h"
-#include "protocol/codec.h"
+#include "protocol/record_codec.h"
 
 #include <QLoggingCategory>
 #include <QStandardPaths>

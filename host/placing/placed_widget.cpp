@@ -1,7 +1,7 @@
 #include "host/placing/placed_widget.h"
 
 #include "platform/json/object.h"
-#include "protocol/codec.h"
+#include "protocol/record_codec.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "protocol/codec.h"
+#include "protocol/record_codec.h"
 #include "protocol/request.h"
 #include "tests/protocol/complaint.h"
 #include "tests/support/replaced.h"

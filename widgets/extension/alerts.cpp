@@ -1,8 +1,8 @@
 #include "widgets/extension/alerts.h"
 
 #include "platform/json/value.h"
-#include "protocol/codec.h"
 #include "protocol/limits.h"
+#include "protocol/record_codec.h"
 
 #include <chrono>
 #include <string>

@@ -1,6 +1,6 @@
 #include "widgets/extension/serve.h"
 
-#include "protocol/codec.h"
+#include "protocol/record_codec.h"
 #include "widgets/extension/alerts.h"
 #include "widgets/extension/answers.h"
 #include "widgets/extension/line_reader.h"

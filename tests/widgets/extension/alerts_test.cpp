@@ -1,8 +1,8 @@
 #include "widgets/extension/alerts.h"
 
 #include "alerts/sky_alerts.h"
-#include "protocol/codec.h"
 #include "protocol/limits.h"
+#include "protocol/record_codec.h"
 #include "tests/core/sample_sky.h"
 #include "widgets/extension/answers.h"
 

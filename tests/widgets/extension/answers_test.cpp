@@ -1,6 +1,6 @@
 #include "widgets/extension/answers.h"
 
-#include "protocol/codec.h"
+#include "protocol/record_codec.h"
 #include "ui/tree/build.h"
 
 #include <gmock/gmock.h>
