@@ -1,6 +1,6 @@
 #include "desk/alerts/notifications.h"
 
-#include "tests/session/fake_notifications.h"
+#include "tests/session/fake_notification_portal.h"
 #include "tests/session/journal.h"
 #include "tests/session/private_bus.h"
 #include "tests/session/wait_for.h"

@@ -3,7 +3,7 @@
 #include "desk/alerts/alert_choices_file.h"
 #include "platform/pinned.h"
 #include "platform/text/unicode.h"
-#include "tests/session/fake_notifications.h"
+#include "tests/session/fake_notification_service.h"
 #include "tests/session/journal.h"
 #include "tests/session/private_bus.h"
 #include "tests/session/wait_for.h"

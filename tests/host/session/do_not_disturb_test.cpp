@@ -1,6 +1,6 @@
 #include "host/session/do_not_disturb.h"
 
-#include "tests/session/fake_notifications.h"
+#include "tests/session/fake_notification_service.h"
 #include "tests/session/private_bus.h"
 #include "tests/session/wait_for.h"
 

@@ -39,6 +39,7 @@ public:
     void support(const std::vector<std::string>& abilities)
     {
         std::vector<xcb_atom_t> atoms;
+        atoms.reserve(abilities.size());
         for (const std::string& ability : abilities)
             atoms.push_back(atom(ability));
         xcb_connection_t* connection = m_connection.get();
