@@ -87,7 +87,7 @@ void Desktop::start(const DesktopSetup& setup)
     m_windows.setMovable(!m_placed.isLocked());
     if (m_placed.isFirstStart()) {
         for (const WidgetTarget& target : firstWidgets())
-            place(target, m_windows.freeFrame(target.family, primaryScreen()));
+            place(target, m_windows.freeFrame(target.family, m_windows.primaryScreen()));
         std::error_code ignored;
         if (!std::filesystem::exists(setup.configuration, ignored))
             setup.welcome();
@@ -123,24 +123,9 @@ std::optional<int> Desktop::add(const WidgetTarget& target, const std::optional<
     const std::optional<WidgetTarget> offered = m_offered.target(target);
     if (!offered)
         return std::nullopt;
-    return place(
-        *offered, frame ? m_windows.snapped(*frame) : m_windows.freeFrame(target.family, screenInUse()));
-}
-
-std::optional<ScreenArea> Desktop::primaryScreen() const
-{
-    const auto& screens = m_windows.screens();
-    return screens.empty() ? std::nullopt : std::optional{screens.front()};
-}
-
-/// The gallery's, else the pointer's.
-std::optional<ScreenArea> Desktop::screenInUse() const
-{
-    if (!m_windows.way().arePlacesKnown())
-        return primaryScreen();
     const bool isGallery = m_gallery && m_gallery->isVisible();
-    return Placing::screenOf(
-        isGallery ? m_gallery->frameGeometry() : QRect{QCursor::pos(), QSize{1, 1}}, m_windows.screens());
+    const auto screen = m_windows.screenInUse(isGallery ? m_gallery.get() : nullptr);
+    return place(*offered, frame ? m_windows.snapped(*frame) : m_windows.freeFrame(target.family, screen));
 }
 
 int Desktop::place(const WidgetTarget& target, const QRect& frame)

@@ -68,8 +68,6 @@ private:
     void start(const DesktopSetup& setup);
     void tellAlerts(const AlertSetup& setup);
     void learnWidgets();
-    std::optional<ScreenArea> primaryScreen() const;
-    std::optional<ScreenArea> screenInUse() const;
     int place(const WidgetTarget& target, const QRect& frame);
     void show(const PlacedWidget& widget);
     void showAll();

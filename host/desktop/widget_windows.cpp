@@ -4,6 +4,8 @@
 #include "host/session/desktop_way.h"
 #include "paint/widget_card.h"
 
+#include <QCursor>
+
 #include <iterator>
 #include <utility>
 
@@ -49,6 +51,19 @@ void WidgetWindows::setMovable(bool areMovable)
     m_areMovable = areMovable;
     for (const auto& [id, window] : m_windows)
         window->setMovable(areMovable);
+}
+
+std::optional<ScreenArea> WidgetWindows::primaryScreen() const
+{
+    return m_screens.empty() ? std::nullopt : std::optional{m_screens.front()};
+}
+
+std::optional<ScreenArea> WidgetWindows::screenInUse(const QWidget* window) const
+{
+    if (!m_way->arePlacesKnown())
+        return primaryScreen();
+    return Placing::screenOf(
+        window != nullptr ? window->frameGeometry() : QRect{QCursor::pos(), QSize{1, 1}}, m_screens);
 }
 
 void WidgetWindows::restore(const std::vector<PlacedWidget>& widgets)

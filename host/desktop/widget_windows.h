@@ -20,6 +20,12 @@ public:
     DesktopWay& way() const { return *m_way; }
     /// As they were when `restore` was last called: a drag does not ask the desktop at every step.
     const std::vector<ScreenArea>& screens() const { return m_screens; }
+    /// Absent without any screen.
+    std::optional<ScreenArea> primaryScreen() const;
+    /// That of the window that the user has to do with, or of the pointer where it is null; the primary one
+    /// where the desktop tells neither.
+    std::optional<ScreenArea> screenInUse(const QWidget* window) const;
+
     /// Goes another way, once all windows are closed.
     void follow(std::unique_ptr<DesktopWay> way);
 
