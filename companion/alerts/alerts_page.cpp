@@ -2,6 +2,7 @@
 
 #include "companion/alerts/quiet_field.h"
 #include "companion/alerts/watch_field.h"
+#include "companion/look/scrolling.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
 
@@ -10,7 +11,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -89,14 +89,7 @@ void AlertsPage::layOut(const std::function<void()>& showSample)
     column->addWidget(sample, 0, Qt::AlignLeft);
     column->addWidget(m_state);
     column->addStretch();
-    auto* scroll = new QScrollArea;
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(content);
-    auto* layout = new QVBoxLayout{this};
-    layout->setContentsMargins({});
-    layout->addWidget(scroll);
+    fillScrolling(*this, content);
 }
 
 QWidget* AlertsPage::overheadRow()

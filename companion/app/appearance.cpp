@@ -2,6 +2,7 @@
 
 #include "companion/app/outlined_style.h"
 #include "companion/look/contrast.h"
+#include "desk/bus/names.h"
 
 #include <QApplication>
 #include <QDBusPendingCallWatcher>
@@ -15,16 +16,6 @@ namespace skyvane {
 namespace {
 
 constexpr unsigned prefersDark = 1;
-
-QString service()
-{
-    return QStringLiteral("org.freedesktop.portal.Desktop");
-}
-
-QString path()
-{
-    return QStringLiteral("/org/freedesktop/portal/desktop");
-}
 
 QString portalInterface()
 {
@@ -77,10 +68,10 @@ Appearance::Appearance(QDBusConnection bus) : m_light(calmed(QApplication::palet
     if (QApplication::style()->name() == QStringLiteral("fusion"))
         QApplication::setStyle(new OutlinedStyle);
     show(m_light);
-    bus.connect(service(), path(), portalInterface(), QStringLiteral("SettingChanged"), this,
-        SLOT(settingChanged(QDBusMessage)));
-    auto message
-        = QDBusMessage::createMethodCall(service(), path(), portalInterface(), QStringLiteral("Read"));
+    bus.connect(BusName::portal(), BusName::portalPath(), portalInterface(), QStringLiteral("SettingChanged"),
+        this, SLOT(settingChanged(QDBusMessage)));
+    auto message = QDBusMessage::createMethodCall(
+        BusName::portal(), BusName::portalPath(), portalInterface(), QStringLiteral("Read"));
     message << appearanceName() << schemeKey();
     auto* answer = new QDBusPendingCallWatcher{bus.asyncCall(message), this};
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {

@@ -1,5 +1,7 @@
 #include "companion/position/geo_uri.h"
 
+#include "companion/position/parts.h"
+#include "core/enrichment/ascii.h"
 #include "platform/text/unicode.h"
 
 #include <algorithm>
@@ -10,28 +12,11 @@ namespace skyvane::GeoUri {
 
 namespace {
 
-char lowercase(char character)
-{
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
 bool startsWith(std::string_view text, std::string_view lowercasePrefix)
 {
     return text.size() >= lowercasePrefix.size()
         && std::equal(lowercasePrefix.begin(), lowercasePrefix.end(), text.begin(),
-            [](char expected, char character) { return expected == lowercase(character); });
-}
-
-std::vector<std::string_view> parts(std::string_view text, char separator)
-{
-    std::vector<std::string_view> list;
-    while (true) {
-        const std::size_t end = text.find(separator);
-        list.push_back(text.substr(0, end));
-        if (end == std::string_view::npos)
-            return list;
-        text.remove_prefix(end + 1);
-    }
+            [](char expected, char character) { return expected == ASCII::lowercased(character); });
 }
 
 /// Digits, with at most a minus before and decimals behind them.

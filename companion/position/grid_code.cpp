@@ -1,5 +1,6 @@
 #include "companion/position/grid_code.h"
 
+#include "core/enrichment/ascii.h"
 #include "platform/text/unicode.h"
 
 #include <algorithm>
@@ -16,15 +17,10 @@ constexpr std::size_t mostDigits = 15;
 constexpr double northPole = 90;
 constexpr double dateLine = 180;
 
-char capital(char character)
-{
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
-}
-
 std::string inCapitals(std::string_view text)
 {
     std::string capitals{text};
-    std::ranges::transform(capitals, capitals.begin(), capital);
+    std::ranges::transform(capitals, capitals.begin(), ASCII::uppercased);
     return capitals;
 }
 

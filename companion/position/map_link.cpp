@@ -1,5 +1,8 @@
 #include "companion/position/map_link.h"
 
+#include "companion/position/parts.h"
+#include "core/enrichment/ascii.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -14,15 +17,10 @@ namespace {
 
 constexpr std::size_t longestLink = 8192; // Bytes.
 
-char lowercase(char character)
-{
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
 std::string inLowercase(std::string_view text)
 {
     std::string lower{text};
-    std::ranges::transform(lower, lower.begin(), lowercase);
+    std::ranges::transform(lower, lower.begin(), ASCII::lowercased);
     return lower;
 }
 
@@ -49,18 +47,6 @@ std::string decoded(std::string_view text)
         }
     }
     return plain;
-}
-
-std::vector<std::string_view> parts(std::string_view text, char separator)
-{
-    std::vector<std::string_view> list;
-    while (true) {
-        const std::size_t end = text.find(separator);
-        list.push_back(text.substr(0, end));
-        if (end == std::string_view::npos)
-            return list;
-        text.remove_prefix(end + 1);
-    }
 }
 
 /// Takes the number that the text begins with.
@@ -243,8 +229,9 @@ bool isLink(std::string_view text)
         return true;
     const std::string_view host = text.substr(0, text.find_first_of("/?#"));
     const std::size_t dot = host.rfind('.');
-    const auto isLetter
-        = [](char character) { return lowercase(character) >= 'a' && lowercase(character) <= 'z'; };
+    const auto isLetter = [](char character) {
+        return ASCII::lowercased(character) >= 'a' && ASCII::lowercased(character) <= 'z';
+    };
     return host.size() < text.size() && dot != std::string_view::npos && host.size() > dot + 2
         && std::ranges::all_of(host.substr(dot + 1), isLetter);
 }

@@ -1,6 +1,7 @@
 #include "companion/position/place_index.h"
 
 #include "companion/position/folded.h"
+#include "core/enrichment/ascii.h"
 #include "core/radar/great_circle.h"
 
 #include <algorithm>
@@ -194,9 +195,7 @@ std::vector<Place> PlaceIndex::find(std::string_view typed, const Vantage& from,
     if (query.words.empty())
         return {};
     std::string country = from.countryCode;
-    std::ranges::transform(country, country.begin(), [](char letter) {
-        return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-    });
+    std::ranges::transform(country, country.begin(), ASCII::uppercased);
     const auto middle = middleOf(from.timeZone);
     const auto isNear = [&](const Place& place) {
         constexpr double nearNM = 540; // 1000 km.

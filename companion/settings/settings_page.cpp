@@ -1,6 +1,7 @@
 #include "companion/settings/settings_page.h"
 
 #include "companion/look/marked_line_edit.h"
+#include "companion/look/scrolling.h"
 #include "companion/look/type_scale.h"
 #include "companion/position/world_places.h"
 #include "companion/settings/choice_row.h"
@@ -17,7 +18,6 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QSlider>
 
 namespace skyvane {
@@ -78,14 +78,7 @@ SettingsPage::SettingsPage(const FontMeasurer& fonts, const QDBusConnection& sys
     m_columns->addWidget(m_chosen, 1, Qt::AlignTop);
     m_columns->addWidget(m_previews, 0, Qt::AlignTop);
     arrange();
-    auto* scroll = new QScrollArea;
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(content);
-    auto* layout = new QVBoxLayout{this};
-    layout->setContentsMargins({});
-    layout->addWidget(scroll);
+    fillScrolling(*this, content);
     setFocusProxy(home);
     connectFields();
     showDraft();

@@ -31,6 +31,11 @@ constexpr char uppercased(char character)
     return isLowercase(character) ? static_cast<char>(character - 'a' + 'A') : character;
 }
 
+constexpr char lowercased(char character)
+{
+    return isUppercase(character) ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
 constexpr bool isASCII(std::string_view text)
 {
     return std::ranges::all_of(text, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });

@@ -1,6 +1,7 @@
 #include "desk/alerts/portal_notifications.h"
 
 #include "desk/activation.h"
+#include "desk/bus/names.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -12,16 +13,6 @@
 namespace skyvane {
 
 namespace {
-
-QString service()
-{
-    return QStringLiteral("org.freedesktop.portal.Desktop");
-}
-
-QString path()
-{
-    return QStringLiteral("/org/freedesktop/portal/desktop");
-}
 
 QString portalInterface()
 {
@@ -56,12 +47,12 @@ PortalNotifications::PortalNotifications(QDBusConnection bus, QString program)
 QDBusPendingCall PortalNotifications::askVersion() const
 {
     // Newer portals ask programs outside a sandbox for their names; the answer does not matter.
-    auto name = QDBusMessage::createMethodCall(service(), path(),
+    auto name = QDBusMessage::createMethodCall(BusName::portal(), BusName::portalPath(),
         QStringLiteral("org.freedesktop.host.portal.Registry"), QStringLiteral("Register"));
     name << m_program << QVariantMap{};
     m_bus.asyncCall(name);
-    auto message = QDBusMessage::createMethodCall(
-        service(), path(), QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    auto message = QDBusMessage::createMethodCall(BusName::portal(), BusName::portalPath(),
+        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     message << portalInterface() << QStringLiteral("version");
     return m_bus.asyncCall(message);
 }
@@ -70,7 +61,7 @@ void PortalNotifications::show(const Notification& notification)
 {
     listen();
     auto message = QDBusMessage::createMethodCall(
-        service(), path(), portalInterface(), QStringLiteral("AddNotification"));
+        BusName::portal(), BusName::portalPath(), portalInterface(), QStringLiteral("AddNotification"));
     message << notification.key
             << QVariantMap{
                    {QStringLiteral("title"), notification.title},
@@ -89,8 +80,8 @@ void PortalNotifications::show(const Notification& notification)
 void PortalNotifications::listen()
 {
     if (!std::exchange(m_isListening, true))
-        m_bus.connect(service(), path(), portalInterface(), QStringLiteral("ActionInvoked"), this,
-            SLOT(invoke(QString, QString, QVariantList)));
+        m_bus.connect(BusName::portal(), BusName::portalPath(), portalInterface(),
+            QStringLiteral("ActionInvoked"), this, SLOT(invoke(QString, QString, QVariantList)));
 }
 
 void PortalNotifications::invoke(const QString& key, const QString& action, const QVariantList& parameters)

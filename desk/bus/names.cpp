@@ -14,6 +14,16 @@ QString BusName::companion()
     return QStringLiteral("org.skyvane.Companion");
 }
 
+QString BusName::portal()
+{
+    return QStringLiteral("org.freedesktop.portal.Desktop");
+}
+
+QString BusName::portalPath()
+{
+    return QStringLiteral("/org/freedesktop/portal/desktop");
+}
+
 QString BusName::path(QString name)
 {
     return QLatin1Char{'/'} + name.replace(QLatin1Char{'.'}, QLatin1Char{'/'});

@@ -2,11 +2,14 @@
 
 #include <QString>
 
-/// Well-known names of the programs on the session's message bus. Desktop entries and icons are named alike.
+/// Well-known names on the session's message bus. Desktop entries and icons are named as the programs are.
 namespace skyvane::BusName {
 
 QString host();
 QString companion();
+/// The desktop portal, where there is one; its object is at `portalPath`.
+QString portal();
+QString portalPath();
 
 /// Path of the one object behind a name: the name's words after slashes.
 QString path(QString name);

@@ -31,19 +31,6 @@ std::optional<std::filesystem::path> homeInUserDatabase()
     return found->pw_dir;
 }
 
-bool writeAll(int descriptor, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 /// Where the file's links lead, be a file there already or not; the first of them when they lead in a circle.
 std::filesystem::path withoutLinks(const std::filesystem::path& file)
 {

@@ -2,6 +2,7 @@
 
 #include "platform/sandbox/file_access.h"
 #include "platform/sandbox/system_call_filter.h"
+#include "platform/sanitized.h"
 #include "widgets/extension/allowed_calls.h"
 #include "widgets/extension/readable_files.h"
 #include "widgets/extension/shut_doors.h"
@@ -16,12 +17,7 @@
 #include <cerrno>
 #include <cstddef>
 
-#ifndef __has_feature
-#define __has_feature(feature) 0
-#endif
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || __has_feature(address_sanitizer)        \
-    || __has_feature(thread_sanitizer)
-#define SKYVANE_SANITIZED
+#ifdef SKYVANE_SANITIZED
 /// Looking for leaks at the end takes a second process that traces this one.
 extern "C" int __lsan_is_turned_off()
 {

@@ -2,6 +2,7 @@
 #include "companion/photo/decoder/confinement.h"
 #include "companion/photo/decoder/decode.h"
 #include "companion/photo/limits.h"
+#include "platform/files/descriptor.h"
 
 #include <unistd.h>
 
@@ -30,19 +31,6 @@ std::string readInput()
     return bytes;
 }
 
-bool writeOutput(std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t written = write(STDOUT_FILENO, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 } // namespace
 
 /// The program that the companion has photographs decoded by: a file as its input, pixels as its output.
@@ -52,7 +40,7 @@ int main()
         return 1;
     try {
         const auto pixels = decodedPhoto(readInput());
-        return pixels && writeOutput(PhotoAnswer::encoded(*pixels)) ? 0 : 1;
+        return pixels && Files::writeAll(STDOUT_FILENO, PhotoAnswer::encoded(*pixels)) ? 0 : 1;
     } catch (const std::bad_alloc&) {
         return 1;
     }
