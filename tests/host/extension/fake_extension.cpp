@@ -120,7 +120,8 @@ std::string hostileAlerts()
     for (int index = 0; index < 700; ++index) {
         const std::string id = std::to_string(index);
         list.append(index == 0 ? "" : ",")
-            .append(R"({"id":"emergency/)" + id + R"(","at":)" + at)
+            .append(R"({"id":"emergency/)" + id)
+            .append(R"(","at":)" + at)
             .append(R"(,"title":"Emergency","body":"<b>No. )" + id + R"(</b> & <img src='x'>)")
             .append(5'000, 'A')
             .append(R"(","url":"skyvane://aircraft/)" + id + "\"}");
