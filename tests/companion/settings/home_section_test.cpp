@@ -1,6 +1,7 @@
 #include "companion/map/earth_map.h"
 #include "tests/companion/settings/settings_page_fixture.h"
 
+#include <QSlider>
 #include <QTest>
 
 namespace skyvane {
