@@ -137,9 +137,9 @@ void EarthMap::paintEvent(QPaintEvent*)
     QPainter painter{this};
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), palette().color(QPalette::Base));
-    if (const MapData* data = m_loader.data()) {
+    if (const MapData* earth = m_loader.data()) {
         m_isReady = true;
-        const auto scene = MapScene::of(*data, frame(), m_subject, QFontMetricsF{font()}, {});
+        const auto scene = MapScene::of(*earth, frame(), m_subject, QFontMetricsF{font()}, {});
         paintMap(scene, ink(), painter);
     }
     const bool isFocused = hasFocus();

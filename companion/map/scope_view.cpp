@@ -65,8 +65,8 @@ void ScopeView::paintUnder(QPainter& painter, const DisplayList& list)
     const Ellipse* ring = outerRing(list);
     if (!m_isMapShown || !m_home || ring == nullptr || !(m_radiusNM > 0) || !std::isfinite(m_radiusNM))
         return;
-    const MapData* data = m_loader.data();
-    if (data == nullptr)
+    const MapData* earth = m_loader.data();
+    if (earth == nullptr)
         return;
     const double radius = ring->diameter / 2;
     const QRectF area{ring->center.x - radius, ring->center.y - radius, ring->diameter, ring->diameter};
@@ -79,7 +79,7 @@ void ScopeView::paintUnder(QPainter& painter, const DisplayList& list)
     QFont font = painter.font();
     font.setPixelSize(9);
     painter.setFont(font);
-    auto scene = MapScene::of(*data, frame, {.home = home, .radiusNM = m_radiusNM}, QFontMetricsF{font},
+    auto scene = MapScene::of(*earth, frame, {.home = home, .radiusNM = m_radiusNM}, QFontMetricsF{font},
         {.cities = 10, .airports = 12});
     scene.ring.clear(); // The scope has its own, and its own home.
     scene.home.reset();
