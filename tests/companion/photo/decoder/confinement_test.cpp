@@ -1,10 +1,10 @@
 #include "companion/photo/decoder/confinement.h"
 
+#include "platform/sandbox/system_call_filter.h"
 #include "tests/support/scratch_folder.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <seccomp.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -20,6 +20,7 @@
 #include <fstream>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace skyvane {
@@ -182,13 +183,11 @@ TEST_F(PhotoConfinement, whatElseWasOpenIsClosed)
 TEST_F(PhotoConfinement, aKernelThatTakesNoFilterIsSaid)
 {
     const auto refuseFilters = [] {
-        scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ALLOW);
-        const scmp_arg_cmp asked{.arg = 0, .op = SCMP_CMP_EQ, .datum_a = PR_SET_SECCOMP, .datum_b = 0};
-        seccomp_rule_add_array(filter, SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(seccomp), 0, nullptr);
-        seccomp_rule_add_array(filter, SCMP_ACT_ERRNO(EINVAL), SCMP_SYS(prctl), 1, &asked);
-        const bool isRefused = seccomp_load(filter) == 0;
-        seccomp_release(filter);
-        return isRefused;
+        constexpr std::array refused{SYS_seccomp};
+        prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+        SystemCallFilter filter;
+        filter.answer(refused, SystemCallFilter::failure(ENOSYS));
+        return std::move(filter).enforce(SystemCallFilter::Answer::allowed);
     };
     EXPECT_EQ(inChild([&] { return refuseFilters() && !PhotoDecoder::confine() ? 0 : 1; }), 0);
 }
