@@ -24,7 +24,7 @@ public:
     /// it.
     struct Load {
         template <class First>
-        Load(First first, Places whole = {}) : first(std::move(first)), whole(std::move(whole))
+        Load(First atOnce, Places later = {}) : first(std::move(atOnce)), whole(std::move(later))
         {
         }
 
