@@ -4,6 +4,7 @@
 #include "companion/settings/settings.h"
 
 #include <QDBusConnection>
+#include <QWidget>
 
 class QLabel;
 class QPushButton;

@@ -16,7 +16,7 @@ CommaLocale::CommaLocale()
     // It warns that all other categories are missing, and makes them up.
     const std::string command = "localedef --no-archive --force -i " + folder + "/source " + folder
         + "/comma 2>" + folder + "/said";
-    static_cast<void>(std::system(command.c_str()));
+    [[maybe_unused]] const int warnings = std::system(command.c_str());
     setenv("LOCPATH", folder.c_str(), /*overwrite=*/1);
     if (std::setlocale(LC_ALL, "comma") == nullptr)
         throw std::runtime_error("no locale could be made: " + command);
