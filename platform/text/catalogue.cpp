@@ -49,6 +49,18 @@ private:
     bool m_isBigEndian = false;
 };
 
+/// That of the texts, by the line of a catalogue's head which names their language.
+TextDirection directionIn(std::string_view head)
+{
+    constexpr std::string_view name = "\nLanguage: ";
+    const std::string lines = "\n" + std::string{head};
+    const std::size_t start = lines.find(name);
+    if (start == std::string::npos)
+        return TextDirection::leftToRight;
+    const std::string_view rest = std::string_view{lines}.substr(start + name.size());
+    return directionOf(rest.substr(0, rest.find('\n')));
+}
+
 std::string_view variable(const char* name)
 {
     const char* value = std::getenv(name);
@@ -81,6 +93,22 @@ bool isEnglish(std::string_view locale)
     return name.substr(0, name.find('_')) == "en";
 }
 
+/// The catalogue for readers of a language whose own names lead to none; empty without such a one.
+/// Catalogues of Chinese are named after the country whose characters they are written in, and that of
+/// Norwegian after its written form.
+std::string_view catalogueFor(std::string_view territorial)
+{
+    constexpr std::string_view simplified = "zh_Hans";
+    if (territorial.starts_with(simplified))
+        return "zh_CN";
+    for (const std::string_view name : {"zh", "zh_MY", "zh_SG"}) {
+        if (territorial == name)
+            return "zh_CN";
+    }
+    const std::string_view language = territorial.substr(0, territorial.find('_'));
+    return language == "no" || language == "nn" ? "nb" : "";
+}
+
 /// Of "sr_RS.UTF-8@latin" the names "sr_RS@latin", "sr@latin", "sr_RS" and "sr".
 void addNames(std::string_view locale, std::vector<std::string>& names)
 {
@@ -88,9 +116,11 @@ void addNames(std::string_view locale, std::vector<std::string>& names)
     const std::string language = territorial.substr(0, territorial.find('_'));
     const std::size_t at = locale.find('@');
     const std::string variant{at != std::string_view::npos ? locale.substr(at) : ""};
-    for (const std::string& name : {territorial + variant, language + variant, territorial, language}) {
+    const std::string other{catalogueFor(territorial)};
+    for (const std::string& name :
+        {territorial + variant, language + variant, territorial, language, other}) {
         const bool isOnePartOfAPath = name.find('/') == std::string::npos;
-        if (isOnePartOfAPath && std::ranges::find(names, name) == names.end())
+        if (!name.empty() && isOnePartOfAPath && std::ranges::find(names, name) == names.end())
             names.push_back(name);
     }
 }
@@ -121,10 +151,12 @@ Catalogue read(std::string_view bytes)
 {
     Catalogue catalogue;
     const bool isWhole = visit(bytes, [&](std::string_view key, std::string_view text) {
-        if (key.empty())
-            catalogue.plural = PluralRule{text};
-        else
+        if (!key.empty()) {
             catalogue.texts.emplace(key, text);
+            return;
+        }
+        catalogue.plural = PluralRule{text};
+        catalogue.direction = directionIn(text);
     });
     return isWhole ? catalogue : Catalogue{};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/text/plural_rule.h"
+#include "platform/text/text_direction.h"
 
 #include <functional>
 #include <string>
@@ -15,6 +16,7 @@ struct Catalogue {
     /// By the English text. One that counts has all its forms, each but the last followed by a zero.
     std::unordered_map<std::string, std::string> texts{};
     PluralRule plural{};
+    TextDirection direction = TextDirection::leftToRight; ///< By the "Language" of its head.
 };
 
 namespace Catalogues {
@@ -31,8 +33,9 @@ Catalogue read(std::string_view bytes);
 
 /// The names under which catalogues are looked for, the most wanted first: "de_AT", "de". They are
 /// LANGUAGE's, else the locale's by LC_ALL, LC_MESSAGES or LANG, whether or not that locale is generated on
-/// this machine. Nothing stands behind English, which the texts are written in, and nothing is wanted in the
-/// "C" locale.
+/// this machine. Behind a locale's own names stands that of a catalogue which its readers read as well:
+/// "nb" for Norwegian of any form, "zh_CN" for all of Chinese that is written in simplified characters.
+/// Nothing stands behind English, which the texts are written in, and nothing is wanted in the "C" locale.
 std::vector<std::string> wanted();
 
 } // namespace Catalogues

@@ -6,6 +6,7 @@
 #include <clocale>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace skyvane {
@@ -17,6 +18,21 @@ std::vector<Catalogue>& catalogues()
 {
     static std::vector<Catalogue> list;
     return list;
+}
+
+/// A text that counts has several forms.
+struct Translation {
+    std::string_view forms;
+    const Catalogue* catalogue;
+};
+
+std::optional<Translation> translation(const char* key)
+{
+    for (const Catalogue& catalogue : catalogues()) {
+        if (const auto found = catalogue.texts.find(key); found != catalogue.texts.end())
+            return Translation{.forms = found->second, .catalogue = &catalogue};
+    }
+    return std::nullopt;
 }
 
 /// Of forms that are separated by zeros; the first where there are not so many.
@@ -48,8 +64,17 @@ std::optional<Placeholder> placeholder(std::string_view text, std::size_t next)
     return std::nullopt;
 }
 
+/// Without marks "25 NM" would be torn apart: its number would belong to the text on its right.
+std::string placed(const std::string& filling, TextDirection around)
+{
+    constexpr const char* leftToRight = "\u200E";
+    if (around == TextDirection::leftToRight || !runsLeftToRight(filling))
+        return filling;
+    return leftToRight + filling + leftToRight;
+}
+
 /// In one go, so that what looks like a placeholder in a filling stays.
-std::string filled(std::string_view text, std::initializer_list<Filling> fillings)
+std::string filled(std::string_view text, std::initializer_list<Filling> fillings, TextDirection direction)
 {
     std::string result;
     std::size_t next = 0;
@@ -58,7 +83,8 @@ std::string filled(std::string_view text, std::initializer_list<Filling> filling
         text.remove_prefix(at);
         const auto found = placeholder(text, next);
         const bool isFilled = found && found->filling < fillings.size();
-        result += isFilled ? std::string_view{fillings.begin()[found->filling].text} : text.substr(0, 1);
+        result += isFilled ? placed(fillings.begin()[found->filling].text, direction)
+                           : std::string{text.substr(0, 1)};
         text.remove_prefix(isFilled ? found->length : 1);
         next += isFilled ? 1 : 0;
     }
@@ -75,33 +101,40 @@ void useCatalogues(const std::filesystem::path& folder)
     // The C library's own reader would translate only into languages whose locale is generated on this
     // machine.
     for (const std::string& name : Catalogues::wanted()) {
-        if (const auto bytes = Files::read(folder / name / "LC_MESSAGES/skyvane.mo", longest))
-            catalogues().push_back(Catalogues::read(*bytes));
+        const auto bytes = Files::read(folder / name / "LC_MESSAGES/skyvane.mo", longest);
+        Catalogue catalogue = bytes ? Catalogues::read(*bytes) : Catalogue{};
+        if (!catalogue.texts.empty())
+            catalogues().push_back(std::move(catalogue));
     }
+}
+
+TextDirection textDirection()
+{
+    return catalogues().empty() ? TextDirection::leftToRight : catalogues().front().direction;
 }
 
 std::string localized(const char* key)
 {
-    for (const Catalogue& catalogue : catalogues()) {
-        if (const auto found = catalogue.texts.find(key); found != catalogue.texts.end())
-            return formAt(0, found->second);
-    }
-    return key;
+    const auto found = translation(key);
+    return found ? formAt(0, found->forms) : key;
 }
 
 std::string localized(const char* key, std::initializer_list<Filling> fillings)
 {
-    return filled(localized(key), fillings);
+    const auto found = translation(key);
+    if (!found)
+        return filled(key, fillings, TextDirection::leftToRight);
+    return filled(formAt(0, found->forms), fillings, found->catalogue->direction);
 }
 
 std::string localizedCount(
     const char* one, const char* other, std::uint64_t count, std::initializer_list<Filling> fillings)
 {
-    for (const Catalogue& catalogue : catalogues()) {
-        if (const auto found = catalogue.texts.find(one); found != catalogue.texts.end())
-            return filled(formAt(catalogue.plural.form(count), found->second), fillings);
+    if (const auto found = translation(one)) {
+        const Catalogue& catalogue = *found->catalogue;
+        return filled(formAt(catalogue.plural.form(count), found->forms), fillings, catalogue.direction);
     }
-    return filled(PluralRule{}.form(count) == 0 ? one : other, fillings);
+    return filled(PluralRule{}.form(count) == 0 ? one : other, fillings, TextDirection::leftToRight);
 }
 
 } // namespace skyvane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text/text_direction.h"
+
 #include <concepts>
 #include <cstdint>
 #include <filesystem>
@@ -14,6 +16,9 @@ namespace skyvane {
 /// stay English.
 void useCatalogues(const std::filesystem::path& folder);
 
+/// Of the language that most texts are in, which is English without a catalogue.
+TextDirection textDirection();
+
 /// What a placeholder becomes: a text, or a number plainly printed.
 struct Filling {
     std::string text;
@@ -27,7 +32,8 @@ struct Filling {
 std::string localized(const char* key);
 
 /// The same with its placeholders filled: "%1" is the first filling, "%2" the second, and each "%lld" the
-/// next one.
+/// next one. In a text that runs from right to left, a filling that runs the other way stands between marks
+/// of direction.
 std::string localized(const char* key, std::initializer_list<Filling> fillings);
 
 /// The form of a text that goes with this number, filled likewise: `one` with 1 and `other` with all others,

@@ -62,6 +62,18 @@ TEST(Catalogue, holdsEveryPluralFormAndTheRule)
     EXPECT_EQ(catalogue.plural.form(2), 1);
 }
 
+TEST(Catalogue, runsInTheDirectionOfTheLanguageInItsHead)
+{
+    const auto directionOfHead = [](const std::string& head) {
+        return Catalogues::read(compiled({{"", head}, {"NEAREST", "…"}}, ByteOrder::little)).direction;
+    };
+    EXPECT_EQ(directionOfHead("Language: ar\n"), TextDirection::rightToLeft);
+    EXPECT_EQ(directionOfHead("X-Other: 1\nLanguage: he_IL\nX-More: 2\n"), TextDirection::rightToLeft);
+    EXPECT_EQ(directionOfHead("Language: pt_BR\n"), TextDirection::leftToRight);
+    EXPECT_EQ(directionOfHead("Language-Team: ar\nX-Language: ar\n"), TextDirection::leftToRight);
+    EXPECT_EQ(directionOfHead("Language: \n"), TextDirection::leftToRight);
+}
+
 TEST(Catalogue, mayHaveItsTablesBehindItsTexts)
 {
     std::string bytes;
@@ -104,6 +116,33 @@ TEST(WantedCatalogues, ofAVariantAreThoseOfTheLanguage)
 {
     EXPECT_THAT(
         wantedBy({{"LANG", "sr_RS.UTF-8@latin"}}), ElementsAre("sr_RS@latin", "sr@latin", "sr_RS", "sr"));
+}
+
+TEST(WantedCatalogues, ofACountryWithoutItsOwnAreThoseOfTheLanguage)
+{
+    EXPECT_THAT(wantedBy({{"LANG", "pt_AO.UTF-8"}}), ElementsAre("pt_AO", "pt"));
+    EXPECT_THAT(wantedBy({{"LANG", "pt_BR.UTF-8"}}), ElementsAre("pt_BR", "pt"));
+}
+
+TEST(WantedCatalogues, ofEveryNorwegianEndWithTheOneThatAllOfThemRead)
+{
+    EXPECT_THAT(wantedBy({{"LANG", "nb_NO.UTF-8"}}), ElementsAre("nb_NO", "nb"));
+    EXPECT_THAT(wantedBy({{"LANG", "no_NO"}}), ElementsAre("no_NO", "no", "nb"));
+    EXPECT_THAT(wantedBy({{"LANGUAGE", "no"}, {"LANG", "de_DE"}}), ElementsAre("no", "nb"));
+    EXPECT_THAT(wantedBy({{"LANG", "nn_NO.UTF-8"}}), ElementsAre("nn_NO", "nn", "nb"));
+}
+
+TEST(WantedCatalogues, ofChineseAreThoseInTheCharactersOfTheReader)
+{
+    EXPECT_THAT(wantedBy({{"LANG", "zh_CN.UTF-8"}}), ElementsAre("zh_CN", "zh"));
+    EXPECT_THAT(wantedBy({{"LANG", "zh_SG.UTF-8"}}), ElementsAre("zh_SG", "zh", "zh_CN"));
+    EXPECT_THAT(wantedBy({{"LANGUAGE", "zh"}, {"LANG", "de_DE"}}), ElementsAre("zh", "zh_CN"));
+    EXPECT_THAT(wantedBy({{"LANGUAGE", "zh_Hans:zh_Hans_HK"}, {"LANG", "de_DE"}}),
+        ElementsAre("zh_Hans", "zh", "zh_CN", "zh_Hans_HK"));
+    for (const std::string traditional : {"zh_TW", "zh_HK", "zh_Hant"})
+        EXPECT_THAT(wantedBy({{"LANG", traditional}}), ElementsAre(traditional, "zh"));
+    EXPECT_THAT(wantedBy({{"LANG", "zh_TW.UTF-8"}, {"LANGUAGE", "zh_TW:zh_CN"}}),
+        ElementsAre("zh_TW", "zh", "zh_CN"));
 }
 
 TEST(WantedCatalogues, areTheUsersLanguagesInTheirOrder)

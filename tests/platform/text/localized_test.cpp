@@ -16,31 +16,37 @@ namespace skyvane {
 namespace {
 
 /// A user whose language has this catalogue.
-class Polish {
+class Reader {
 public:
-    explicit Polish(const test::Entries& entries, std::size_t fileSize = 0)
+    Reader(const std::string& language, const test::Entries& entries, std::size_t fileSize = 0)
     {
-        const std::filesystem::path folder = m_scratch.path() / "pl/LC_MESSAGES";
+        const std::filesystem::path folder = m_scratch.path() / language / "LC_MESSAGES";
         std::filesystem::create_directories(folder);
         std::ofstream{folder / "skyvane.mo"} << test::compiled(entries, test::ByteOrder::little);
         if (fileSize != 0)
             std::filesystem::resize_file(folder / "skyvane.mo", fileSize);
         if (const char* before = std::getenv("LC_ALL"))
             m_before = before;
-        setenv("LC_ALL", "pl_PL.UTF-8", 1);
+        setenv("LC_ALL", (language + ".UTF-8").c_str(), 1);
         useCatalogues(m_scratch.path());
     }
-    ~Polish()
+    ~Reader()
     {
         m_before ? setenv("LC_ALL", m_before->c_str(), 1) : unsetenv("LC_ALL");
         useCatalogues(m_scratch.path() / "nothing");
     }
-    Polish(const Polish&) = delete;
-    Polish& operator=(const Polish&) = delete;
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
 
 private:
     test::ScratchFolder m_scratch;
     std::optional<std::string> m_before;
+};
+
+struct Polish : Reader {
+    explicit Polish(const test::Entries& entries, std::size_t fileSize = 0) : Reader("pl", entries, fileSize)
+    {
+    }
 };
 
 std::string aircraft(std::uint64_t count)
@@ -93,6 +99,29 @@ TEST(Localized, aTextThatCountsHasAsManyFormsAsTheLanguage)
     EXPECT_EQ(aircraft(3), "3 samoloty");
     EXPECT_EQ(aircraft(5), "5 samolotów");
     EXPECT_EQ(localized("one aircraft"), "%1 samolot");
+}
+
+TEST(Localized, textsRunInTheDirectionOfTheLanguageThatTheyAreIn)
+{
+    EXPECT_EQ(textDirection(), TextDirection::leftToRight);
+    {
+        const Reader arabic{"ar", {{"", "Language: ar\n"}, {"NEAREST", "الأقرب"}}};
+        EXPECT_EQ(textDirection(), TextDirection::rightToLeft);
+    }
+    const Reader withoutCatalogue{"ar", {{"", "Language: ar\n"}, {"NEAREST", "الأقرب"}}, 20};
+    EXPECT_EQ(textDirection(), TextDirection::leftToRight);
+}
+
+TEST(Localized, whatRunsTheOtherWayStandsBetweenMarksInATextFromRightToLeft)
+{
+    const Reader arabic{"ar",
+        {{"", "Language: ar\nPlural-Forms: nplurals=1; plural=0;\n"}, {"%1 away", "تبعد %1"},
+            {std::string{"%1 within %2\0%1 within %2", 25}, "%1 ضمن %2"}}};
+    EXPECT_EQ(localized("%1 away", {"25 NM"}), "تبعد \u200E25 NM\u200E");
+    EXPECT_EQ(localized("%1 away", {25}), "تبعد 25");
+    EXPECT_EQ(localized("%1 away", {"طائرة A320"}), "تبعد طائرة A320");
+    EXPECT_EQ(localizedCount("%1 within %2", "%1 within %2", 7, {7, "25 NM"}), "7 ضمن \u200E25 NM\u200E");
+    EXPECT_EQ(localized("in English: %1", {"25 NM"}), "in English: 25 NM");
 }
 
 TEST(Localized, textsOfLibrariesAreInTheLanguageOfOurs)
