@@ -13,7 +13,10 @@ namespace {
 
 class Arrangement {
 public:
-    Arrangement(Size space, const TextMeasurer& measurer) : m_sizing(measurer), m_list{.size = space} { }
+    Arrangement(Size space, const TextMeasurer& measurer, TextDirection direction)
+        : m_sizing(measurer), m_direction(direction), m_list{.size = space}
+    {
+    }
 
     DisplayList place(const View& view) &&
     {
@@ -35,10 +38,10 @@ private:
         const TextBlock block = layoutText(text, offer.width, m_sizing.measurer());
         double baseline = frame.y + block.metrics.ascent;
         for (const TextBlock::Line& line : block.lines) {
-            const double x = frame.x + leadingPart(text.align) * (frame.width - line.width);
+            const double start = leadingPart(text.align) * (frame.width - line.width);
             if (!line.string.empty())
                 m_list.items.push_back(TextLine{
-                    .origin = {.x = x, .y = baseline},
+                    .origin = {.x = left(start, line.width, frame), .y = baseline},
                     .width = line.width,
                     .string = line.string,
                     .face = block.face,
@@ -64,15 +67,15 @@ private:
     {
         for (const auto& slot : m_sizing.arrange(stack, offer).slots) {
             const double y = frame.y + leadingPart(stack.align) * (frame.height - slot.size.height);
-            placeChild(slot, {.x = frame.x + slot.start, .y = y});
+            placeChild(slot, {.x = left(slot.start, slot.size.width, frame), .y = y});
         }
     }
 
     void placeNode(const VStack& stack, const Rect& frame, Size offer)
     {
         for (const auto& slot : m_sizing.arrange(stack, offer).slots) {
-            const double x = frame.x + leadingPart(stack.align) * (frame.width - slot.size.width);
-            placeChild(slot, {.x = x, .y = frame.y + slot.start});
+            const double start = leadingPart(stack.align) * (frame.width - slot.size.width);
+            placeChild(slot, {.x = left(start, slot.size.width, frame), .y = frame.y + slot.start});
         }
     }
 
@@ -111,7 +114,16 @@ private:
 
     void placeAligned(const View& child, Alignment align, const Rect& frame, Size offer)
     {
-        place(child, aligned(m_sizing.size(child, offer), align, frame), offer);
+        Rect inside = aligned(m_sizing.size(child, offer), align, frame);
+        inside.x = left(inside.x - frame.x, inside.width, frame);
+        place(child, inside, offer);
+    }
+
+    /// Where something this wide stands that begins so far from the side where lines begin.
+    double left(double start, double width, const Rect& frame) const
+    {
+        const bool isMirrored = m_direction == TextDirection::rightToLeft;
+        return frame.x + (isMirrored ? frame.width - start - width : start);
     }
 
     static Point onCanvas(UnitPoint point, const Rect& frame)
@@ -152,14 +164,15 @@ private:
     void draw(const UnknownCanvasItem&, const Rect&) { }
 
     Sizing m_sizing;
+    TextDirection m_direction;
     DisplayList m_list;
 };
 
 } // namespace
 
-DisplayList layout(const View& view, Size space, const TextMeasurer& measurer)
+DisplayList layout(const View& view, Size space, const TextMeasurer& measurer, TextDirection direction)
 {
-    return Arrangement{space, measurer}.place(view);
+    return Arrangement{space, measurer, direction}.place(view);
 }
 
 } // namespace skyvane

@@ -59,18 +59,20 @@ std::optional<WidgetFamily> named(std::string_view name)
     return found == families.end() ? std::nullopt : std::optional{*found};
 }
 
-DisplayList layout(const View& content, WidgetFamily family, const TextMeasurer& measurer)
+DisplayList layout(
+    const View& content, WidgetFamily family, const TextMeasurer& measurer, TextDirection direction)
 {
-    return WidgetContainer::layout(content, size(family), measurer);
+    return WidgetContainer::layout(content, size(family), measurer, direction);
 }
 
-DisplayList layout(const View& content, const Size& whole, const TextMeasurer& measurer)
+DisplayList layout(
+    const View& content, const Size& whole, const TextMeasurer& measurer, TextDirection direction)
 {
     const Size inner{
         .width = std::max(whole.width - 2 * contentMargin, 0.0),
         .height = std::max(whole.height - 2 * contentMargin, 0.0),
     };
-    DisplayList list = skyvane::layout(content, inner, measurer);
+    DisplayList list = skyvane::layout(content, inner, measurer, direction);
     list.size = whole;
     for (DisplayItem& item : list.items)
         std::visit([](auto& drawn) { move(drawn); }, item);

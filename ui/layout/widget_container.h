@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/text/text_direction.h"
 #include "ui/layout/display_list.h"
 #include "ui/tree/view.h"
 #include "ui/tree/widget_family.h"
@@ -25,9 +26,12 @@ Size size(WidgetFamily family);
 std::string_view name(WidgetFamily family);
 std::optional<WidgetFamily> named(std::string_view name);
 
-/// The content laid out inside the margins, as a list that covers the whole widget of this size.
-DisplayList layout(const View& content, const Size& whole, const TextMeasurer& measurer);
-DisplayList layout(const View& content, WidgetFamily family, const TextMeasurer& measurer);
+/// The content laid out inside the margins, as a list that covers the whole widget of this size. `direction`
+/// is that of the language of the content's texts.
+DisplayList layout(const View& content, const Size& whole, const TextMeasurer& measurer,
+    TextDirection direction = TextDirection::leftToRight);
+DisplayList layout(const View& content, WidgetFamily family, const TextMeasurer& measurer,
+    TextDirection direction = TextDirection::leftToRight);
 
 } // namespace WidgetContainer
 
