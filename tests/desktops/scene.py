@@ -57,14 +57,19 @@ class Scene:
         self.picture = self.session.settled()
         self.find_widgets()
 
-    def seen(self, name, now=None):
-        """How much of a widget's picture is there, from 0 to 1. Its time may have changed, its card has not."""
-        return (now or self.session.picture()).likeness(self.picture, self.places[name])
+    def seen(self, name, across=0):
+        """How much of a widget's picture is there, from 0 to 1, or so far to the right. Its time may have changed, its card has
+        not."""
+        place = self.places[name]
+        whole = Box(0, 0, *place.size)
+        now = place.moved(across, 0)
+        picture = self.session.picture()
+        return picture.crop(now).likeness(self.picture.crop(place), whole) if now.inside(picture.whole) == now else 0
 
-    def all_seen(self, limit=5):
+    def all_seen(self, limit=5, across=0):
         """Names of the widgets that do not come to be seen."""
-        eventually(lambda: all(self.seen(name) > 0.9 for name in self.places), limit)
-        return [name for name in self.places if self.seen(name) <= 0.9]
+        eventually(lambda: all(self.seen(name, across) > 0.9 for name in self.places), limit)
+        return [name for name in self.places if self.seen(name, across) <= 0.9]
 
     def expect_all_seen(self, when):
         if hidden := self.all_seen():
@@ -77,13 +82,17 @@ class Scene:
 
     # The companion
 
+    def companion_process(self):
+        """Its number; None where none runs."""
+        bus = "org.freedesktop.DBus"
+        answer = buses.call(self.session, bus, "/", f"{bus}.GetConnectionUnixProcessID", "org.skyvane.Companion")
+        found = re.search(r"uint32 (\d+)", answer)
+        return int(found.group(1)) if found else None
+
     def end_companion(self):
         """Again when xdg-open, which may have waited for it, takes its end for a failure and it is started once more."""
-        bus = "org.freedesktop.DBus"
-        while found := re.search(
-            r"uint32 (\d+)", buses.call(self.session, bus, "/", f"{bus}.GetConnectionUnixProcessID", "org.skyvane.Companion")
-        ):
-            os.kill(int(found.group(1)), signal.SIGTERM)
+        while process := self.companion_process():
+            os.kill(process, signal.SIGTERM)
             time.sleep(1)
         self.session.settled(3)
 

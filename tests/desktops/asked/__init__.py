@@ -14,6 +14,7 @@ BEHAVIOURS = {
     "focus": hand.focus,
     "link": hand.link,
     "front": hand.front,
+    "keyboard": hand.keyboard,
     "drag": hand.drag,
     "menu": hand.menu,
     "rest": rest.rest,

@@ -27,17 +27,21 @@ def scale(scene):
 
 
 def screens(scene):
-    """A second screen comes along; the first is unplugged, replugged, and for a while a smaller one. Each time the widgets are
-    where they were, and meanwhile none stands over another."""
+    """A second screen comes along; the first is unplugged, replugged, for a while a smaller one, on the other side of the second,
+    and asleep. Each time the widgets are where they were, and meanwhile none stands over another."""
     if words := scene.desktop.without.get("screens"):
         return words
     session, desktop = scene.session, scene.desktop
     words = []
+
+    def expect_in_place(when, limit=5, across=0):
+        if gone := scene.all_seen(limit, across):
+            session.keep(f"screen-{when.replace(' ', '-')}")
+            words.append(f"{', '.join(gone)} not in place {when}")
+
     desktop.add_screen(session)
     time.sleep(2)
-    if gone := scene.all_seen():
-        session.keep("screen-second")
-        words.append(f"{', '.join(gone)} not in place when a second screen comes along")
+    expect_in_place("when a second screen comes along")
     for name, change, back in (("unplugged", desktop.switch_screen, True), ("smaller", desktop.resize_screen, False)):
         change(session, not back)
         time.sleep(3)
@@ -45,13 +49,17 @@ def screens(scene):
         if over := overlapping(desktop.frames(session) or []):
             words.append(f"{over} when the screen is {name}")
         change(session, back)
-        if gone := scene.all_seen(limit=10):
-            session.keep(f"screen-no-longer-{name}")
-            words.append(f"{', '.join(gone)} not in place after the screen was {name}")
+        expect_in_place(f"after the screen was {name}", 10)
+    across = desktop.swap_screens(session, True)
+    time.sleep(2)
+    expect_in_place("when the screens are swapped", 10, across)
+    desktop.swap_screens(session, False)
+    expect_in_place("after the screens were swapped", 10)
+    desktop.sleep_screens(session)
+    expect_in_place("after the screens slept", 10)
     desktop.remove_screen(session)
     time.sleep(2)
-    if gone := scene.all_seen():
-        words.append(f"{', '.join(gone)} not in place after the second screen has gone")
+    expect_in_place("after the second screen has gone")
     if words:
         raise Failure("; ".join(words))
     return None

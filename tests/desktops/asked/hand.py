@@ -69,6 +69,28 @@ def front(scene):
         scene.close_editor(editor)
 
 
+def keyboard(scene):
+    """The command `skyvane-host focus` gives the keyboard to the widgets, Tab leads from link to link, and Enter opens one. The
+    window that one clicks then has the keyboard again."""
+    editor = scene.open_editor("wide")
+    scene.session.run("skyvane-host", "focus")
+    time.sleep(1)
+    scene.session.press_key("Tab", "Tab")
+    scene.session.keep("keyboard")
+    scene.session.press_key("Return")
+    try:
+        if not eventually(scene.companion_process, 15):
+            raise Failure("Enter opens nothing")
+        scene.end_companion()
+        scene.session.click(scene.editor_extent().middle)
+        if not scene.is_typed("d"):
+            raise Failure("the keyboard does not come back")
+    finally:
+        scene.end_companion()
+        scene.close_editor(editor)
+    scene.expect_all_seen("afterwards")
+
+
 def drag(scene):
     """A widget follows the pointer, and stands where it is dropped, on its grid."""
     box = scene.places["nearest"]

@@ -1,6 +1,7 @@
 """What the bench has to know of a desktop. A file beside this one is one desktop: a class of it named This."""
 
 import pathlib
+import time
 
 import buses
 import x11
@@ -78,10 +79,17 @@ class Desktop:
         """The first one."""
         raise NotImplementedError
 
+    def swap_screens(self, session, is_swapped):
+        """Puts the first one to the right of the second. How far that moves what it shows in the picture."""
+        raise NotImplementedError
+
+    def sleep_screens(self, session):
+        """Off, as after some minutes without the user, and on again."""
+        raise NotImplementedError
+
     def frames(self, session):
         """Of all widgets; None where the window system tells no places."""
         return x11.frames(session)
-
 
 
 class XDesktop(Desktop):
@@ -127,6 +135,16 @@ class XDesktop(Desktop):
             self.add_output(session, "DUMMY0", f"{WIDTH}x{HEIGHT}", "--primary", "--pos", "0x0")
         else:
             session.run("xrandr", "--output", "DUMMY0", "--off")
+
+    def swap_screens(self, session, is_swapped):
+        first, second = ("1280x0", "0x0") if is_swapped else ("0x0", f"{WIDTH}x0")
+        session.run("xrandr", "--output", "DUMMY0", "--pos", first, "--output", "DUMMY1", "--pos", second)
+        return 1280
+
+    def sleep_screens(self, session):
+        session.run("xset", "dpms", "force", "off")
+        time.sleep(2)
+        session.run("xset", "dpms", "force", "on")
 
     def resize_screen(self, session, is_small):
         self.add_output(session, "DUMMY0", "1280x800" if is_small else f"{WIDTH}x{HEIGHT}", "--pos", "0x0")

@@ -1,3 +1,5 @@
+import time
+
 from session import WIDTH, need
 from started import sway, waybar
 
@@ -21,6 +23,18 @@ class This(sway.This):
 
     def frames(self, session):
         return None
+
+    def swap_screens(self, session, is_swapped):
+        """Each is a window of the nested compositor, which stays."""
+        first, second = (1280, 0) if is_swapped else (0, WIDTH)
+        self.tell(session, "output", "X11-1", "pos", str(first), "0")
+        self.tell(session, "output", "X11-2", "pos", str(second), "0")
+        return 0
+
+    def sleep_screens(self, session):
+        self.tell(session, "output", "*", "power", "off")
+        time.sleep(2)
+        self.tell(session, "output", "*", "power", "on")
 
     def resize_screen(self, session, is_small):
         self.tell(session, "output", "X11-1", "mode", "1280x800" if is_small else "1600x1000")
