@@ -73,16 +73,19 @@ def keyboard(scene):
     """The command `skyvane-host focus` gives the keyboard to the widgets, Tab leads from link to link, and Enter opens one. The
     window that one clicks then has the keyboard again."""
     editor = scene.open_editor("wide")
+    extent = scene.editor_extent()
+    before = scene.session.picture().share_of(MAGENTA, extent)
     scene.session.run("skyvane-host", "focus")
     time.sleep(1)
     scene.session.press_key("Tab", "Tab")
     scene.session.keep("keyboard")
     scene.session.press_key("Return")
     try:
-        if not eventually(scene.companion_process, 15):
+        if not eventually(lambda: scene.session.picture().share_of(MAGENTA, extent) < before - 0.2, 15):
             raise Failure("Enter opens nothing")
+        scene.session.settled(5)
         scene.end_companion()
-        scene.session.click(scene.editor_extent().middle)
+        scene.session.click(extent.middle)
         if not scene.is_typed("d"):
             raise Failure("the keyboard does not come back")
     finally:
