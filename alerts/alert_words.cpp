@@ -1,7 +1,7 @@
 #include "alerts/alert_words.h"
 
-#include "core/radar/horizon.h"
 #include "core/radar/radar_geometry.h"
+#include "platform/text/compass.h"
 #include "platform/text/localized.h"
 #include "platform/text/printable.h"
 
@@ -61,7 +61,7 @@ std::string whereabouts(const Aircraft& aircraft, const Observer& observer)
     const auto polar = RadarGeometry{.radiusNM = 1, .home = observer.home}.polar(aircraft);
     if (!distance || !polar)
         return {};
-    return ' ' + localized("It is %1 away, in the %2.", {*distance, Horizon::direction(polar->bearingDeg)});
+    return ' ' + localized("It is %1 away, in the %2.", {*distance, compassDirection(polar->bearingDeg)});
 }
 
 Words bounded(std::string title, std::string body)
@@ -106,7 +106,7 @@ Words overhead(const Aircraft& aircraft, const ClosestApproach& pass, std::chron
     const std::string who = subject(aircraft);
     const std::int64_t degrees = std::llround(pass.elevationDeg);
     const auto minutes = static_cast<std::uint64_t>(std::max(std::llround(wait.count() / 60), 0LL));
-    const std::string to = Horizon::direction(pass.bearingDeg);
+    const std::string to = compassDirection(pass.bearingDeg);
     const std::string title = localized("Look up");
     if (minutes == 0 && degrees >= straightUp)
         return bounded(title, localized("%1 passes right above you now.", {who}));

@@ -2,6 +2,7 @@
 
 #include "core/radar/horizon.h"
 #include "core/radar/radar_geometry.h"
+#include "platform/text/compass.h"
 #include "platform/text/localized.h"
 
 #include <cmath>
@@ -24,7 +25,7 @@ std::optional<WhereToLook> whereToLook(const Aircraft& aircraft, const std::opti
 
 std::string lookText(const WhereToLook& where)
 {
-    const std::string to = Horizon::direction(where.bearingDeg);
+    const std::string to = compassDirection(where.bearingDeg);
     if (!where.elevationDeg)
         return localized("Look %1.", {to});
     const std::int64_t degrees = std::llround(*where.elevationDeg);

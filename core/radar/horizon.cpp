@@ -1,7 +1,5 @@
 #include "core/radar/horizon.h"
 
-#include "platform/text/localized.h"
-
 #include <cmath>
 #include <numbers>
 
@@ -29,28 +27,6 @@ double elevation(double distanceNM, double feet)
     const double across = fromCentre * std::sin(angle);
     const double up = fromCentre * std::cos(angle) - earthRadiusNM;
     return std::atan2(up, across) * degreesPerRadian;
-}
-
-std::string direction(double bearingDeg)
-{
-    switch (std::lround(bearingDeg / 45) & 7) {
-    case 0:
-        return localized("north");
-    case 1:
-        return localized("north-east");
-    case 2:
-        return localized("east");
-    case 3:
-        return localized("south-east");
-    case 4:
-        return localized("south");
-    case 5:
-        return localized("south-west");
-    case 6:
-        return localized("west");
-    default:
-        return localized("north-west");
-    }
 }
 
 } // namespace skyvane::Horizon

@@ -3,7 +3,6 @@
 #include "core/model/aircraft.h"
 
 #include <optional>
-#include <string>
 
 /// Where something stands over the user's horizon: eyes at sea level, on a round Earth.
 namespace skyvane::Horizon {
@@ -18,8 +17,5 @@ std::optional<double> height(const Aircraft& aircraft);
 /// horizon. The triangle of Earth's centre, eyes and aircraft, solved as for satellites (G. Maral and
 /// M. Bousquet, "Satellite Communications Systems", elevation from the angle at the centre).
 double elevation(double distanceNM, double feet);
-
-/// The nearest of eight compass points in the user's language: "north", "north-east".
-std::string direction(double bearingDeg);
 
 } // namespace skyvane::Horizon

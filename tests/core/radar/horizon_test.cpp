@@ -28,19 +28,5 @@ TEST(Horizon, anElevationAllowsForTheRoundEarth)
     EXPECT_LT(Horizon::elevation(250, 3'000), 0);
 }
 
-TEST(Horizon, aDirectionIsTheNearestOfEightPoints)
-{
-    EXPECT_EQ(Horizon::direction(0), "north");
-    EXPECT_EQ(Horizon::direction(22), "north");
-    EXPECT_EQ(Horizon::direction(23), "north-east");
-    EXPECT_EQ(Horizon::direction(90), "east");
-    EXPECT_EQ(Horizon::direction(135), "south-east");
-    EXPECT_EQ(Horizon::direction(180), "south");
-    EXPECT_EQ(Horizon::direction(225), "south-west");
-    EXPECT_EQ(Horizon::direction(270), "west");
-    EXPECT_EQ(Horizon::direction(315), "north-west");
-    EXPECT_EQ(Horizon::direction(359), "north");
-}
-
 } // namespace
 } // namespace skyvane

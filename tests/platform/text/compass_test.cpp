@@ -1,0 +1,22 @@
+#include "platform/text/compass.h"
+
+#include <gtest/gtest.h>
+
+namespace skyvane {
+
+TEST(Compass, aDirectionIsTheNearestOfEightPoints)
+{
+    EXPECT_EQ(compassDirection(0), "north");
+    EXPECT_EQ(compassDirection(22), "north");
+    EXPECT_EQ(compassDirection(23), "north-east");
+    EXPECT_EQ(compassDirection(90), "east");
+    EXPECT_EQ(compassDirection(135), "south-east");
+    EXPECT_EQ(compassDirection(180), "south");
+    EXPECT_EQ(compassDirection(225), "south-west");
+    EXPECT_EQ(compassDirection(270), "west");
+    EXPECT_EQ(compassDirection(315), "north-west");
+    EXPECT_EQ(compassDirection(359), "north");
+    EXPECT_EQ(compassDirection(-90), "west");
+}
+
+} // namespace skyvane
