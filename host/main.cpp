@@ -7,6 +7,7 @@
 #include "host/session/layer_shell.h"
 #include "host/session/toolkit_look.h"
 #include "platform/files/programs.h"
+#include "platform/files/shared_turn.h"
 #include "platform/text/localized.h"
 
 #include <QApplication>
@@ -49,9 +50,11 @@ int runCommand(const std::vector<std::string>& words, char* argv[])
     // Pictures need fonts but no display, and standard error is for this program's own words.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(dropMessage);
+    skyvane::useCatalogues(skyvane::Programs::catalogues(skyvane::Programs::ownFolder().parent_path()));
     int programNameOnly = 1;
     const QGuiApplication application{programNameOnly, argv};
-    return skyvane::runCommand(words, extension(), {.out = std::cout, .error = std::cerr});
+    return skyvane::runCommand(
+        words, extension(), {.out = std::cout, .error = std::cerr}, skyvane::SharedTurn::file());
 }
 
 int showWidgets(bool isRestart, char* argv[])

@@ -2,6 +2,7 @@
 
 #include "host/extension/client.h"
 
+#include <filesystem>
 #include <iosfwd>
 #include <map>
 #include <optional>
@@ -21,6 +22,7 @@ struct UsageError : std::runtime_error {
 struct CommandContext {
     const ExtensionProgram& extension;
     std::ostream& out;
+    std::filesystem::path turn{}; ///< The file by which programs take turns; empty: they do not.
 };
 
 /// The words after a command's name, sorted.

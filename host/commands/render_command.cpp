@@ -1,6 +1,7 @@
 #include "host/commands/render_command.h"
 
 #include "host/commands/operands.h"
+#include "host/commands/turn_to_ask.h"
 #include "platform/text/printable.h"
 #include "ui/layout/widget_container.h"
 
@@ -58,11 +59,13 @@ void requireFamily(const WidgetInfo& widget, WidgetFamily family)
         + std::string{WidgetContainer::name(family)} + "\", only " + supported};
 }
 
-WidgetEntry currentEntry(const RenderWords& words, const WidgetInfo& widget, ExtensionClient& extension)
+WidgetEntry currentEntry(const RenderWords& words, const WidgetInfo& widget, ExtensionClient& extension,
+    const std::filesystem::path& turnFile)
 {
     const WidgetTarget target{.kind = widget.kind, .family = words.family};
     if (words.isSample)
         return extension.ask(Protocol::SnapshotCall{.params = {.target = target, .isPreview = true}}).entry;
+    const auto turn = turnToAsk(turnFile);
     WidgetTimeline timeline = extension.ask(Protocol::TimelineCall{.params = target});
     if (timeline.entries.empty())
         throw ExtensionError{"the widget extension answered a timeline without entries"};
@@ -107,11 +110,12 @@ void write(const std::filesystem::path& path, const QByteArray& bytes)
 }
 
 /// Writes the picture, whole or not at all, and returns its file.
-std::filesystem::path render(const RenderWords& words, ExtensionClient& extension)
+std::filesystem::path render(
+    const RenderWords& words, ExtensionClient& extension, const std::filesystem::path& turn)
 {
     const WidgetInfo widget = chosenWidget(words, extension.ask(Protocol::ListCall{}).widgets);
     requireFamily(widget, words.family);
-    const WidgetEntry entry = currentEntry(words, widget, extension);
+    const WidgetEntry entry = currentEntry(words, widget, extension, turn);
     std::filesystem::path output = words.output.value_or(defaultOutput(widget, words.family));
     write(output, picture(words, widget, entry));
     return output;
@@ -121,7 +125,7 @@ void run(const Arguments& arguments, const CommandContext& context)
 {
     const RenderWords words = RenderWords::read(arguments);
     ExtensionClient extension{context.extension};
-    context.out << Unicode::printable(render(words, extension).string()) << "\n";
+    context.out << Unicode::printable(render(words, extension, context.turn).string()) << "\n";
 }
 
 std::vector<Candidate> pictureNames(const Arguments&, const CommandContext&)

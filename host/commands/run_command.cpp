@@ -19,13 +19,14 @@ int fail(int status, const std::exception& reason, std::ostream& error)
 
 } // namespace
 
-int runCommand(const std::vector<std::string>& words, const ExtensionProgram& extension, Streams streams)
+int runCommand(const std::vector<std::string>& words, const ExtensionProgram& extension, Streams streams,
+    const std::filesystem::path& turn)
 {
     if (words.empty()) {
         streams.error << usage(commands());
         return 2;
     }
-    const CommandContext context{.extension = extension, .out = streams.out};
+    const CommandContext context{.extension = extension, .out = streams.out, .turn = turn};
     try {
         if (words.size() > 1 && words[0] == "--complete") { // For the shells' completions, not for people.
             streams.out << completions(commands(), {words.begin() + 1, words.end()}, context);

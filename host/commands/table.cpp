@@ -1,6 +1,7 @@
 #include "host/commands/table.h"
 
 #include "host/commands/command_line.h"
+#include "host/commands/line_command.h"
 #include "host/commands/operands.h"
 #include "host/commands/render_command.h"
 #include "host/commands/status_command.h"
@@ -156,6 +157,7 @@ const std::vector<Command>& commands()
             .run = list,
         },
         renderCommand(),
+        lineCommand(),
         statusCommand(),
         {
             .name = "--supervise",

@@ -33,7 +33,7 @@ TEST(Completion, theFirstWordIsACommandAndAfterADashAnOption)
 {
     EXPECT_THAT(offered({""}),
         ElementsAre("add", "remove", "undo", "move", "lock", "unlock", "refresh", "focus", "quit", "list",
-            "render", "status"));
+            "render", "line", "status"));
     EXPECT_THAT(offered({"-"}), ElementsAre("--supervise", "--help", "--version"));
 }
 

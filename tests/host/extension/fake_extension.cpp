@@ -47,6 +47,15 @@ const std::string wordedEntry
 {"type":"link","url":"skyvane://aircraft/second","child":
 {"type":"text","text":"DLH456","font":{"size":10},"color":[1,1,1,1]}}]}})";
 
+/// A sky board without a row, and a nearest aircraft where there is none, or no home.
+std::string pictured(const std::string& symbol, const std::string& words)
+{
+    return R"({"date":1700000000.25,"isSample":false,"background":[0,0,0,1],"view":{"type":"vstack","children":[
+{"type":"symbol","name":")"
+        + symbol + R"(","font":{"size":15},"color":[1,1,1,1]},{"type":"text","text":")" + words
+        + R"(","font":{"size":10},"color":[1,1,1,1]}]}})";
+}
+
 std::string countedEntry(const std::string& id)
 {
     return R"({"date":1700000000.25,"isSample":false,"background":[0.1,0.2,0.3,1],"view":{"type":"text",
@@ -212,6 +221,9 @@ std::map<std::string, Behaviour> behaviours()
         {"good", [](const std::string& request) { good(request, entry); }},
         {"linked", [](const std::string& request) { good(request, linkedEntry); }},
         {"worded", [](const std::string& request) { good(request, wordedEntry); }},
+        {"quiet",
+            [](const std::string& request) { good(request, pictured("airplane.departure", "Quiet skies")); }},
+        {"homeless", [](const std::string& request) { good(request, pictured("house", "Choose a home")); }},
         {"counting", [](const std::string& request) { good(request, countedEntry(idOf(request))); }},
         {"strange", [](const std::string& request) { good(request, strangeEntry); }},
         {"refusing", refuse},
