@@ -84,12 +84,13 @@ FetchError unforeseen(const Source& source, std::string details)
 }
 
 /// Cancellation alone is thrown.
-Outcome ask(const Source& source, const URL& url, const Transport& transport, const std::stop_token& stop)
+Outcome inquire(const Source& source, const URL& url, const Transport& transport, const std::stop_token& stop)
 {
     try {
         URLResponse response = transport({.url = url, .timeout = std::chrono::seconds{8}}, stop);
         if (response.status != 200)
-            return FetchError{source.name + " returned an error", {.problem = FetchProblem::status}};
+            return FetchError{source.name + " returned an error",
+                {.problem = FetchProblem::status, .status = response.status}};
         return freshNearestFirst(listOf(JSON::decodeText<APIResponse>(std::move(response.body))));
     } catch (const CancellationError&) {
         throw;
@@ -106,28 +107,41 @@ Outcome ask(const Source& source, const URL& url, const Transport& transport, co
 
 } // namespace
 
-std::vector<Aircraft> fetch(
-    const HomeLocation& home, double radiusNM, const Transport& transport, std::stop_token stop)
+Answer ask(const HomeLocation& home, double radiusNM, const Transport& transport, std::stop_token stop)
 {
     const int radius = SearchRadius::asked(radiusNM);
     bool hasEmptySky = false;
     FetchError lastError{"No flight data source reachable"};
+    Answer answer;
     for (const Source& source : sources()) {
         const auto url = URL::parse(source.url(home, radius));
         if (!url)
             continue;
-        Outcome outcome = ask(source, *url, transport, stop);
-        auto* list = std::get_if<std::vector<Aircraft>>(&outcome);
-        if (list == nullptr)
-            lastError = std::get<FetchError>(std::move(outcome));
-        else if (!list->empty())
-            return std::move(*list);
-        else
-            hasEmptySky = true;
+        Outcome outcome = inquire(source, *url, transport, stop);
+        Inquiry& inquiry = answer.asked.emplace_back(Inquiry{.source = source.name});
+        if (auto* error = std::get_if<FetchError>(&outcome)) {
+            inquiry.problem = error->cause;
+            lastError = std::move(*error);
+            continue;
+        }
+        answer.aircraft = std::get<std::vector<Aircraft>>(std::move(outcome));
+        inquiry.count = answer.aircraft.size();
+        if (!answer.aircraft.empty())
+            return answer;
+        hasEmptySky = true;
     }
-    if (hasEmptySky)
-        return {};
-    throw FetchError{lastError};
+    if (!hasEmptySky)
+        answer.problem = std::move(lastError);
+    return answer;
+}
+
+std::vector<Aircraft> fetch(
+    const HomeLocation& home, double radiusNM, const Transport& transport, std::stop_token stop)
+{
+    Answer answer = ask(home, radiusNM, transport, std::move(stop));
+    if (answer.problem)
+        throw FetchError{*answer.problem};
+    return std::move(answer.aircraft);
 }
 
 } // namespace skyvane::ADSB

@@ -5,7 +5,10 @@
 #include "core/model/home_location.h"
 #include "platform/net/transport.h"
 
+#include <cstddef>
+#include <optional>
 #include <stop_token>
+#include <string>
 #include <vector>
 
 /// The aircraft around home, from two community aggregators in a fixed order. Nothing is cached.
@@ -17,5 +20,24 @@ namespace skyvane::ADSB {
 /// once when `stop` asks for it.
 std::vector<Aircraft> fetch(
     const HomeLocation& home, double radiusNM, const Transport& transport, std::stop_token stop = {});
+
+/// What became of asking one source.
+struct Inquiry {
+    std::string source; ///< Its host.
+    std::size_t count = 0; ///< Of the aircraft that it knows, with a fresh position.
+    std::optional<FetchCause> problem{}; ///< Why there was no answer.
+
+    bool operator==(const Inquiry&) const = default;
+};
+
+/// The same as `fetch` gives, and how it came about.
+struct Answer {
+    std::vector<Aircraft> aircraft{};
+    std::vector<Inquiry> asked{}; ///< In the order in which they were asked.
+    std::optional<FetchError> problem{}; ///< What `fetch` would throw.
+};
+
+/// Asks as `fetch` does. Throws `CancellationError` only.
+Answer ask(const HomeLocation& home, double radiusNM, const Transport& transport, std::stop_token stop = {});
 
 } // namespace skyvane::ADSB

@@ -24,6 +24,7 @@ struct FetchCause {
     FetchProblem problem = FetchProblem::noSource;
     std::optional<TransferProblem> transfer{}; ///< Present when the transfer is the problem.
     std::string details{}; ///< What a library said, in its words; may be empty.
+    std::optional<int> status{}; ///< Of HTTP, where that is the problem.
 
     bool operator==(const FetchCause&) const = default;
 };

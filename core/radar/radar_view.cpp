@@ -1,7 +1,6 @@
 #include "core/radar/radar_view.h"
 
 #include "core/config/scope_palette.h"
-#include "core/radar/radar_geometry.h"
 #include "ui/tree/build.h"
 
 #include <algorithm>
@@ -31,20 +30,11 @@ CanvasItem line(UnitPoint from, UnitPoint to, Color color)
     return CanvasLine{.from = from, .to = to, .stroke = {.color = color, .width = 0.5}};
 }
 
-/// North is up, east is right. Blips pinned to the outer ring stay just inside it.
-UnitPoint onScope(const RadarGeometry::Polar& polar)
-{
-    constexpr double inset = 0.94;
-    const double radius = 0.5 * polar.fraction * inset;
-    const double bearing = polar.bearingDeg * std::numbers::pi / 180;
-    return {.x = center.x + radius * std::sin(bearing), .y = center.y - radius * std::cos(bearing)};
-}
-
 /// Absent for a bearing beyond all arithmetic.
 std::optional<CanvasItem> blip(
     const Aircraft& aircraft, const RadarGeometry::Polar& polar, const ScopePalette& palette)
 {
-    const UnitPoint place = onScope(polar);
+    const UnitPoint place = placeOnScope(polar);
     if (!std::isfinite(place.x) || !std::isfinite(place.y))
         return std::nullopt;
     return CanvasSymbol{
@@ -58,6 +48,14 @@ std::optional<CanvasItem> blip(
 }
 
 } // namespace
+
+UnitPoint placeOnScope(const RadarGeometry::Polar& polar)
+{
+    constexpr double inset = 0.94;
+    const double radius = 0.5 * polar.fraction * inset;
+    const double bearing = polar.bearingDeg * std::numbers::pi / 180;
+    return {.x = center.x + radius * std::sin(bearing), .y = center.y - radius * std::cos(bearing)};
+}
 
 View RadarView::body() const
 {

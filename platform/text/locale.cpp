@@ -60,6 +60,22 @@ std::string grouped(std::int64_t value, UNumberSignDisplay sign)
     return U_SUCCESS(status) ? utf8(text) : std::to_string(value);
 }
 
+std::string written(Date date, icu::DateFormat::EStyle style)
+{
+    const Locale locale = Locale::current();
+    const std::unique_ptr<icu::DateFormat> format{
+        icu::DateFormat::createTimeInstance(style, icu::Locale{locale.times.c_str()})};
+    if (!format)
+        return {};
+    if (!locale.timeZone.empty())
+        format->adoptTimeZone(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(locale.timeZone)));
+    icu::UnicodeString text;
+    format->format(static_cast<UDate>(date.time_since_epoch().count()), text);
+    // Fixed-width faces rarely have the narrow blank before AM and PM; another face's would break the column.
+    text.findAndReplace(icu::UnicodeString{u'\u202F'}, icu::UnicodeString{u' '});
+    return utf8(text);
+}
+
 } // namespace
 
 Locale Locale::current()
@@ -81,18 +97,12 @@ std::string groupedMagnitude(std::int64_t value)
 
 std::string shortTime(Date date)
 {
-    const Locale locale = Locale::current();
-    const std::unique_ptr<icu::DateFormat> format{
-        icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, icu::Locale{locale.times.c_str()})};
-    if (!format)
-        return {};
-    if (!locale.timeZone.empty())
-        format->adoptTimeZone(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(locale.timeZone)));
-    icu::UnicodeString text;
-    format->format(static_cast<UDate>(date.time_since_epoch().count()), text);
-    // Fixed-width faces rarely have the narrow blank before AM and PM; another face's would break the column.
-    text.findAndReplace(icu::UnicodeString{u'\u202F'}, icu::UnicodeString{u' '});
-    return utf8(text);
+    return written(date, icu::DateFormat::kShort);
+}
+
+std::string timeWithSeconds(Date date)
+{
+    return written(date, icu::DateFormat::kMedium);
 }
 
 } // namespace skyvane

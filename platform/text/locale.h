@@ -30,4 +30,7 @@ std::string groupedMagnitude(std::int64_t value);
 /// Hours and minutes as the current locale writes them: "10:42 AM", "10:42".
 std::string shortTime(Date date);
 
+/// The same with seconds.
+std::string timeWithSeconds(Date date);
+
 } // namespace skyvane

@@ -197,7 +197,7 @@ TEST(ADSB, aFailureIsToldInTheUsersWordsAndByItsKind)
             {FetchProblem::transfer, TransferProblem::tooLarge, "longer than 8 MiB"}},
         {answering(R"({"ac":[{"hex":"a"},{"hex":1}]})"), ": The answer is not what was expected.",
             {.problem = FetchProblem::shape, .details = "ac[1].hex: expected a string, found 1"}},
-        {answering("{}", 429), " returned an error", {.problem = FetchProblem::status}},
+        {answering("{}", 429), " returned an error", {.problem = FetchProblem::status, .status = 429}},
         {throwing(std::runtime_error{"out of sockets"}), ": The request failed.",
             {.problem = FetchProblem::other, .details = "out of sockets"}},
         {throwing(std::bad_alloc{}), ": The request failed.",
@@ -212,6 +212,29 @@ TEST(ADSB, aFailureIsToldInTheUsersWordsAndByItsKind)
             error.cause.details.clear(); // Each version of the library has words of its own.
         EXPECT_EQ(error.cause, expected.cause) << error.message << error.cause.details;
     }
+}
+
+TEST(ADSB, whatBecameOfEachSourceIsTold)
+{
+    FakeTransport both{.answers = {answering("{}", 403), answering(oneAircraft)}};
+    const ADSB::Answer answer = ADSB::ask(home, 25, both.transport());
+    EXPECT_EQ(answer.aircraft.size(), 1U);
+    EXPECT_FALSE(answer.problem);
+    EXPECT_EQ(answer.asked,
+        (std::vector<ADSB::Inquiry>{
+            {.source = "api.adsb.lol", .problem = FetchCause{.problem = FetchProblem::status, .status = 403}},
+            {.source = "opendata.adsb.fi", .count = 1},
+        }));
+    FakeTransport one{.answers = {answering(oneAircraft)}};
+    EXPECT_EQ(ADSB::ask(home, 25, one.transport()).asked,
+        (std::vector<ADSB::Inquiry>{{.source = "api.adsb.lol", .count = 1}}));
+    FakeTransport quiet{.answers = {answering("{}"), answering("{}", 500)}};
+    const ADSB::Answer nobody = ADSB::ask(home, 25, quiet.transport());
+    EXPECT_FALSE(nobody.problem);
+    EXPECT_EQ(nobody.asked.at(1).problem->status, 500);
+    FakeTransport none{.answers = {answering("{}", 503), answering("{}", 503)}};
+    EXPECT_EQ(
+        ADSB::ask(home, 25, none.transport()).problem.value().message, "opendata.adsb.fi returned an error");
 }
 
 TEST(ADSB, aTransportOfAnotherKindMayFailInItsOwnWay)

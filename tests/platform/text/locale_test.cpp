@@ -97,8 +97,10 @@ TEST(Locale, writesTimesInTwelveOrTwentyFourHours)
 {
     const Pinned<Locale> english{of("en_US")};
     EXPECT_EQ(shortTime(afternoon), "2:05 PM");
+    EXPECT_EQ(timeWithSeconds(afternoon), "2:05:00 PM");
     const Pinned<Locale> german{of("de_DE")};
     EXPECT_EQ(shortTime(afternoon), "14:05");
+    EXPECT_EQ(timeWithSeconds(afternoon), "14:05:00");
 }
 
 TEST(Locale, writesTimesInTheTimeZone)
