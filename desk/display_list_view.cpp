@@ -60,6 +60,7 @@ void DisplayListView::layOut()
     m_parts = spokenParts(m_list);
     if (m_focusedLink >= m_list.links.size())
         m_focusedLink.reset();
+    laidOut();
     describe();
     if (AccessibleView* accessible = accessibleOf(*this))
         accessible->renew();
@@ -91,9 +92,20 @@ void DisplayListView::paintEvent(QPaintEvent*)
     if (!m_background)
         return;
     QPainter painter{this};
+    paintCard(painter);
+    paintFocus(painter);
+}
+
+void DisplayListView::paintCard(QPainter& painter)
+{
     WidgetCard::paintBackground(m_list.size, *m_background, painter);
     paintUnder(painter, m_list);
     skyvane::paint(m_list, painter, m_fonts);
+    paintOver(painter);
+}
+
+void DisplayListView::paintFocus(QPainter& painter) const
+{
     if (!m_isFocusShown)
         return;
     if (m_focusedLink)
@@ -103,6 +115,8 @@ void DisplayListView::paintEvent(QPaintEvent*)
 }
 
 void DisplayListView::paintUnder(QPainter&, const DisplayList&) { }
+
+void DisplayListView::paintOver(QPainter&) { }
 
 void DisplayListView::resizeEvent(QResizeEvent*)
 {

@@ -53,11 +53,21 @@ protected:
     /// round again.
     virtual bool passKeyboard(bool isNext) { return QWidget::focusNextPrevChild(isNext); }
 
+    /// Called when the view is laid out anew, before a screen reader is told of its parts.
+    virtual void laidOut() { }
+    const DisplayList& list() const { return m_list; }
+
+    /// The card, what lies under its content, the content, and what lies over it. Something has been shown.
+    void paintCard(QPainter& painter);
+    void paintFocus(QPainter& painter) const;
+
     /// The card's colour; absent before anything is shown.
     const std::optional<Color>& background() const { return m_background; }
 
     /// Paints what lies between the card and its content: nothing, unless a subclass has something.
     virtual void paintUnder(QPainter& painter, const DisplayList& list);
+    /// The same above the content.
+    virtual void paintOver(QPainter& painter);
 
     /// What is under way with the pointer is no tap after all.
     void dropTap() { m_tap.reset(); }

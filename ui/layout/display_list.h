@@ -5,6 +5,7 @@
 #include "ui/layout/text_measurer.h"
 #include "ui/tree/canvas.h"
 
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -29,6 +30,7 @@ struct Pictogram {
     std::string name;
     double rotation; ///< Degrees clockwise.
     Color color;
+    std::optional<std::string> id{}; ///< The identity of the aircraft that it stands for.
 
     bool operator==(const Pictogram&) const = default;
 };

@@ -158,6 +158,7 @@ private:
             .name = symbol.name,
             .rotation = symbol.rotation,
             .color = symbol.color,
+            .id = symbol.id,
         });
     }
 

@@ -239,8 +239,12 @@ TEST(Layout, canvasItemsArePlacedInUnitCoordinates)
         {
             CanvasLine{.from = {0, 0}, .to = {1, 1}, .stroke = stroke},
             CanvasCircle{.center = {0.25, 0.5}, .diameter = Points{5}, .paint = stroke},
-            CanvasSymbol{
-                .center = {0.5, 1}, .name = "house", .font = {.size = 7}, .color = {0, 1, 0}, .rotation = 30},
+            CanvasSymbol{.center = {0.5, 1},
+                .name = "house",
+                .font = {.size = 7},
+                .color = {0, 1, 0},
+                .rotation = 30,
+                .id = "a1b2c3"},
             UnknownCanvasItem{.type = "comet"},
         });
     EXPECT_THAT(laidOut(view).items,
@@ -250,7 +254,8 @@ TEST(Layout, canvasItemsArePlacedInUnitCoordinates)
                 .side = 7 * lineHeight,
                 .name = "house",
                 .rotation = 30,
-                .color = {0, 1, 0}}}));
+                .color = {0, 1, 0},
+                .id = "a1b2c3"}}));
 }
 
 TEST(Layout, aSymbolIsASquareByTheSizeOfItsFontWhateverTheFacesLines)
