@@ -16,6 +16,7 @@ namespace skyvane {
 namespace {
 
 constexpr unsigned prefersDark = 1;
+constexpr unsigned prefersContrast = 1;
 
 QString portalInterface()
 {
@@ -30,6 +31,11 @@ QString appearanceName()
 QString schemeKey()
 {
     return QStringLiteral("color-scheme");
+}
+
+QString contrastKey()
+{
+    return QStringLiteral("contrast");
 }
 
 bool isDark(const QPalette& palette)
@@ -55,6 +61,25 @@ QPalette calmed(QPalette palette)
     return palette;
 }
 
+/// Black on white, or white on black, with no quiet text.
+QPalette inHighContrast(QPalette palette)
+{
+    constexpr double enough = 7;
+    const QColor background = isDark(palette) ? Qt::black : Qt::white;
+    const QColor text = isDark(palette) ? Qt::white : Qt::black;
+    for (const auto role :
+        {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button, QPalette::ToolTipBase})
+        palette.setColor(role, background);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
+             QPalette::PlaceholderText, QPalette::Mid})
+        palette.setColor(role, text);
+    for (const auto role : {QPalette::Link, QPalette::LinkVisited})
+        palette.setColor(role, setApart(palette.color(role), background, enough));
+    palette.setColor(QPalette::Highlight,
+        setApart(palette.color(QPalette::Highlight), palette.color(QPalette::HighlightedText), enough));
+    return palette;
+}
+
 void show(const QPalette& palette)
 {
     QApplication::setPalette(palette);
@@ -63,21 +88,29 @@ void show(const QPalette& palette)
 
 } // namespace
 
-Appearance::Appearance(QDBusConnection bus) : m_light(calmed(QApplication::palette()))
+Appearance::Appearance(QDBusConnection bus) : m_own(calmed(QApplication::palette()))
 {
     if (QApplication::style()->name() == QStringLiteral("fusion"))
         QApplication::setStyle(new OutlinedStyle);
-    show(m_light);
+    show(m_own);
     bus.connect(BusName::portal(), BusName::portalPath(), portalInterface(), QStringLiteral("SettingChanged"),
         this, SLOT(settingChanged(QDBusMessage)));
+    for (const QString& key : {schemeKey(), contrastKey()})
+        ask(bus, key);
+}
+
+void Appearance::ask(QDBusConnection bus, const QString& key)
+{
     auto message = QDBusMessage::createMethodCall(
         BusName::portal(), BusName::portalPath(), portalInterface(), QStringLiteral("Read"));
-    message << appearanceName() << schemeKey();
+    message << appearanceName() << key;
     auto* answer = new QDBusPendingCallWatcher{bus.asyncCall(message), this};
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        const QDBusPendingReply<QDBusVariant> scheme = *answer;
-        if (scheme.isValid())
-            follow(scheme.value().variant());
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, key, answer] {
+        const QDBusPendingReply<QDBusVariant> value = *answer;
+        if (value.isValid()) {
+            follow(key, value.value().variant());
+            showChosen(/*isChange=*/false);
+        }
         answer->deleteLater();
     });
 }
@@ -108,25 +141,46 @@ QPalette Appearance::darkPalette()
     return calmed(palette);
 }
 
+QPalette Appearance::lightPalette()
+{
+    return calmed(QPalette{QColor{0xef, 0xef, 0xef}});
+}
+
 void Appearance::settingChanged(const QDBusMessage& signal)
 {
     const QVariantList arguments = signal.arguments();
-    if (arguments.value(0) == appearanceName() && arguments.value(1) == schemeKey())
-        follow(arguments.value(2));
+    if (arguments.value(0) != appearanceName())
+        return;
+    follow(arguments.value(1).toString(), arguments.value(2));
+    showChosen(/*isChange=*/true);
 }
 
-void Appearance::follow(const QVariant& scheme)
+void Appearance::follow(const QString& key, const QVariant& value)
 {
-    const QVariant inner
-        = scheme.canConvert<QDBusVariant>() ? scheme.value<QDBusVariant>().variant() : scheme;
-    if (isDark(m_light))
+    const QVariant inner = value.canConvert<QDBusVariant>() ? value.value<QDBusVariant>().variant() : value;
+    if (key == schemeKey())
+        m_wantsDark = inner.toUInt() == prefersDark;
+    else if (key == contrastKey())
+        m_wantsContrast = inner.toUInt() == prefersContrast;
+}
+
+/// A theme that was dark from the start stays dark until the user chooses anew.
+void Appearance::showChosen(bool isChange)
+{
+    const bool isThemesStyle = qobject_cast<OutlinedStyle*>(QApplication::style()) == nullptr;
+    const bool isDarkByTheme = isDark(m_own) && (isThemesStyle || !isChange);
+    QPalette chosen = m_own;
+    if (m_wantsDark && !isDark(m_own))
+        chosen = darkPalette();
+    else if (!m_wantsDark && isDark(m_own) && !isDarkByTheme)
+        chosen = lightPalette();
+    if (m_wantsContrast)
+        chosen = inHighContrast(chosen);
+    if (chosen == QApplication::palette())
         return;
-    const bool wantsDark = inner.toUInt() == prefersDark;
-    if (wantsDark == isDark(QApplication::palette()))
-        return;
-    if (wantsDark && qobject_cast<OutlinedStyle*>(QApplication::style()) == nullptr)
+    if (m_wantsDark && isThemesStyle && !isDark(m_own))
         QApplication::setStyle(new OutlinedStyle);
-    show(wantsDark ? darkPalette() : m_light);
+    show(chosen);
 }
 
 } // namespace skyvane

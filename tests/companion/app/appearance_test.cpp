@@ -1,4 +1,5 @@
 #include "companion/app/appearance.h"
+#include "companion/look/contrast.h"
 #include "tests/companion/app/fake_portal.h"
 #include "tests/session/private_bus.h"
 #include "tests/session/wait_for.h"
@@ -51,6 +52,39 @@ TEST_F(AppearanceTest, aDesktopThatSpeaksLateIsFollowedToo)
     portal.change(1);
     EXPECT_TRUE(comesToBeDark(true));
     EXPECT_EQ(QApplication::palette().color(QPalette::Base), Appearance::darkPalette().color(QPalette::Base));
+}
+
+TEST_F(AppearanceTest, aProgramThatIsDarkFromTheStartBecomesLightWhenTheUserChoosesSo)
+{
+    QApplication::setPalette(Appearance::darkPalette());
+    test::FakePortal portal{session.other(), 0};
+    const Appearance appearance{session.connection()};
+    portal.change(1);
+    EXPECT_TRUE(comesToBeDark(true));
+    portal.change(2);
+    EXPECT_TRUE(comesToBeDark(false));
+    EXPECT_GE(contrast(QApplication::palette().color(QPalette::WindowText),
+                  QApplication::palette().color(QPalette::Window)),
+        7);
+}
+
+TEST_F(AppearanceTest, aHigherContrastIsFollowedInDarkAndLight)
+{
+    test::FakePortal portal{session.other(), 2};
+    const Appearance appearance{session.connection()};
+    portal.changeContrast(1);
+    const auto isStark = [] {
+        const QPalette palette = QApplication::palette();
+        const QColor window = palette.color(QPalette::Window);
+        return contrast(palette.color(QPalette::PlaceholderText), window) > 20
+            && contrast(palette.color(QPalette::Link), window) >= 7;
+    };
+    EXPECT_TRUE(test::waitFor(isStark));
+    portal.change(1);
+    EXPECT_TRUE(comesToBeDark(true));
+    EXPECT_TRUE(isStark());
+    portal.changeContrast(0);
+    EXPECT_TRUE(test::waitFor([&] { return !isStark(); }));
 }
 
 } // namespace skyvane

@@ -29,27 +29,42 @@ public:
     void change(unsigned scheme)
     {
         m_scheme = scheme;
-        auto signal
-            = QDBusMessage::createSignal(portalPath, portalSettings, QStringLiteral("SettingChanged"));
-        signal << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme")
-               << QVariant::fromValue(QDBusVariant{scheme});
-        m_bus.send(signal);
+        tell(QStringLiteral("color-scheme"), scheme);
+    }
+
+    /// 1: higher.
+    void changeContrast(unsigned contrast)
+    {
+        m_contrast = contrast;
+        tell(QStringLiteral("contrast"), contrast);
     }
 
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
     {
-        const QVariantList expected{
-            QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme")};
-        if (message.member() != QStringLiteral("Read") || message.arguments() != expected)
+        const QVariantList words = message.arguments();
+        const bool isScheme = words.value(1) == QStringLiteral("color-scheme");
+        if (message.member() != QStringLiteral("Read")
+            || words.value(0) != QStringLiteral("org.freedesktop.appearance")
+            || (!isScheme && words.value(1) != QStringLiteral("contrast")))
             return false;
-        const QVariant inner = QVariant::fromValue(QDBusVariant{m_scheme});
+        const QVariant inner = QVariant::fromValue(QDBusVariant{isScheme ? m_scheme : m_contrast});
         return connection.send(message.createReply(QVariant::fromValue(QDBusVariant{inner})));
     }
 
 private:
+    void tell(const QString& key, unsigned value)
+    {
+        auto signal
+            = QDBusMessage::createSignal(portalPath, portalSettings, QStringLiteral("SettingChanged"));
+        signal << QStringLiteral("org.freedesktop.appearance") << key
+               << QVariant::fromValue(QDBusVariant{value});
+        m_bus.send(signal);
+    }
+
     QDBusConnection m_bus;
     unsigned m_scheme;
+    unsigned m_contrast = 0;
 };
 
 } // namespace skyvane::test
