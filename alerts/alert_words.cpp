@@ -100,7 +100,7 @@ Words watched(const Aircraft& aircraft, const Observer& observer)
         localized("%1 is in range.", {subject(aircraft)}) + whereabouts(aircraft, observer));
 }
 
-Words overhead(const Aircraft& aircraft, const ClosestApproach& pass, std::chrono::duration<double> wait)
+Words overhead(const Aircraft& aircraft, const SkyPosition& pass, std::chrono::duration<double> wait)
 {
     constexpr std::int64_t straightUp = 80; // Degrees; beyond it nobody asks in which direction.
     const std::string who = subject(aircraft);

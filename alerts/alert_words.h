@@ -1,6 +1,6 @@
 #pragma once
 
-#include "alerts/closest_approach.h"
+#include "alerts/flight_ahead.h"
 #include "core/model/aircraft.h"
 #include "core/model/home_location.h"
 
@@ -30,6 +30,6 @@ Words military(const Aircraft& aircraft, const Observer& observer);
 Words watched(const Aircraft& aircraft, const Observer& observer);
 
 /// `wait`: from when it is told until the aircraft is nearest.
-Words overhead(const Aircraft& aircraft, const ClosestApproach& pass, std::chrono::duration<double> wait);
+Words overhead(const Aircraft& aircraft, const SkyPosition& pass, std::chrono::duration<double> wait);
 
 } // namespace skyvane::AlertWords

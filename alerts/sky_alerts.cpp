@@ -139,7 +139,7 @@ std::vector<SkyAlert> skyAlerts(const SkyEntry& sky, const SkyAlertRules& rules,
 SkyAlert sampleSkyAlert()
 {
     const Aircraft aircraft = sampleEntry().aircraft.front();
-    const ClosestApproach pass{.in = timeToLookUp, .distanceNM = 2, .bearingDeg = 225, .elevationDeg = 62};
+    const SkyPosition pass{.in = timeToLookUp, .distanceNM = 2, .bearingDeg = 225, .elevationDeg = 62};
     AlertWords::Words words = AlertWords::overhead(aircraft, pass, pass.in);
     return {
         .id = "sample",

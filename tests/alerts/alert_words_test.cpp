@@ -25,7 +25,7 @@ Aircraft speedbird()
 
 std::string overheadIn(double seconds, double elevation = 62.4)
 {
-    const ClosestApproach pass{.in = {}, .distanceNM = 2, .bearingDeg = 230, .elevationDeg = elevation};
+    const SkyPosition pass{.in = {}, .distanceNM = 2, .bearingDeg = 230, .elevationDeg = elevation};
     return overhead(speedbird(), pass, std::chrono::duration<double>{seconds}).body;
 }
 

@@ -24,7 +24,7 @@ Aircraft approaching()
     };
 }
 
-ClosestApproach found(const Aircraft& aircraft)
+SkyPosition found(const Aircraft& aircraft)
 {
     return closestApproach(aircraft, home).value();
 }
@@ -33,7 +33,7 @@ ClosestApproach found(const Aircraft& aircraft)
 
 TEST(ClosestApproachTest, isWhereTheTrackPassesHome)
 {
-    const ClosestApproach pass = found(approaching());
+    const SkyPosition pass = found(approaching());
     EXPECT_NEAR(pass.in.count(), 60, 0.2);
     EXPECT_NEAR(pass.distanceNM, 0, 1e-6);
     EXPECT_NEAR(pass.elevationDeg, 90, 1e-3);
@@ -43,7 +43,7 @@ TEST(ClosestApproachTest, isSeenInTheDirectionInWhichItPasses)
 {
     Aircraft aircraft = approaching();
     aircraft.lon = 8.0 + 2.0 / 60 / 0.642788; // Two miles east.
-    const ClosestApproach pass = found(aircraft);
+    const SkyPosition pass = found(aircraft);
     EXPECT_NEAR(pass.in.count(), 60, 0.2);
     EXPECT_NEAR(pass.distanceNM, 2, 0.02);
     EXPECT_NEAR(pass.bearingDeg, 90, 1);
