@@ -45,12 +45,35 @@ std::optional<FlightRoute> flightRoute(JSON::Value answer)
     };
 }
 
+std::optional<std::string> airline(JSON::Value answer)
+{
+    try {
+        const JSON::Object response = JSON::members(answer).required("response", JSON::members);
+        const auto flight = response.optional("flightroute", JSON::members);
+        const auto airline = flight ? flight->optional("airline", JSON::members) : std::nullopt;
+        return airline ? airline->optional("name", JSON::text) : std::nullopt;
+    } catch (const JSON::DecodingError&) {
+        return std::nullopt;
+    }
+}
+
+std::string urlFor(std::string_view callsign)
+{
+    return "https://" + std::string{host} + "/v0/callsign/" + std::string{callsign};
+}
+
 } // namespace
 
 std::optional<FlightRoute> fetch(std::string_view callsign, const Transport& transport, std::stop_token stop)
 {
-    const std::string url = "https://" + std::string{host} + "/v0/callsign/" + std::string{callsign};
-    return answerAt(url, transport, stop, flightRoute);
+    return answerAt(urlFor(callsign), transport, stop, flightRoute);
+}
+
+std::optional<Flight> fetchFlight(std::string_view callsign, const Transport& transport, std::stop_token stop)
+{
+    return answerAt(urlFor(callsign), transport, stop, [](JSON::Value answer) -> std::optional<Flight> {
+        return Flight{.route = flightRoute(answer), .airline = airline(answer)};
+    });
 }
 
 } // namespace skyvane::RouteAPI

@@ -15,7 +15,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         fuzz::require(request.url.scheme() == "https" && request.url.text().ends_with(wanted));
         return URLResponse{.status = 200, .body = body};
     };
-    if (const auto route = RouteAPI::fetch(wanted, transport))
+    const auto route = RouteAPI::fetch(wanted, transport);
+    const auto flight = RouteAPI::fetchFlight(wanted, transport);
+    fuzz::require(route == (flight ? flight->route : std::nullopt));
+    if (route)
         fuzz::require(route->summary().size() >= route->originCode.size());
     if (const auto photo = PhotoAPI::fetch(wanted, transport)) {
         fuzz::require(URL::parse(photo->thumbnailURL.text()) == photo->thumbnailURL);

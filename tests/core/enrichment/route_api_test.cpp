@@ -208,6 +208,44 @@ TEST(RouteAPI, anEmptyCityIsThere)
     EXPECT_EQ(routeIn(changed(routeAnswer, origin + "/municipality", ""))->citySummary(), " \u2192 New York");
 }
 
+TEST(RouteAPI, theAirlineIsReadBesideTheRoute)
+{
+    const auto answer = changed(
+        routeAnswer, "/response/flightroute/airline", {{"name", "United Airlines"}, {"icao", "UAL"}});
+    FakeService service = FakeService::answering(answer.dump());
+    EXPECT_EQ(RouteAPI::fetchFlight("UAL123", service.transport()),
+        (RouteAPI::Flight{.route = expectedRoute, .airline = "United Airlines"}));
+    service.expectOnlyRequest("https://api.adsbdb.com/v0/callsign/UAL123");
+    EXPECT_EQ(routeIn(answer), expectedRoute);
+}
+
+TEST(RouteAPI, aFlightWithoutARouteStillHasItsAirline)
+{
+    FakeService service
+        = FakeService::answering(R"({"response":{"flightroute":{"airline":{"name":"Ryanair"}}}})");
+    EXPECT_EQ(RouteAPI::fetchFlight("RYR1", service.transport()), (RouteAPI::Flight{.airline = "Ryanair"}));
+}
+
+TEST(RouteAPI, anAirlineOfAnotherShapeIsNone)
+{
+    for (const JSONText& airline : {JSONText(nullptr), JSONText(7), JSONText("Ryanair"), JSONText::object(),
+             JSONText{{"name", 7}}, JSONText{{"name", nullptr}}}) {
+        const auto answer = changed(routeAnswer, "/response/flightroute/airline", airline);
+        EXPECT_EQ(RouteAPI::fetchFlight("UAL123", FakeService::answering(answer.dump()).transport()),
+            (RouteAPI::Flight{.route = expectedRoute}))
+            << airline;
+        EXPECT_EQ(routeIn(answer), expectedRoute) << airline;
+    }
+}
+
+TEST(RouteAPI, aFailedFlightIsAbsentAsARouteIs)
+{
+    FakeService refusing = FakeService::answering(routeAnswer.dump(), 404);
+    EXPECT_EQ(RouteAPI::fetchFlight("UAL123", refusing.transport()), std::nullopt);
+    FakeService unknown = FakeService::answering(R"({"response":"unknown callsign"})");
+    EXPECT_EQ(RouteAPI::fetchFlight("UAL123", unknown.transport()), std::nullopt);
+}
+
 TEST(RouteAPI, ofTwoEqualKeysTheFirstCounts)
 {
     EXPECT_EQ(fetchedRoute(FakeService::answering(R"({"response":{"flightroute":{
