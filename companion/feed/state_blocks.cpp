@@ -10,13 +10,15 @@ namespace skyvane::StateBlocks {
 namespace {
 
 /// Blocks of 4,096 addresses by their first three digits, the last included. The smallest states have a
-/// quarter of one, some a whole one since: a quarter counts as a whole.
+/// quarter of one, some of them a whole one since: a quarter counts as a whole.
 struct Block {
     std::uint16_t first;
     std::uint16_t last;
 };
 
-/// By ICAO Annex 10, Volume III, Table 9-1, in its order; neighbours in one row.
+/// By ICAO Annex 10, Volume III, appendix to Chapter 9, Table 9-1 (second edition of 2007, with its
+/// amendments to 88-A of 2013), without the blocks that are kept for regions; in its order, neighbours in one
+/// row.
 constexpr std::array blocks{Block{0x004, 0x004}, Block{0x006, 0x006}, Block{0x008, 0x030},
     Block{0x032, 0x032}, Block{0x034, 0x036}, Block{0x038, 0x038}, Block{0x03E, 0x03E}, Block{0x040, 0x040},
     Block{0x042, 0x042}, Block{0x044, 0x044}, Block{0x046, 0x046}, Block{0x048, 0x048}, Block{0x04A, 0x04A},
