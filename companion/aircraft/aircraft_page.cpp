@@ -2,25 +2,29 @@
 
 #include "companion/aircraft/aircraft_words.h"
 #include "companion/aircraft/fact_grid.h"
+#include "companion/aircraft/outlook.h"
 #include "companion/aircraft/photo_panel.h"
 #include "companion/aircraft/route_panel.h"
+#include "companion/aircraft/sky_dome.h"
 #include "companion/aircraft/watch_words.h"
-#include "companion/aircraft/where_to_look.h"
 #include "companion/alerts/star_button.h"
 #include "companion/look/contrast.h"
 #include "companion/look/credits.h"
 #include "companion/look/notice_bar.h"
+#include "companion/look/scrolling.h"
 #include "companion/look/type_scale.h"
 #include "companion/sky/empty_sky.h"
-#include "core/radar/radar_view.h"
-#include "desk/display_list_view.h"
+#include "companion/sky/live_scope.h"
 #include "desk/text.h"
 
 #include <QBoxLayout>
 #include <QEvent>
 #include <QLabel>
-#include <QScrollArea>
 #include <QStackedWidget>
+#include <QStyle>
+
+#include <algorithm>
+#include <utility>
 
 namespace skyvane {
 
@@ -29,7 +33,8 @@ namespace {
 constexpr int margin = 20;
 constexpr int columnGap = 32;
 constexpr int pictureWidth = 420;
-constexpr int scopeHeight = 260;
+constexpr int viewGap = 12;
+constexpr int largestViews = 1200; ///< The sky and the scope side by side.
 constexpr int widthForColumns = 860;
 
 QLabel* plainLabel(const QFont& font)
@@ -55,14 +60,11 @@ SkyEntry alone(SkyEntry entry, const Aircraft& aircraft)
     return entry;
 }
 
-QScrollArea* scrolling(QWidget* content)
+QWidget* scrolling(QWidget* content)
 {
-    auto* area = new QScrollArea;
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(content);
-    return area;
+    auto* page = new QWidget;
+    fillScrolling(*page, content);
+    return page;
 }
 
 } // namespace
@@ -75,13 +77,16 @@ AircraftPage::AircraftPage(AircraftSources sources, const FontMeasurer& fonts, Q
     , m_empty(new EmptySky)
     , m_columns(new QBoxLayout{QBoxLayout::LeftToRight})
     , m_photo(new PhotoPanel{m_sources.open})
-    , m_scope(new DisplayListView{fonts})
+    , m_views(new QBoxLayout{QBoxLayout::LeftToRight})
+    , m_dome(new SkyDome)
+    , m_scope(new LiveScope{fonts})
     , m_name(plainLabel(TypeScale::display(font())))
     , m_star(new StarButton)
     , m_identity(plainLabel(font()))
     , m_alarm(plainLabel(TypeScale::strong(font())))
     , m_routePanel(new RoutePanel)
     , m_look(plainLabel(TypeScale::title(font())))
+    , m_pass(plainLabel(font()))
     , m_facts(new FactGrid)
 {
     auto* content = new QWidget;
@@ -115,14 +120,16 @@ AircraftPage::AircraftPage(AircraftSources sources, const FontMeasurer& fonts, Q
 
 QWidget* AircraftPage::makePictures()
 {
-    m_scope->setFixedSize(pictureWidth, scopeHeight);
-    m_scope->setAccessibleName(localizedText("Radar scope"));
+    m_views->setSpacing(viewGap);
+    m_views->addWidget(m_dome);
+    m_views->addWidget(m_scope);
+    m_views->addStretch();
     auto* pictures = new QWidget;
     auto* column = new QVBoxLayout{pictures};
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(margin);
     column->addWidget(m_photo);
-    column->addWidget(m_scope);
+    column->addLayout(m_views);
     return pictures;
 }
 
@@ -141,6 +148,7 @@ QWidget* AircraftPage::makeDetails()
     column->addWidget(m_routePanel);
     column->addSpacing(margin);
     column->addWidget(m_look);
+    column->addWidget(m_pass);
     column->addSpacing(margin);
     column->addWidget(m_facts);
     column->addSpacing(margin / 2);
@@ -152,7 +160,7 @@ void AircraftPage::showAircraft(const std::string& hex)
 {
     leave();
     m_watch.emplace(hex);
-    m_routePanel->showRoute(std::nullopt);
+    showFlight(std::nullopt);
     m_photo->showPlace();
     m_photograph = m_sources.lookups.photograph(
         hex, [this](const std::optional<Photograph>& found) { m_photo->showPhotograph(found); });
@@ -164,8 +172,8 @@ void AircraftPage::showAircraft(const std::string& hex)
 void AircraftPage::leave()
 {
     m_watch.reset();
-    m_routeCallsign.clear();
-    m_route = {};
+    m_callsign.clear();
+    m_flight = {};
     m_photograph = {};
 }
 
@@ -173,7 +181,7 @@ Heading AircraftPage::heading() const
 {
     if (!m_watch)
         return {};
-    return WatchWords::heading(*m_watch);
+    return WatchWords::heading(*m_watch, m_sources.feed.report());
 }
 
 void AircraftPage::showReport()
@@ -197,16 +205,15 @@ void AircraftPage::showDetails(const Aircraft& aircraft)
     const SkyEntry& entry = m_sources.feed.report().entry;
     m_name->setText(toQString(aircraft.displayName()));
     showStar();
-    showText(*m_identity, AircraftWords::identity(aircraft));
-    showText(*m_alarm, AircraftWords::alarm(aircraft));
+    showIdentity();
+    showText(*m_alarm,
+        AircraftWords::alarm(aircraft, /*isThere=*/m_watch->state() == AircraftWatch::State::inRange));
     colorAlarm(aircraft.blipColor(entry.palette()));
-    const auto where = whereToLook(aircraft, entry.home);
-    const bool isThere = m_watch->state() == AircraftWatch::State::inRange;
-    showText(*m_look, where && isThere ? toQString(lookText(*where)) : QString{});
+    showWhereToLook(aircraft);
     m_facts->showFacts(AircraftWords::facts(
         aircraft, {.distance = entry.unit, .measures = m_sources.preferences.measures()}));
-    m_scope->showCard(RadarView{.entry = alone(entry, aircraft)}.body(), entry.palette().background);
-    lookUpRoute(aircraft);
+    showScope(aircraft);
+    lookUpFlight(aircraft);
 }
 
 void AircraftPage::toggleStar()
@@ -222,6 +229,23 @@ void AircraftPage::showStar()
         m_star->setOn(m_sources.alerts.isStarred(*m_watch->aircraft()));
 }
 
+void AircraftPage::showScope(const Aircraft& aircraft)
+{
+    const SkyEntry& entry = m_sources.feed.report().entry;
+    m_scope->setMapShown(m_sources.preferences.isMapShown());
+    m_scope->showSky(alone(entry, aircraft), m_sources.preferences.measures(), m_sources.trails);
+    m_scope->select(aircraft.hex);
+}
+
+void AircraftPage::showWhereToLook(const Aircraft& aircraft)
+{
+    const bool isThere = m_watch->state() == AircraftWatch::State::inRange;
+    Outlook outlook = Outlook::of(aircraft, m_sources.feed.report().entry, isThere);
+    showText(*m_look, outlook.look);
+    showText(*m_pass, outlook.pass);
+    m_dome->showSky(std::move(outlook.sky), (outlook.look + QLatin1Char{' '} + outlook.pass).trimmed());
+}
+
 void AircraftPage::colorAlarm(const Color& color)
 {
     QPalette colors;
@@ -229,15 +253,28 @@ void AircraftPage::colorAlarm(const Color& color)
     m_alarm->setPalette(colors);
 }
 
-void AircraftPage::lookUpRoute(const Aircraft& aircraft)
+void AircraftPage::lookUpFlight(const Aircraft& aircraft)
 {
     const std::string callsign = aircraft.flight.value_or("");
-    if (callsign.empty() || callsign == m_routeCallsign)
+    if (callsign.empty() || callsign == m_callsign)
         return;
-    m_routeCallsign = callsign;
-    m_routePanel->showRoute(std::nullopt);
-    m_route = m_sources.lookups.route(
-        aircraft, [this](const std::optional<FlightRoute>& found) { m_routePanel->showRoute(found); });
+    m_callsign = callsign;
+    showFlight(std::nullopt);
+    m_flight = m_sources.lookups.flight(
+        aircraft, [this](const std::optional<RouteAPI::Flight>& found) { showFlight(found); });
+}
+
+void AircraftPage::showFlight(const std::optional<RouteAPI::Flight>& flight)
+{
+    m_airline = flight ? flight->airline : std::nullopt;
+    m_routePanel->showRoute(flight ? flight->route : std::nullopt);
+    showIdentity();
+}
+
+void AircraftPage::showIdentity()
+{
+    if (m_watch && m_watch->aircraft())
+        showText(*m_identity, AircraftWords::identity(*m_watch->aircraft(), m_airline));
 }
 
 void AircraftPage::resizeEvent(QResizeEvent* event)
@@ -245,7 +282,11 @@ void AircraftPage::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     const bool isWide = width() >= widthForColumns;
     m_columns->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-    m_scope->setVisible(isWide);
+    const int beside = 2 * margin + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const int room = std::max(isWide ? width() * 2 / 5 : width() - beside, pictureWidth);
+    const int side = (std::min(room, largestViews) - viewGap) / 2;
+    m_dome->setFixedSize(side, side);
+    m_scope->setFixedSize(side, side);
 }
 
 void AircraftPage::changeEvent(QEvent* event)

@@ -5,6 +5,7 @@
 #include "companion/feed/lookups.h"
 #include "companion/look/heading.h"
 #include "companion/look/preferences.h"
+#include "companion/sky/trails.h"
 #include "paint/font_measurer.h"
 
 #include <QUrl>
@@ -25,7 +26,8 @@ class NoticeBar;
 class PhotoPanel;
 class RoutePanel;
 class StarButton;
-class DisplayListView;
+class LiveScope;
+class SkyDome;
 
 /// What the page looks things up with.
 struct AircraftSources {
@@ -33,6 +35,7 @@ struct AircraftSources {
     Lookups& lookups;
     AlertStore& alerts;
     Preferences& preferences;
+    const Trails& trails;
     std::function<void(const QUrl&)> open; ///< Shows a page on the web.
 };
 
@@ -63,13 +66,18 @@ private:
     void showDetails(const Aircraft& aircraft);
     void toggleStar();
     void showStar();
+    void showWhereToLook(const Aircraft& aircraft);
+    void showScope(const Aircraft& aircraft);
     void colorAlarm(const Color& color);
-    void lookUpRoute(const Aircraft& aircraft);
+    void lookUpFlight(const Aircraft& aircraft);
+    void showFlight(const std::optional<RouteAPI::Flight>& flight);
+    void showIdentity();
 
     AircraftSources m_sources;
     std::optional<AircraftWatch> m_watch;
-    std::string m_routeCallsign; ///< Whose route is shown or looked for.
-    Errand m_route;
+    std::string m_callsign; ///< Whose flight is shown or looked for.
+    std::optional<std::string> m_airline; ///< Of that flight.
+    Errand m_flight;
     Errand m_photograph;
 
     NoticeBar* m_notice;
@@ -77,13 +85,16 @@ private:
     EmptySky* m_empty;
     QBoxLayout* m_columns;
     PhotoPanel* m_photo;
-    DisplayListView* m_scope;
+    QBoxLayout* m_views;
+    SkyDome* m_dome;
+    LiveScope* m_scope;
     QLabel* m_name;
     StarButton* m_star;
     QLabel* m_identity;
     QLabel* m_alarm;
     RoutePanel* m_routePanel;
     QLabel* m_look;
+    QLabel* m_pass;
     FactGrid* m_facts;
 };
 

@@ -1,11 +1,14 @@
 #include "companion/aircraft/aircraft_words.h"
 
+#include "companion/aircraft/squawk_words.h"
 #include "desk/text.h"
 #include "platform/text/unicode.h"
 
 #include <QStringList>
 
+#include <cmath>
 #include <optional>
+#include <utility>
 
 namespace skyvane::AircraftWords {
 
@@ -16,11 +19,22 @@ QString orEmpty(const std::optional<std::string>& text)
     return text ? toQString(*text) : QString{};
 }
 
-QString climb(const Aircraft& aircraft, Measures measures)
+/// Named after the trend: "Climbing", "Descending", "Climb" for level flight.
+Fact climb(const Aircraft& aircraft, Measures measures)
 {
     if (QString text = Figures::climb(aircraft, measures); !text.isEmpty())
-        return text;
-    return aircraft.verticalRate() && !aircraft.isOnGround() ? localizedText("Level") : QString{};
+        return {*aircraft.verticalRate() > 0 ? localizedText("Climbing") : localizedText("Descending"),
+            std::move(text)};
+    const bool isLevel = aircraft.verticalRate() && !aircraft.isOnGround();
+    return {localizedText("Climb"), isLevel ? localizedText("Level") : QString{}};
+}
+
+/// How old the position was when it was told.
+QString positionAge(const Aircraft& aircraft)
+{
+    constexpr double longest = 3600;
+    const double age = aircraft.seenPos.value_or(-1);
+    return age >= 0 && age < longest ? localizedText("%1 s old", {std::llround(age)}) : QString{};
 }
 
 QString altitude(const Aircraft& aircraft, Measures measures)
@@ -32,26 +46,31 @@ QString altitude(const Aircraft& aircraft, Measures measures)
 
 } // namespace
 
-QString identity(const Aircraft& aircraft)
+QString identity(const Aircraft& aircraft, const std::optional<std::string>& airline)
 {
+    const auto operatorName = aircraft.operatorDisplayName();
     QStringList words{orEmpty(aircraft.typeName()), orEmpty(aircraft.registration),
-        orEmpty(aircraft.operatorDisplayName())};
+        orEmpty(operatorName ? operatorName : airline)};
     words.removeAll(QString{});
     words.removeAll(toQString(aircraft.displayName()));
     words.removeDuplicates();
     return words.join(QStringLiteral(" · "));
 }
 
-QString alarm(const Aircraft& aircraft)
+QString alarm(const Aircraft& aircraft, bool isThere)
 {
     if (aircraft.squawk == "7500")
-        return localizedText("It reports a hijacking (7500).");
+        return isThere ? localizedText("It reports a hijacking (7500).")
+                       : localizedText("It reported a hijacking (7500).");
     if (aircraft.squawk == "7600")
-        return localizedText("It reports that its radio has failed (7600).");
+        return isThere ? localizedText("It reports that its radio has failed (7600).")
+                       : localizedText("It reported that its radio had failed (7600).");
     if (aircraft.squawk == "7700")
-        return localizedText("It reports an emergency (7700).");
+        return isThere ? localizedText("It reports an emergency (7700).")
+                       : localizedText("It reported an emergency (7700).");
     if (aircraft.isEmergency())
-        return localizedText("It reports an emergency.");
+        return isThere ? localizedText("It reports an emergency.")
+                       : localizedText("It reported an emergency.");
     return aircraft.isMilitary() ? localizedText("A military aircraft.") : QString{};
 }
 
@@ -60,9 +79,10 @@ std::vector<Fact> facts(const Aircraft& aircraft, const Units& units)
     std::vector<Fact> known{
         {localizedText("Altitude"), altitude(aircraft, units.measures)},
         {localizedText("Speed"), Figures::speed(aircraft, units.measures)},
-        {localizedText("Climb"), climb(aircraft, units.measures)},
+        climb(aircraft, units.measures),
         {localizedText("Distance"), orEmpty(aircraft.distanceText(units.distance, /*compact=*/false))},
-        {localizedText("Squawk"), orEmpty(aircraft.squawk)},
+        {localizedText("Position"), positionAge(aircraft)},
+        {localizedText("Squawk"), aircraft.squawk ? squawkText(*aircraft.squawk) : QString{}},
         {localizedText("Registration"), orEmpty(aircraft.registration)},
         {localizedText("Type"), orEmpty(aircraft.typeCode)},
         {localizedText("Address"), toQString(Unicode::uppercased(aircraft.hex))},

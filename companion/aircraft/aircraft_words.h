@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <optional>
+#include <string>
 #include <vector>
 
 /// What the page of one aircraft says in words.
@@ -18,11 +20,12 @@ struct Fact {
 };
 
 /// Model, registration and operator in one line, "Airbus A320 · D-AIPA · Lufthansa", without those that are
-/// unknown or its name already.
-QString identity(const Aircraft& aircraft);
+/// unknown or its name already. `airline`: whose flight it is, for an operator that is not known otherwise.
+QString identity(const Aircraft& aircraft, const std::optional<std::string>& airline);
 
-/// One sentence about an emergency or a military aircraft; empty for every other.
-QString alarm(const Aircraft& aircraft);
+/// One sentence about an emergency or a military aircraft; empty for every other. `isThere`: it is in range,
+/// and has not left since.
+QString alarm(const Aircraft& aircraft, bool isThere);
 
 /// The facts that are known of the aircraft.
 std::vector<Fact> facts(const Aircraft& aircraft, const Units& units);

@@ -45,6 +45,7 @@ void FactGrid::addCell()
     TypeScale::makeQuiet(*cell.name);
     cell.value->setFont(TypeScale::strong(font()));
     cell.value->setTextFormat(Qt::PlainText);
+    cell.value->setWordWrap(true);
     cell.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
     cell.value->setContentsMargins(0, 0, 0, 12);
     const int place = static_cast<int>(m_cells.size());

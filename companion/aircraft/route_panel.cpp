@@ -32,9 +32,13 @@ RoutePanel::RoutePanel(QWidget* parent) : QWidget(parent), m_airports(new QLabel
     last->setSpacing(12);
     last->addWidget(m_cities, /*stretch=*/1);
     last->addWidget(Credits::makeLabel(Credits::routes()));
+    auto* caption = new QLabel{localizedText("Usual route")};
+    caption->setFont(TypeScale::small(font()));
+    TypeScale::makeQuiet(*caption);
     auto* column = new QVBoxLayout{this};
     column->setContentsMargins(0, 20, 0, 0);
     column->setSpacing(2);
+    column->addWidget(caption);
     column->addWidget(m_airports);
     column->addLayout(last);
     hide();
@@ -42,9 +46,10 @@ RoutePanel::RoutePanel(QWidget* parent) : QWidget(parent), m_airports(new QLabel
 
 void RoutePanel::showRoute(const std::optional<FlightRoute>& route)
 {
+    const bool leadsElsewhere = route && route->originCode != route->destinationCode;
     m_airports->setText(route ? toQString(route->summary()) : QString{});
     m_cities->setText(route ? citiesOf(*route) : QString{});
-    setVisible(route.has_value());
+    setVisible(leadsElsewhere);
 }
 
 QString RoutePanel::airports() const

@@ -10,13 +10,13 @@ class QLabel;
 
 namespace skyvane {
 
-/// Where a flight goes: airports, cities, and who says so.
+/// Where a flight usually goes: airports, cities, and who says so.
 class RoutePanel : public QWidget {
     Q_OBJECT
 public:
     explicit RoutePanel(QWidget* parent = nullptr);
 
-    /// Hides the panel when there is no route.
+    /// Hides the panel when there is no route, or one that ends where it began, which is a mistake.
     void showRoute(const std::optional<FlightRoute>& route);
 
     QString airports() const;

@@ -6,6 +6,8 @@
 #include "desk/text.h"
 #include "platform/text/unicode.h"
 
+#include <QStringList>
+
 namespace skyvane::WatchWords {
 
 namespace {
@@ -17,40 +19,36 @@ std::string address(const AircraftWatch& watch)
 
 } // namespace
 
-Heading heading(const AircraftWatch& watch)
+Heading heading(const AircraftWatch& watch, const SkyReport& report)
 {
-    const QString title = localizedText("Aircraft");
-    if (!watch.aircraft())
-        return {.title = title, .window = toQString(address(watch))};
+    QStringList details;
+    if (watch.aircraft())
+        details += toQString(SkyWords::asOf(watch.seenAt()));
+    if (report.isAsking)
+        details += localizedText("Asking…");
     return {
-        .title = title,
-        .details = toQString(SkyWords::asOf(watch.seenAt())),
-        .window = toQString(watch.aircraft()->displayName()),
+        .title = localizedText("Aircraft"),
+        .details = details.join(QStringLiteral(" · ")),
+        .window = toQString(watch.aircraft() ? watch.aircraft()->displayName() : address(watch)),
     };
 }
 
 std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyReport& report)
 {
-    const QString askAgain = localizedText("Ask again");
     switch (watch.state()) {
     case AircraftWatch::State::noHome:
         return SkyWords::instead(report);
     case AircraftWatch::State::lookedFor:
         return EmptySky::Words{.title = localizedText("Looking for %1…", {address(watch)})};
     case AircraftWatch::State::noAnswer:
-        return EmptySky::Words{
-            .title = localizedText("No answer"),
-            .explanation = toQString(report.problem),
-            .action = askAgain,
-            .details = toQString(report.details),
-        };
+        return SkyWords::noAnswer(report);
     case AircraftWatch::State::elsewhere:
         return EmptySky::Words{
             .title = localizedText("%1 is not in range", {address(watch)}),
             .explanation = localizedText("It is not within %1 of home, %2.",
                 {rangeText(SearchRadius::asked(report.entry.radiusNM), report.entry.unit),
                     SkyWords::asOf(report.entry.date)}),
-            .action = askAgain,
+            .action = localizedText("Ask again"),
         };
     case AircraftWatch::State::inRange:
     case AircraftWatch::State::gone:
@@ -62,8 +60,8 @@ std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyRepo
 NoticeBar::Words notice(const AircraftWatch& watch, const SkyReport& report)
 {
     if (watch.state() == AircraftWatch::State::gone)
-        return {.text = localizedText("It is no longer in range. This is what was last seen of it, %1.",
-                    {SkyWords::asOf(watch.seenAt())})};
+        return {.text = localizedText("It is no longer in range, %1. This is what was last seen of it, %2.",
+                    {SkyWords::asOf(report.entry.date), SkyWords::asOf(watch.seenAt())})};
     if (watch.state() == AircraftWatch::State::inRange && !report.problem.empty())
         return SkyWords::notice(report);
     return {};

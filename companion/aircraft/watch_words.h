@@ -10,7 +10,7 @@
 /// Texts of one aircraft's page about whether it is in range.
 namespace skyvane::WatchWords {
 
-Heading heading(const AircraftWatch& watch);
+Heading heading(const AircraftWatch& watch, const SkyReport& report);
 
 /// What is said in place of the details; absent when there are any.
 std::optional<EmptySky::Words> instead(const AircraftWatch& watch, const SkyReport& report);

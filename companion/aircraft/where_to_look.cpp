@@ -23,9 +23,11 @@ std::optional<WhereToLook> whereToLook(const Aircraft& aircraft, const std::opti
     return where;
 }
 
-std::string lookText(const WhereToLook& where)
+std::string lookText(const Aircraft& aircraft, const WhereToLook& where)
 {
     const std::string to = compassDirection(where.bearingDeg);
+    if (aircraft.isOnGround())
+        return localized("It is on the ground, in the %1.", {to});
     if (!where.elevationDeg)
         return localized("Look %1.", {to});
     const std::int64_t degrees = std::llround(*where.elevationDeg);

@@ -20,7 +20,8 @@ struct WhereToLook {
 /// direction is unknown.
 std::optional<WhereToLook> whereToLook(const Aircraft& aircraft, const std::optional<HomeLocation>& home);
 
-/// A sentence in the user's language: "Look north-east, about 12° above the horizon."
-std::string lookText(const WhereToLook& where);
+/// A sentence in the user's language: "Look north-east, about 12° above the horizon." Of one on the ground,
+/// in which direction that is.
+std::string lookText(const Aircraft& aircraft, const WhereToLook& where);
 
 } // namespace skyvane

@@ -5,7 +5,6 @@
 #include "core/enrichment/ascii.h"
 #include "core/enrichment/photo_api.h"
 #include "core/enrichment/polite_request.h"
-#include "core/enrichment/route_api.h"
 #include "platform/text/printable.h"
 #include "platform/text/unicode.h"
 
@@ -40,15 +39,18 @@ void cut(std::optional<std::string>& text)
 }
 
 /// With no more of any text than anybody is shown.
-std::optional<FlightRoute> withShownTexts(std::optional<FlightRoute> route)
+std::optional<RouteAPI::Flight> withShownTexts(std::optional<RouteAPI::Flight> flight)
 {
-    if (route) {
+    if (flight)
+        cut(flight->airline);
+    if (flight && flight->route) {
+        auto& route = flight->route;
         route->originCode = Unicode::oneLine(std::move(route->originCode));
         route->destinationCode = Unicode::oneLine(std::move(route->destinationCode));
         cut(route->originCity);
         cut(route->destinationCity);
     }
-    return route;
+    return flight;
 }
 
 QImage loadImage(
@@ -79,19 +81,20 @@ std::optional<Photograph> loadPhotograph(const std::string& hex, const Transport
 
 } // namespace
 
-Errand Lookups::route(const Aircraft& aircraft, RouteFound found)
+Errand Lookups::flight(const Aircraft& aircraft, FlightFound found)
 {
     const auto callsign = callsignOf(aircraft);
-    const auto* known = callsign ? m_routes.find(*callsign) : nullptr;
+    const auto* known = callsign ? m_flights.find(*callsign) : nullptr;
     if (!callsign || known != nullptr) {
         found(known != nullptr ? *known : std::nullopt);
         return {};
     }
     return m_errands.run(
-        [callsign = *callsign, transport = m_transport](
-            std::stop_token stop) { return withShownTexts(RouteAPI::fetch(callsign, transport, stop)); },
+        [callsign = *callsign, transport = m_transport](std::stop_token stop) {
+            return withShownTexts(RouteAPI::fetchFlight(callsign, transport, stop));
+        },
         [this, callsign = *callsign, found = std::move(found)](
-            std::optional<FlightRoute> route) { found(m_routes.keep(callsign, std::move(route))); });
+            std::optional<RouteAPI::Flight> flight) { found(m_flights.keep(callsign, std::move(flight))); });
 }
 
 Errand Lookups::photograph(const std::string& hex, PhotographFound found)

@@ -3,8 +3,8 @@
 #include "companion/feed/answer_memory.h"
 #include "companion/feed/errands.h"
 #include "companion/photo/photo_image.h"
-#include "core/enrichment/flight_route.h"
 #include "core/enrichment/plane_photo.h"
+#include "core/enrichment/route_api.h"
 #include "core/model/aircraft.h"
 #include "platform/net/transport.h"
 
@@ -26,7 +26,7 @@ struct Photograph {
 /// Routes and photographs, looked up on other threads; a route is cached for an hour, a photograph for a day.
 class Lookups {
 public:
-    using RouteFound = std::function<void(const std::optional<FlightRoute>&)>;
+    using FlightFound = std::function<void(const std::optional<RouteAPI::Flight>&)>;
     using PhotographFound = std::function<void(const std::optional<Photograph>&)>;
 
     /// What is handed in outlives this.
@@ -35,9 +35,9 @@ public:
     {
     }
 
-    /// Looks up the usual route of an airline's flight; other aircraft have none, and nobody is asked. A
-    /// cached answer is found at once, within the call.
-    [[nodiscard]] Errand route(const Aircraft& aircraft, RouteFound found);
+    /// Looks up the airline of an airline's flight and its usual route; other aircraft have none, and nobody
+    /// is asked. A cached answer is found at once, within the call.
+    [[nodiscard]] Errand flight(const Aircraft& aircraft, FlightFound found);
 
     /// Looks up the photograph of the airframe with that ICAO address; nobody is asked about an address of
     /// no state.
@@ -47,7 +47,7 @@ private:
     Errands& m_errands;
     DecodePhoto m_decode;
     Transport m_transport;
-    AnswerMemory<FlightRoute> m_routes{{.answer = std::chrono::hours{1}}};
+    AnswerMemory<RouteAPI::Flight> m_flights{{.answer = std::chrono::hours{1}}};
     AnswerMemory<Photograph> m_photographs{{.answer = std::chrono::days{1}, .most = 16}};
 };
 

@@ -1,6 +1,5 @@
 #include "companion/feed/sky_feed.h"
 
-#include "core/feed/adsb.h"
 #include "platform/clock.h"
 #include "platform/text/printable.h"
 
@@ -99,14 +98,14 @@ SkyFeed::Outcome SkyFeed::ask(
     const SharedState::Config& config, const Transport& transport, std::stop_token stop)
 {
     try {
-        return {.aircraft
-            = withShownTexts(ADSB::fetch(config.home, config.radiusNM, transport, std::move(stop)))};
-    } catch (const FetchError& error) {
-        return {
-            .aircraft = {},
-            .problem = error.message,
-            .details = Unicode::oneLine(error.cause.details),
-        };
+        ADSB::Answer answer = ADSB::ask(config.home, config.radiusNM, transport, std::move(stop));
+        Outcome outcome{
+            .aircraft = withShownTexts(std::move(answer.aircraft)), .asked = std::move(answer.asked)};
+        if (answer.problem) {
+            outcome.problem = answer.problem->message;
+            outcome.details = Unicode::oneLine(answer.problem->cause.details);
+        }
+        return outcome;
     } catch (const std::exception& error) {
         return {.aircraft = {}, .problem = error.what()};
     }
@@ -117,10 +116,13 @@ void SkyFeed::take(Outcome outcome)
     m_report.isAsking = false;
     m_report.problem = std::move(outcome.problem);
     m_report.details = std::move(outcome.details);
+    m_report.asked = std::move(outcome.asked);
+    m_report.triedAt = Clock::now();
     if (m_report.problem.empty()) {
         m_report.entry.date = Clock::now();
         m_report.entry.aircraft = std::move(outcome.aircraft);
         m_report.hasAnswer = true;
+        ++m_report.answers;
     }
     emit changed();
 }

@@ -2,7 +2,9 @@
 
 #include "companion/feed/errands.h"
 #include "core/config/shared_state.h"
+#include "core/feed/adsb.h"
 #include "core/views/sky_entry.h"
+#include "platform/clock.h"
 #include "platform/net/transport.h"
 
 #include <QTimer>
@@ -10,6 +12,7 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace skyvane {
 
@@ -17,9 +20,12 @@ namespace skyvane {
 struct SkyReport {
     SkyEntry entry; ///< Its date and aircraft are those of the last answer.
     bool hasAnswer = false;
+    unsigned answers = 0; ///< How many there have been of this sky: with another one come other aircraft.
     bool isAsking = false;
     std::string problem{}; ///< What went wrong since the last answer, in the user's words; empty: nothing.
     std::string details{}; ///< What was said of the problem to the letter; may be empty.
+    std::vector<ADSB::Inquiry> asked{}; ///< The sources that were asked last, and what became of it.
+    std::optional<Date> triedAt{}; ///< When that was; absent before the first time.
 
     bool operator==(const SkyReport&) const = default;
 };
@@ -52,6 +58,7 @@ private:
         std::vector<Aircraft> aircraft;
         std::string problem{};
         std::string details{};
+        std::vector<ADSB::Inquiry> asked{};
     };
 
     static Outcome ask(const SharedState::Config& config, const Transport& transport, std::stop_token stop);

@@ -7,6 +7,8 @@
 #include "core/feed/sources.h"
 #include "desk/text.h"
 
+#include <algorithm>
+
 namespace skyvane::Credits {
 
 namespace {
@@ -23,11 +25,15 @@ QString linkTo(std::string_view website)
 
 } // namespace
 
-QString aircraft()
+QString aircraft(const std::vector<Remark>& remarks)
 {
     QStringList links;
-    for (const ADSB::Source& source : ADSB::sources())
+    for (const ADSB::Source& source : ADSB::sources()) {
+        const auto remark = std::ranges::find(remarks, source.name, &Remark::source);
         links += linkTo(source.website);
+        if (remark != remarks.end())
+            links.back() += QStringLiteral(" (%1)").arg(remark->text.toHtmlEscaped());
+    }
     return links.join(QStringLiteral(" · "));
 }
 
@@ -52,9 +58,14 @@ QString photoService()
     return siteName(PhotoAPI::website);
 }
 
-QWidget* makeLabel(const QString& sources)
+QString text(const QString& sources)
 {
-    auto* label = new LinkLabel{localizedText("Data: %1", {sources.toStdString()})};
+    return localizedText("Data: %1", {sources.toStdString()});
+}
+
+QLabel* makeLabel(const QString& sources)
+{
+    auto* label = new LinkLabel{text(sources)};
     label->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     label->setFont(TypeScale::small(label->font()));
     TypeScale::makeQuiet(*label);

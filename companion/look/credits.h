@@ -2,13 +2,22 @@
 
 #include <QString>
 
-class QWidget;
+#include <string>
+#include <vector>
+
+class QLabel;
 
 /// Whose data is shown, with links to their own pages.
 namespace skyvane::Credits {
 
-/// The sources' names as rich text, in the order in which they are asked.
-QString aircraft();
+/// What is said of a source in a word or two.
+struct Remark {
+    std::string source; ///< Its host.
+    QString text;
+};
+
+/// The sources' names as rich text, in the order in which they are asked, each with its remark if it has one.
+QString aircraft(const std::vector<Remark>& remarks = {});
 QString routes();
 QString photos();
 
@@ -19,6 +28,8 @@ QString places();
 QString photoService();
 
 /// A line of quiet text that names the sources.
-QWidget* makeLabel(const QString& sources);
+QLabel* makeLabel(const QString& sources);
+/// The same in words, for another text of that label.
+QString text(const QString& sources);
 
 } // namespace skyvane::Credits

@@ -1,13 +1,13 @@
 #include "companion/map/scope_view.h"
 
 #include "companion/map/map_scene.h"
-#include "core/radar/radar_view.h"
 #include "paint/to_qt.h"
 
 #include <QPainter>
 #include <QPainterPath>
 
 #include <cmath>
+#include <utility>
 
 namespace skyvane {
 
@@ -38,24 +38,24 @@ MapInk inkOf(const ScopePalette& palette)
 
 } // namespace
 
-ScopeView::ScopeView(const FontMeasurer& fonts) : DisplayListView(fonts)
+ScopeView::ScopeView(const FontMeasurer& fonts, Pressed pressed) : DisplayListView(fonts, std::move(pressed))
 {
-    connect(&m_loader, &MapLoader::loaded, this, qOverload<>(&ScopeView::update));
+    connect(&m_loader, &MapLoader::loaded, this, [this] { mapChanged(); });
 }
 
-void ScopeView::showSky(const SkyEntry& entry)
+void ScopeView::showScope(const RadarView& scope, const QString& state)
 {
-    m_home = entry.home;
-    m_radiusNM = entry.radiusNM;
-    m_palette = entry.palette();
-    showCard(RadarView{.entry = entry}.body(), m_palette.background);
-    update();
+    m_home = scope.entry.home;
+    m_radiusNM = scope.entry.radiusNM;
+    m_palette = scope.entry.palette();
+    showCard(scope.body(), m_palette.background, state);
+    mapChanged();
 }
 
 void ScopeView::setMapShown(bool isShown)
 {
-    m_isMapShown = isShown;
-    update();
+    if (std::exchange(m_isMapShown, isShown) != isShown)
+        mapChanged();
 }
 
 /// To the scale of the aircraft, whose farthest stand just inside the outer ring.

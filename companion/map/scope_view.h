@@ -1,6 +1,7 @@
 #pragma once
 
 #include "companion/map/map_loader.h"
+#include "core/radar/radar_view.h"
 #include "core/views/sky_entry.h"
 #include "desk/display_list_view.h"
 
@@ -10,13 +11,17 @@ namespace skyvane {
 class ScopeView : public DisplayListView {
     Q_OBJECT
 public:
-    explicit ScopeView(const FontMeasurer& fonts);
+    explicit ScopeView(const FontMeasurer& fonts, Pressed pressed = {});
 
-    void showSky(const SkyEntry& entry);
+    /// `state` as in `showCard`.
+    void showScope(const RadarView& scope, const QString& state = {});
     void setMapShown(bool isShown);
 
 protected:
     void paintUnder(QPainter& painter, const DisplayList& list) override;
+
+    /// Called when the map below is another one.
+    virtual void mapChanged() { update(); }
 
 private:
     MapLoader m_loader;

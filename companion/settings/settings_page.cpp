@@ -196,6 +196,11 @@ void SettingsPage::showDraft()
     m_previews->showDraft(draft);
 }
 
+void SettingsPage::showSky(const SkyEntry& own)
+{
+    m_previews->showSky(own);
+}
+
 /// A screen reader hears it too, though the focus is elsewhere.
 void SettingsPage::showState(const QString& state)
 {

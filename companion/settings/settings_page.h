@@ -3,6 +3,7 @@
 #include "companion/look/preferences.h"
 #include "companion/position/place_search.h"
 #include "companion/settings/settings.h"
+#include "core/views/sky_entry.h"
 #include "paint/font_measurer.h"
 
 #include <QDBusConnection>
@@ -38,6 +39,9 @@ public:
         QWidget* parent = nullptr);
     SettingsPage(const FontMeasurer& fonts, const QDBusConnection& systemBus, Preferences& preferences,
         const Surroundings& surroundings, QWidget* parent = nullptr);
+
+    /// The user's own sky, for the widgets beside the choices.
+    void showSky(const SkyEntry& own);
 
 signals:
     /// The configuration was written or removed here.

@@ -18,6 +18,7 @@ SwatchButton::SwatchButton(const QColor& color, const QString& name, QWidget* pa
     : QAbstractButton(parent), m_color(color)
 {
     setCheckable(true);
+    setAutoExclusive(true); // One of several, and a radio button to a screen reader.
     setAccessibleName(name);
     setToolTip(name);
     setFocusPolicy(Qt::StrongFocus);

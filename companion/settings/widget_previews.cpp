@@ -51,7 +51,33 @@ WidgetPreviews::WidgetPreviews(const FontMeasurer& fonts, QWidget* parent)
 
 void WidgetPreviews::showDraft(const SettingsDraft& draft)
 {
-    const SkyEntry entry = draft.asChosen(sampleEntry());
+    m_draft = draft;
+    showWidgets();
+}
+
+void WidgetPreviews::showSky(const SkyEntry& own)
+{
+    if (m_own == own)
+        return;
+    m_own = own;
+    showWidgets();
+}
+
+/// Without the aircraft that the chosen radius leaves out.
+SkyEntry WidgetPreviews::shownSky() const
+{
+    const auto& home = m_own ? m_own->home : std::nullopt;
+    if (!home || m_draft.place != Coordinate{.latitude = home->latitude, .longitude = home->longitude})
+        return m_draft.asChosen(sampleEntry());
+    SkyEntry entry = m_draft.asChosen(*m_own);
+    std::erase_if(entry.aircraft,
+        [&](const Aircraft& aircraft) { return aircraft.distanceNM.value_or(0) > entry.radiusNM; });
+    return entry.aircraft.empty() ? m_draft.asChosen(sampleEntry()) : entry;
+}
+
+void WidgetPreviews::showWidgets()
+{
+    const SkyEntry entry = shownSky();
     for (const auto& [widget, view] : m_previews) {
         WidgetContent content = widget.content(entry, widget.supportedFamilies.front());
         view->showCard(std::move(content.view), content.containerBackground);

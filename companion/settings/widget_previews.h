@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 class QLabel;
@@ -13,15 +14,19 @@ class QLabel;
 namespace skyvane {
 
 /// Every widget in the smallest family that it supports, as it comes out with what is chosen, drawn from the
-/// built-in sample; words below them say when their texts are hard to read.
+/// user's own sky, or else from the built-in sample; words below them say when their texts are hard to read.
 class WidgetPreviews : public QWidget {
     Q_OBJECT
 public:
     explicit WidgetPreviews(const FontMeasurer& fonts, QWidget* parent = nullptr);
 
     void showDraft(const SettingsDraft& draft);
+    /// The user's own sky, which counts while it is that of the chosen home and somebody flies in it.
+    void showSky(const SkyEntry& own);
 
 private:
+    void showWidgets();
+    SkyEntry shownSky() const;
     void showLegibility(bool isEasy);
 
     struct Preview {
@@ -29,6 +34,8 @@ private:
         DisplayListView* view;
     };
 
+    SettingsDraft m_draft;
+    std::optional<SkyEntry> m_own;
     std::vector<Preview> m_previews;
     QLabel* m_legibility;
 };

@@ -72,6 +72,11 @@ int paintBadge(QPainter& painter, const QRect& frame, const QString& badge, cons
 
 } // namespace
 
+int AircraftDelegate::width(int name, int badge)
+{
+    return glyphSize + margin + name + badge + 2 * margin;
+}
+
 void AircraftDelegate::paint(
     QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {

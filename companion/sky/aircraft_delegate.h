@@ -10,6 +10,9 @@ class AircraftDelegate : public CellDelegate {
 public:
     using CellDelegate::CellDelegate;
 
+    /// Of all that is painted for a name and a badge of these widths.
+    static int width(int name, int badge);
+
     void paint(
         QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };

@@ -2,6 +2,8 @@
 
 #include "desk/text.h"
 
+#include <QStringList>
+
 #include <optional>
 
 namespace skyvane::SkyCells {
@@ -104,11 +106,23 @@ QVariant sortKey(const Aircraft& aircraft, SkyColumn column)
     return {};
 }
 
+bool isSetApart(const Aircraft& aircraft)
+{
+    return aircraft.isEmergency() || aircraft.isMilitary();
+}
+
 QString badge(const Aircraft& aircraft)
 {
     if (aircraft.isEmergency())
         return localizedText("Emergency");
     return aircraft.isMilitary() ? localizedText("Military") : QString{};
+}
+
+QString spokenName(const Aircraft& aircraft)
+{
+    const QString name = toQString(aircraft.displayName());
+    const QString word = badge(aircraft);
+    return word.isEmpty() ? name : name + QStringLiteral(", ") + word;
 }
 
 QString summary(const Aircraft& aircraft)
@@ -118,6 +132,18 @@ QString summary(const Aircraft& aircraft)
     words.removeAll(QString{});
     words.removeDuplicates();
     return words.join(QStringLiteral(" · "));
+}
+
+QString spoken(const Aircraft& aircraft, const Units& units)
+{
+    const bool hasAltitude = aircraft.isOnGround() || aircraft.altitudeFeet();
+    QStringList words{text(aircraft, SkyColumn::name, {}), badge(aircraft),
+        text(aircraft, SkyColumn::model, {}), text(aircraft, SkyColumn::operatorName, {}),
+        text(aircraft, SkyColumn::distance, units),
+        hasAltitude ? text(aircraft, SkyColumn::altitude, units) : QString{}};
+    words.removeAll(QString{});
+    words.removeDuplicates();
+    return words.join(QStringLiteral(", "));
 }
 
 QString searched(const Aircraft& aircraft)

@@ -146,8 +146,10 @@ QVariant SkyModel::data(const QModelIndex& index, int role) const
     }
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::AccessibleTextRole:
         return SkyCells::text(aircraft, column, m_units);
+    case Qt::AccessibleTextRole:
+        return column == SkyColumn::name ? SkyCells::spokenName(aircraft)
+                                         : SkyCells::text(aircraft, column, m_units);
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
         return SkyCells::summary(aircraft);

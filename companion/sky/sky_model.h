@@ -32,6 +32,9 @@ public:
     /// The patterns of the watch list, by which aircraft have their stars.
     void setWatchList(const std::vector<std::string>& patterns);
 
+    /// One a row.
+    const std::vector<Aircraft>& aircraft() const { return m_aircraft; }
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;

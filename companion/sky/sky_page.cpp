@@ -5,10 +5,11 @@
 #include "companion/look/notice_bar.h"
 #include "companion/look/range_text.h"
 #include "companion/look/type_scale.h"
-#include "companion/map/scope_view.h"
 #include "companion/sky/empty_sky.h"
+#include "companion/sky/live_scope.h"
 #include "companion/sky/sky_table.h"
 #include "companion/sky/sky_words.h"
+#include "companion/sky/source_words.h"
 #include "desk/text.h"
 #include "platform/text/printable.h"
 
@@ -17,16 +18,21 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QStackedWidget>
+#include <QToolButton>
 
 #include <algorithm>
+#include <initializer_list>
+#include <utility>
 
 namespace skyvane {
 
 namespace {
 
 constexpr int margin = 20;
-constexpr int scopeSize = 300;
+constexpr int smallestScope = 300;
+constexpr int leastHeight = 160; ///< Of the scope.
 constexpr int widthForScope = 940;
+constexpr int widthOfList = 760; ///< What it keeps beside a scope that grows.
 
 } // namespace
 
@@ -42,31 +48,50 @@ SkyPage::SkyPage(
     , m_stack(new QStackedWidget)
     , m_table(new SkyTable)
     , m_empty(new EmptySky)
-    , m_scope(new ScopeView{fonts})
+    , m_scope(new LiveScope{fonts})
     , m_range(new QLabel)
     , m_map(new QCheckBox{localizedText("&Map below the scope")})
+    , m_credits(Credits::makeLabel(Credits::aircraft()))
+{
+    setUpFilter();
+    m_scope->setFixedWidth(smallestScope);
+    m_range->setAlignment(Qt::AlignCenter);
+    m_range->setWordWrap(true);
+    m_range->setFont(TypeScale::small(font()));
+    TypeScale::makeQuiet(*m_range);
+    layOut();
+    connectParts();
+    m_table->setWatchList(m_alerts.choices().watch);
+    showReport();
+}
+
+void SkyPage::setUpFilter()
 {
     m_filter->setPlaceholderText(localizedText("Filter by name, model, operator, squawk…"));
     m_filter->setAccessibleName(localizedText("Filter"));
     m_filter->setClearButtonEnabled(true);
-    m_filter->addAction(lineIcon(LineIcon::search), QLineEdit::LeadingPosition);
-    m_scope->setFixedSize(scopeSize, scopeSize);
-    m_scope->setAccessibleName(localizedText("Radar scope"));
-    m_range->setAlignment(Qt::AlignCenter);
-    m_range->setFont(TypeScale::small(font()));
-    TypeScale::makeQuiet(*m_range);
-    layOut(Credits::makeLabel(Credits::aircraft()));
+    for (auto* clear : m_filter->findChildren<QToolButton*>())
+        clear->setAccessibleName(localizedText("Clear the filter"));
+    m_filter->addAction(lineIcon(LineIcon::search), QLineEdit::LeadingPosition)
+        ->setText(localizedText("Filter"));
+}
 
+void SkyPage::connectParts()
+{
     connect(&m_feed, &SkyFeed::changed, this, &SkyPage::showReport);
     connect(&m_preferences, &Preferences::changed, this, &SkyPage::showReport);
     connect(m_map, &QCheckBox::toggled, &m_preferences, &Preferences::showMap);
     connect(m_filter, &QLineEdit::textChanged, m_table, &SkyTable::setWords);
     connect(m_filter, &QLineEdit::textChanged, this, &SkyPage::showListOrWords);
+    connect(m_filter, &QLineEdit::textChanged, this, &SkyPage::showScope);
     connect(m_table, &SkyTable::aircraftActivated, this, &SkyPage::aircraftActivated);
     connect(m_table, &SkyTable::starToggled, this, &SkyPage::toggleStar);
     connect(
         &m_alerts, &AlertStore::changed, this, [this] { m_table->setWatchList(m_alerts.choices().watch); });
-    m_table->setWatchList(m_alerts.choices().watch);
+    connect(m_table, &SkyTable::aircraftSelected, this,
+        [this](const QString& hex) { m_scope->select(hex.toStdString()); });
+    connect(m_scope, &LiveScope::aircraftActivated, this, &SkyPage::aircraftActivated);
+    connect(m_scope, &LiveScope::aircraftSelected, m_table, &SkyTable::select);
     connect(m_linkProblem, &NoticeBar::actionTriggered, this, [this] { showLinkProblem({}); });
     connect(m_feedProblem, &NoticeBar::actionTriggered, &m_feed, &SkyFeed::refresh);
     connect(m_empty, &EmptySky::actionTriggered, this, [this] {
@@ -77,10 +102,9 @@ SkyPage::SkyPage(
         else
             m_filter->clear();
     });
-    showReport();
 }
 
-void SkyPage::layOut(QWidget* footer)
+void SkyPage::layOut()
 {
     m_stack->addWidget(m_table);
     m_stack->addWidget(m_empty);
@@ -93,7 +117,7 @@ void SkyPage::layOut(QWidget* footer)
     body->addLayout(list, /*stretch=*/1);
     auto* scope = new QVBoxLayout;
     scope->setSpacing(margin / 2);
-    scope->addWidget(m_scope);
+    scope->addWidget(m_scope, /*stretch=*/1);
     scope->addWidget(m_range);
     scope->addWidget(m_map, 0, Qt::AlignHCenter);
     scope->addStretch();
@@ -104,7 +128,7 @@ void SkyPage::layOut(QWidget* footer)
     page->addWidget(m_linkProblem);
     page->addWidget(m_feedProblem);
     page->addLayout(body, /*stretch=*/1);
-    page->addWidget(footer);
+    page->addWidget(m_credits);
 }
 
 Heading SkyPage::heading() const
@@ -123,6 +147,17 @@ void SkyPage::focusFilter()
     m_filter->selectAll();
 }
 
+bool SkyPage::leaveFilter()
+{
+    if (!m_filter->hasFocus())
+        return false;
+    if (m_filter->text().isEmpty())
+        focusList();
+    else
+        m_filter->clear();
+    return true;
+}
+
 void SkyPage::focusList()
 {
     m_stack->currentWidget()->setFocus();
@@ -131,15 +166,48 @@ void SkyPage::focusList()
 void SkyPage::showReport()
 {
     const SkyReport& report = m_feed.report();
-    m_table->showEntry(report.entry, m_preferences.measures());
-    m_scope->showSky(report.entry);
     m_scope->setMapShown(m_preferences.isMapShown());
+    showAircraft();
     m_map->setChecked(m_preferences.isMapShown());
     m_range->setText(
         localizedText("The outer ring is at %1.", {rangeText(report.entry.radiusNM, report.entry.unit)}));
     m_feedProblem->show(SkyWords::notice(report));
+    m_credits->setText(Credits::text(Credits::aircraft(SourceWords::remarks(report))));
     showListOrWords();
     emit headingChanged();
+}
+
+/// Once for each answer: that it is asked again changes none of them.
+void SkyPage::showAircraft()
+{
+    const SkyReport& report = m_feed.report();
+    const SkyEntry& entry = report.entry;
+    Shown now{
+        .sky = {.date = entry.date,
+            .aircraft = {},
+            .radiusNM = entry.radiusNM,
+            .home = entry.home,
+            .isSample = entry.isSample,
+            .unit = entry.unit,
+            .accentHex = entry.accentHex},
+        .answers = report.answers,
+        .measures = m_preferences.measures(),
+    };
+    if (m_shown == now)
+        return;
+    m_shown = std::move(now);
+    m_table->showEntry(entry, m_preferences.measures());
+    m_trails.note(entry);
+    showScope();
+}
+
+/// The aircraft that are listed.
+void SkyPage::showScope()
+{
+    SkyEntry shown = m_feed.report().entry;
+    shown.aircraft = m_table->shownAircraft();
+    m_scope->showSky(std::move(shown), m_preferences.measures(), m_trails);
+    m_scope->select(m_table->selectedHex().toStdString());
 }
 
 void SkyPage::showListOrWords()
@@ -174,8 +242,22 @@ void SkyPage::toggleStar(const QString& hex)
 void SkyPage::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    fitScope();
     for (QWidget* widget : std::initializer_list<QWidget*>{m_scope, m_range, m_map})
         widget->setVisible(width() >= widthForScope);
+}
+
+/// A square as large as the list and what stands below leave room for. It gives way in its height where a
+/// notice needs it.
+void SkyPage::fitScope()
+{
+    const int below = m_range->heightForWidth(smallestScope) + m_map->sizeHint().height()
+        + m_credits->sizeHint().height() + 2 * margin;
+    const int room = std::min(width() - widthOfList - 3 * margin, height() - below);
+    const int side = std::max(smallestScope, room);
+    m_scope->setFixedWidth(side);
+    m_scope->setMinimumHeight(leastHeight);
+    m_scope->setMaximumHeight(side);
 }
 
 } // namespace skyvane

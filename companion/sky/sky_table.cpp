@@ -2,11 +2,15 @@
 
 #include "companion/sky/aircraft_delegate.h"
 #include "companion/sky/cell_delegate.h"
+#include "companion/sky/column_width.h"
 #include "companion/sky/flat_header.h"
 #include "companion/sky/sky_cells.h"
 #include "companion/sky/star_delegate.h"
 #include "desk/text.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 
 namespace skyvane {
@@ -40,6 +44,7 @@ SkyTable::SkyTable(QWidget* parent) : QTableView(parent)
     setUpColumns();
     setSortingEnabled(true);
     sortByColumn(column(SkyColumn::distance), Qt::AscendingOrder);
+    setUpActions();
     connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
         if (index.column() != column(SkyColumn::star))
             activate(index);
@@ -48,30 +53,59 @@ SkyTable::SkyTable(QWidget* parent) : QTableView(parent)
         if (index.column() == column(SkyColumn::star))
             toggleStar(index);
     });
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+        [this] { emit aircraftSelected(selectedHex()); });
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&m_filter, signal, this, &SkyTable::rowsChanged);
     connect(&m_filter, &QAbstractItemModel::modelReset, this, &SkyTable::rowsChanged);
 }
 
+/// In the menu of a row, and by keyboard.
+void SkyTable::setUpActions()
+{
+    auto* open = new QAction{localizedText("Open"), this};
+    connect(open, &QAction::triggered, this, [this] { activate(currentIndex()); });
+    auto* copy = new QAction{localizedText("Copy"), this};
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetShortcut);
+    connect(copy, &QAction::triggered, this, &SkyTable::copy);
+    addActions({open, copy});
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
 void SkyTable::setUpColumns()
 {
     const QFontMetrics metrics{font()};
-    const auto wide = [&](const char* widest) {
-        return metrics.horizontalAdvance(QString::fromUtf8(widest)) + 2 * CellDelegate::margin;
-    };
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(metrics.height() * 2);
     QHeaderView* header = horizontalHeader();
     header->setMinimumSectionSize(metrics.averageCharWidth() * 6);
     header->setFixedHeight(metrics.height() * 2);
     header->setSectionResizeMode(QHeaderView::Fixed);
+    for (int index = 0; index < m_filter.columnCount(); ++index)
+        setColumnWidth(index, usualWidth(static_cast<SkyColumn>(index), font()));
+    fitColumns();
+}
+
+/// Narrow, the list does without the operators, then without the climb, at last without the models. What is
+/// left over goes to the longer texts.
+void SkyTable::fitColumns()
+{
+    const auto widthOf = [&](SkyColumn name) { return usualWidth(name, font()); };
+    QHeaderView* header = horizontalHeader();
+    int room = viewport()->width();
+    for (const SkyColumn always :
+        {SkyColumn::name, SkyColumn::distance, SkyColumn::altitude, SkyColumn::star})
+        room -= widthOf(always);
+    for (const SkyColumn dispensable : {SkyColumn::model, SkyColumn::climb, SkyColumn::operatorName}) {
+        room -= widthOf(dispensable);
+        setColumnHidden(column(dispensable), room < 0);
+    }
+    const bool hasModels = !isColumnHidden(column(SkyColumn::model));
+    header->setSectionResizeMode(
+        column(SkyColumn::name), hasModels ? QHeaderView::Fixed : QHeaderView::Stretch);
     for (const SkyColumn flexible : {SkyColumn::model, SkyColumn::operatorName})
         header->setSectionResizeMode(column(flexible), QHeaderView::Stretch);
-    setColumnWidth(column(SkyColumn::name), wide("WWWWWWWW Emergency"));
-    setColumnWidth(column(SkyColumn::distance), wide("▾  Distance"));
-    setColumnWidth(column(SkyColumn::altitude), wide("▾ 00,000 ft"));
-    setColumnWidth(column(SkyColumn::climb), wide("↑ 00,000 ft/min"));
-    setColumnWidth(column(SkyColumn::star), StarDelegate::size + 2 * CellDelegate::margin);
 }
 
 void SkyTable::showEntry(const SkyEntry& entry, Measures measures)
@@ -82,6 +116,48 @@ void SkyTable::showEntry(const SkyEntry& entry, Measures measures)
 void SkyTable::setWords(const QString& words)
 {
     m_filter.setWords(words);
+}
+
+std::vector<Aircraft> SkyTable::shownAircraft() const
+{
+    const std::vector<Aircraft>& all = m_model.aircraft();
+    std::vector<Aircraft> shown;
+    for (std::size_t row = 0; row < all.size(); ++row) {
+        if (m_filter.mapFromSource(m_model.index(static_cast<int>(row), 0)).isValid())
+            shown.push_back(all[row]);
+    }
+    return shown;
+}
+
+void SkyTable::select(const QString& hex)
+{
+    const QModelIndexList found = hex.isEmpty()
+        ? QModelIndexList{}
+        : m_filter.match(m_filter.index(0, 0), SkyModel::HexRole, hex, 1, Qt::MatchExactly);
+    if (found.isEmpty()) {
+        clearSelection();
+        return;
+    }
+    selectRow(found.front().row());
+    scrollTo(found.front());
+}
+
+QString SkyTable::selectedHex() const
+{
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? QString{} : rows.front().data(SkyModel::HexRole).toString();
+}
+
+/// The selected row's texts, with tabs between them as programs for tables take them.
+void SkyTable::copy() const
+{
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    if (rows.isEmpty())
+        return;
+    QStringList texts;
+    for (int index = 0; index < column(SkyColumn::star); ++index)
+        texts += rows.front().siblingAtColumn(index).data().toString();
+    QGuiApplication::clipboard()->setText(texts.join(QLatin1Char{'\t'}));
 }
 
 void SkyTable::activate(const QModelIndex& index)
@@ -106,11 +182,9 @@ void SkyTable::keyPressEvent(QKeyEvent* event)
         QTableView::keyPressEvent(event);
 }
 
-/// Narrow, the list does without the operators.
 void SkyTable::resizeEvent(QResizeEvent* event)
 {
-    constexpr int widthForOperators = 720;
-    setColumnHidden(column(SkyColumn::operatorName), width() < widthForOperators);
+    fitColumns();
     QTableView::resizeEvent(event);
 }
 

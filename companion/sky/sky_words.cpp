@@ -1,9 +1,12 @@
 #include "companion/sky/sky_words.h"
 
 #include "companion/look/range_text.h"
+#include "companion/sky/source_words.h"
 #include "core/feed/search_radius.h"
 #include "desk/text.h"
 #include "platform/text/locale.h"
+
+#include <QStringList>
 
 namespace skyvane::SkyWords {
 
@@ -25,7 +28,7 @@ std::string count(const SkyEntry& entry)
 
 std::string asOf(Date date)
 {
-    return localized("as of %1", {shortTime(date)});
+    return localized("as of %1", {timeWithSeconds(date)});
 }
 
 Heading heading(const SkyReport& report)
@@ -33,9 +36,25 @@ Heading heading(const SkyReport& report)
     const auto& home = report.entry.home;
     const QString title = home && !home->label.empty() ? localizedText("The sky over %1", {home->label})
                                                        : localizedText("The sky");
-    if (!report.hasAnswer)
-        return {.title = title, .details = report.isAsking ? localizedText("Asking…") : QString{}};
-    return {.title = title, .details = toQString(count(report.entry) + " · " + asOf(report.entry.date))};
+    QStringList details;
+    const bool isInVain = !report.problem.empty() && report.entry.aircraft.empty();
+    if (report.hasAnswer && !isInVain)
+        details += toQString(count(report.entry) + " · " + asOf(report.entry.date));
+    else if (isInVain && report.triedAt)
+        details += localizedText("Asked in vain at %1", {timeWithSeconds(*report.triedAt)});
+    if (report.isAsking)
+        details += localizedText("Asking…");
+    return {.title = title, .details = details.join(QStringLiteral(" · "))};
+}
+
+EmptySky::Words noAnswer(const SkyReport& report)
+{
+    return {
+        .title = SourceWords::isOffLine(report) ? localizedText("Off line") : localizedText("No answer"),
+        .explanation = SourceWords::reasons(report),
+        .action = localizedText("Ask again"),
+        .details = toQString(report.details),
+    };
 }
 
 std::optional<EmptySky::Words> instead(const SkyReport& report)
@@ -48,20 +67,14 @@ std::optional<EmptySky::Words> instead(const SkyReport& report)
         };
     if (!report.entry.aircraft.empty())
         return std::nullopt;
-    const QString askAgain = localizedText("Ask again");
     if (!report.problem.empty())
-        return EmptySky::Words{
-            .title = localizedText("No answer"),
-            .explanation = toQString(report.problem),
-            .action = askAgain,
-            .details = toQString(report.details),
-        };
+        return noAnswer(report);
     if (report.hasAnswer)
         return EmptySky::Words{
             .title = localizedText("Quiet skies"),
             .explanation
             = localizedText("No aircraft within %1, %2.", {range(report.entry), asOf(report.entry.date)}),
-            .action = askAgain,
+            .action = localizedText("Ask again"),
         };
     if (report.isAsking)
         return EmptySky::Words{.title = localizedText("Looking at the sky…")};
@@ -76,9 +89,11 @@ NoticeBar::Words notice(const SkyReport& report)
 {
     if (report.problem.empty() || report.entry.aircraft.empty())
         return {};
+    const std::string tried = report.triedAt ? timeWithSeconds(*report.triedAt) : std::string{};
     return {
-        .text = localizedText(
-            "What is shown here is %1. The last try failed: %2", {asOf(report.entry.date), report.problem}),
+        .text = localizedText("What is shown here is %1. The last try, at %2, failed.",
+                    {asOf(report.entry.date), tried})
+            + QLatin1Char{'\n'} + SourceWords::reasons(report),
         .details = toQString(report.details),
     };
 }

@@ -11,10 +11,13 @@
 /// What the sky page says in words.
 namespace skyvane::SkyWords {
 
-/// "as of 10:42", in the user's language.
+/// "as of 10:42:07", in the user's language: with seconds, so that every refresh leaves a trace.
 std::string asOf(Date date);
 
 Heading heading(const SkyReport& report);
+
+/// What is said where nobody answered.
+EmptySky::Words noAnswer(const SkyReport& report);
 
 /// What is said in place of the list; absent when there are aircraft to list.
 std::optional<EmptySky::Words> instead(const SkyReport& report);

@@ -1,12 +1,12 @@
 #include "companion/window/header_bar.h"
 
+#include "companion/look/elided_label.h"
 #include "companion/look/line_icon.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
 
 #include <QAction>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QMenu>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
@@ -68,12 +68,10 @@ QToolButton* menuButton(const std::vector<QAction*>& actions)
 } // namespace
 
 HeaderBar::HeaderBar(const Actions& actions, QWidget* parent)
-    : QWidget(parent), m_title(new QLabel), m_details(new QLabel)
+    : QWidget(parent), m_title(new ElidedLabel), m_details(new ElidedLabel)
 {
     m_title->setFont(TypeScale::title(font()));
     TypeScale::makeQuiet(*m_details);
-    for (QLabel* label : {m_title, m_details})
-        label->setTextFormat(Qt::PlainText);
     auto* words = new QVBoxLayout;
     words->setSpacing(0);
     words->addWidget(m_title);
@@ -89,8 +87,8 @@ HeaderBar::HeaderBar(const Actions& actions, QWidget* parent)
 
 void HeaderBar::showHeading(const Heading& heading)
 {
-    m_title->setText(heading.title);
-    m_details->setText(heading.details);
+    m_title->showText(heading.title);
+    m_details->showText(heading.details);
     m_details->setVisible(!heading.details.isEmpty());
 }
 

@@ -7,9 +7,10 @@
 #include <vector>
 
 class QAction;
-class QLabel;
 
 namespace skyvane {
+
+class ElidedLabel;
 
 /// The top of the window: the way back, the page's heading, refresh and the menu.
 class HeaderBar : public QWidget {
@@ -26,8 +27,8 @@ public:
     void showHeading(const Heading& heading);
 
 private:
-    QLabel* m_title;
-    QLabel* m_details;
+    ElidedLabel* m_title;
+    ElidedLabel* m_details;
 };
 
 } // namespace skyvane

@@ -2,18 +2,19 @@
 
 #include "companion/aircraft/aircraft_page.h"
 #include "companion/alerts/alerts_page.h"
-#include "companion/host_switch/host_switch.h"
 #include "companion/look/line_icon.h"
 #include "companion/settings/settings_page.h"
 #include "companion/sky/sky_page.h"
 #include "companion/window/about_dialog.h"
 #include "companion/window/header_bar.h"
+#include "companion/window/settings_pane.h"
+#include "companion/window/shortcuts_dialog.h"
 #include "companion/window/window_place.h"
 #include "desk/text.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QFrame>
+#include <QLineEdit>
 #include <QScreen>
 #include <QSettings>
 #include <QStackedWidget>
@@ -33,15 +34,6 @@ QString geometryKey()
     return QStringLiteral("window/geometry");
 }
 
-QFrame* line()
-{
-    auto* line = new QFrame;
-    line->setFrameShape(QFrame::HLine);
-    line->setFrameShadow(QFrame::Plain);
-    line->setForegroundRole(QPalette::Mid);
-    return line;
-}
-
 } // namespace
 
 MainWindow::MainWindow(const WindowParts& parts)
@@ -49,19 +41,23 @@ MainWindow::MainWindow(const WindowParts& parts)
     , m_preferences(m_parts.memory)
     , m_sky(new SkyPage{m_parts.feed, m_parts.alerts, m_preferences, m_parts.fonts})
     , m_aircraft(new AircraftPage{
-          {m_parts.feed, m_parts.lookups, m_parts.alerts, m_preferences, m_parts.open}, m_parts.fonts})
+          {m_parts.feed, m_parts.lookups, m_parts.alerts, m_preferences, m_sky->trails(), m_parts.open},
+          m_parts.fonts})
     , m_stack(new QStackedWidget)
 {
     makeActions();
-    m_header = new HeaderBar{
-        {.back = m_back, .refresh = m_refresh, .menu = {m_alertsAction, m_settingsAction, m_about, m_quit}}};
+    m_header = new HeaderBar{{.back = m_back,
+        .refresh = m_refresh,
+        .menu = {m_alertsAction, m_settingsAction, m_shortcuts, m_about, m_quit}}};
     m_stack->addWidget(m_sky);
     m_stack->addWidget(m_aircraft);
-    auto* column = new QVBoxLayout{this};
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout{content};
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_header);
     column->addWidget(m_stack, /*stretch=*/1);
+    setCentralWidget(content);
 
     connect(m_sky, &SkyPage::headingChanged, this, &MainWindow::showHeading);
     connect(m_aircraft, &AircraftPage::headingChanged, this, &MainWindow::showHeading);
@@ -100,8 +96,7 @@ QAction* MainWindow::addShortcut(
 
 void MainWindow::makeActions()
 {
-    m_back
-        = addShortcut(localizedText("Back"), {Qt::ALT | Qt::Key_Left, Qt::Key_Escape}, [this] { goBack(); });
+    m_back = addShortcut(localizedText("Back"), {Qt::ALT | Qt::Key_Left}, [this] { goBack(); });
     m_back->setIcon(lineIcon(LineIcon::back));
     m_refresh = addShortcut(
         localizedText("Refresh"), {Qt::Key_F5, Qt::CTRL | Qt::Key_R}, [this] { m_parts.feed.refresh(); });
@@ -110,12 +105,15 @@ void MainWindow::makeActions()
         = addShortcut(localizedText("Settings…"), {Qt::CTRL | Qt::Key_Comma}, [this] { showSettings(); });
     m_alertsAction
         = addShortcut(localizedText("Tell Me When…"), {Qt::CTRL | Qt::Key_T}, [this] { showAlerts(); });
+    m_shortcuts = addShortcut(localizedText("Keyboard Shortcuts"), {Qt::Key_F1, Qt::CTRL | Qt::Key_Question},
+        [this] { showShortcuts(); });
     m_about = addShortcut(localizedText("About Skyvane"), {}, [this] { showAbout(); });
     m_quit = addShortcut(localizedText("Quit"), {Qt::CTRL | Qt::Key_Q}, [] { QApplication::quit(); });
     addShortcut(localizedText("Filter"), {Qt::CTRL | Qt::Key_F}, [this] {
         showSky();
         m_sky->focusFilter();
     });
+    addShortcut(localizedText("Leave a field, or go back"), {Qt::Key_Escape}, [this] { escape(); });
 }
 
 void MainWindow::showSky()
@@ -168,17 +166,11 @@ void MainWindow::turnAside(QWidget* page)
 QWidget* MainWindow::makeSettings()
 {
     auto* page = new SettingsPage{m_parts.fonts, m_parts.systemBus, m_preferences};
+    const auto showSky = [this, page] { page->showSky(m_parts.feed.report().entry); };
     connect(page, &SettingsPage::changed, &m_parts.feed, &SkyFeed::reload);
-    auto* hostSwitch = new HostSwitch{m_parts.host, m_parts.autostart};
-    hostSwitch->setContentsMargins(20, 8, 20, 12);
-    auto* settings = new QWidget;
-    auto* column = new QVBoxLayout{settings};
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(hostSwitch);
-    column->addWidget(line());
-    column->addWidget(page, /*stretch=*/1);
-    return settings;
+    connect(&m_parts.feed, &SkyFeed::changed, page, showSky);
+    showSky();
+    return new SettingsPane{m_parts.host, m_parts.autostart, page};
 }
 
 void MainWindow::follow(const IncomingLink::Target& target)
@@ -213,6 +205,23 @@ void MainWindow::goBack()
         showSky();
 }
 
+void MainWindow::escape()
+{
+    if (!leaveField() && m_back->isEnabled())
+        goBack();
+}
+
+/// Whether the keyboard was in a field, which it has left.
+bool MainWindow::leaveField()
+{
+    if (m_sky->leaveFilter())
+        return true;
+    if (qobject_cast<QLineEdit*>(focusWidget()) == nullptr)
+        return false;
+    m_stack->currentWidget()->setFocus();
+    return true;
+}
+
 void MainWindow::showHeading()
 {
     Heading heading{.title = localizedText("Settings")};
@@ -239,15 +248,22 @@ void MainWindow::showAbout()
     about->open();
 }
 
+void MainWindow::showShortcuts()
+{
+    auto* list = new ShortcutsDialog{actions(), this};
+    list->setAttribute(Qt::WA_DeleteOnClose);
+    list->open();
+}
+
 void MainWindow::showEvent(QShowEvent* event)
 {
-    QWidget::showEvent(event);
+    QMainWindow::showEvent(event);
     watchFeed();
 }
 
 void MainWindow::hideEvent(QHideEvent* event)
 {
-    QWidget::hideEvent(event);
+    QMainWindow::hideEvent(event);
     watchFeed();
 }
 
@@ -255,12 +271,12 @@ void MainWindow::closeEvent(QCloseEvent* event)
 {
     QSettings memory{toQString(m_parts.memory.string()), QSettings::IniFormat};
     memory.setValue(geometryKey(), saveGeometry());
-    QWidget::closeEvent(event);
+    QMainWindow::closeEvent(event);
 }
 
 void MainWindow::changeEvent(QEvent* event)
 {
-    QWidget::changeEvent(event);
+    QMainWindow::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange)
         watchFeed();
 }

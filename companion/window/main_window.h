@@ -9,8 +9,8 @@
 #include "paint/font_measurer.h"
 
 #include <QDBusConnection>
+#include <QMainWindow>
 #include <QUrl>
-#include <QWidget>
 
 #include <filesystem>
 #include <functional>
@@ -42,7 +42,7 @@ struct WindowParts {
 };
 
 /// The companion's one window: the sky, one aircraft, or the settings.
-class MainWindow : public QWidget {
+class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
     explicit MainWindow(const WindowParts& parts);
@@ -72,9 +72,12 @@ private:
     bool isAside() const;
     void turnTo(QWidget* page);
     void goBack();
+    void escape();
+    bool leaveField();
     void showHeading();
     void watchFeed();
     void showAbout();
+    void showShortcuts();
 
     WindowParts m_parts;
     Preferences m_preferences;
@@ -90,6 +93,7 @@ private:
     QAction* m_settingsAction = nullptr;
     QAction* m_alertsAction = nullptr;
     QAction* m_about = nullptr;
+    QAction* m_shortcuts = nullptr;
     QAction* m_quit = nullptr;
     HeaderBar* m_header = nullptr;
 };

@@ -1,117 +1,21 @@
-#include "tests/companion/companion_stage.h"
 #include "tests/companion/own_machine.h"
-#include "tests/session/x_session.h"
-#include "tests/support/service_hosts.h"
+#include "tests/companion/program_fixture.h"
 #include "tests/support/surroundings.h"
 
 #include <QCoreApplication>
-#include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDBusMessage>
 
 #include <gmock/gmock.h>
 
 #include <csignal>
-#include <fstream>
 
 namespace skyvane {
 
 namespace {
 
+using test::companionName;
+using test::CompanionProgram;
 using testing::HasSubstr;
-
-const char* const companionName = "org.skyvane.Companion";
-
-/// The built program in an X session, with the sources on this machine.
-class CompanionProgram : public testing::Test {
-protected:
-    CompanionProgram()
-    {
-        test::CompanionStage::setHome();
-        server.answer(test::feedPath, {.body = test::threeAircraft});
-    }
-    ~CompanionProgram() override
-    {
-        end(first);
-        QDBusConnection::disconnectFromBus("program");
-        std::filesystem::remove_all(home());
-        std::filesystem::create_directory(home());
-    }
-
-    static std::filesystem::path home() { return test::OwnMachine::instance().home(); }
-
-    /// The companion, with these words on its command line.
-    void start(QProcess& companion, const QStringList& words = {}, const QString& token = {}) const
-    {
-        QProcessEnvironment environment = session.environment();
-        if (!token.isEmpty())
-            environment.insert("DESKTOP_STARTUP_ID", token);
-        companion.setProcessEnvironment(environment);
-        companion.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        companion.start(SKYVANE_COMPANION, words);
-        companion.waitForStarted();
-    }
-
-    static void end(QProcess& companion)
-    {
-        companion.terminate();
-        if (!companion.waitForFinished(10'000))
-            companion.kill();
-        companion.waitForFinished();
-    }
-
-    /// What a start prints that ends by itself.
-    QByteArray ended(QProcess& companion, const QStringList& words = {}, const QString& token = {}) const
-    {
-        start(companion, words, token);
-        EXPECT_TRUE(test::waitFor([&] { return companion.state() == QProcess::NotRunning; }));
-        return companion.readAllStandardOutput();
-    }
-
-    /// Whether the first one's only window comes to be called so.
-    bool isCalled(const std::string& title) const
-    {
-        return test::waitFor([&] { return this->title() == title + " – Skyvane\n"; });
-    }
-
-    std::string window() const
-    {
-        const auto windows = session.windowsOf(first.processId());
-        return windows.size() == 1 ? windows.front() : "";
-    }
-    std::string title() const
-    {
-        return session.run("xdotool", {"getwindowname", QString::fromStdString(window())});
-    }
-    void press(const QString& key) const
-    {
-        session.run("xdotool", {"windowfocus", "--sync", QString::fromStdString(window()), "key", key});
-    }
-
-    QDBusMessage call(const QString& method, const QVariantList& arguments) const
-    {
-        auto message = QDBusMessage::createMethodCall(
-            companionName, "/org/skyvane/Companion", "org.freedesktop.Application", method);
-        message.setArguments(arguments);
-        return bus.call(message, QDBus::Block, 20'000);
-    }
-
-    bool isAsked(const std::string& prefix)
-    {
-        return test::waitFor([&] {
-            return std::ranges::any_of(server.requests(),
-                [&](const test::RecordedRequest& request) { return request.target.starts_with(prefix); });
-        });
-    }
-
-    Pinned<HomeFolder> homeFolder{{.path = home()}};
-    test::CertificateAuthority authority{test::OwnMachine::instance().authorityFile()};
-    test::HttpsServer server{authority, test::serviceHosts(), 443};
-    test::XSession session;
-    QDBusConnection bus
-        = QDBusConnection::connectToBus(session.environment().value("DBUS_SESSION_BUS_ADDRESS"), "program");
-    QProcess first;
-};
 
 } // namespace
 

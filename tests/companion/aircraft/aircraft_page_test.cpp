@@ -2,6 +2,7 @@
 #include "companion/aircraft/photo_card.h"
 #include "companion/aircraft/photo_panel.h"
 #include "companion/aircraft/route_panel.h"
+#include "companion/aircraft/sky_dome.h"
 #include "companion/alerts/star_button.h"
 #include "companion/app/appearance.h"
 #include "companion/look/contrast.h"
@@ -84,8 +85,9 @@ protected:
     std::vector<QUrl> opened;
     AlertStore alerts{stage.scratch.path() / "alerts.json"};
     Preferences preferences{stage.scratch.path() / "companion.ini"};
+    Trails trails;
     AircraftPage page{
-        {feed, lookups, alerts, preferences, [this](const QUrl& url) { opened.push_back(url); }},
+        {feed, lookups, alerts, preferences, trails, [this](const QUrl& url) { opened.push_back(url); }},
         stage.fonts};
 };
 
@@ -98,8 +100,9 @@ TEST_F(AircraftPageTest, oneAircraftIsShownWithAllThatIsKnown)
     ASSERT_TRUE(test::waitFor([&] { return routePanel().isVisible(); }));
     ASSERT_TRUE(waitForPhoto());
     for (const char* text : {"UAL123", "Airbus A320 · N123UA · United Airlines", "35,000 ft", "452 kt",
-             "↑ 1,216 ft/min", "9.6 km", "1200", "A320", "A1B2C3", "SFO → JFK", "San Francisco → New York",
-             "Look north-east, about 48° above the horizon.", "Photo: © Jane <b>Example · planespotters.net"})
+             "↑ 1,216 ft/min", "9.6 km", "1200 · visual flight", "1 s old", "A320", "A1B2C3", "SFO → JFK",
+             "San Francisco → New York", "Look north-east, about 48° above the horizon.",
+             "Photo: © Jane <b>Example · planespotters.net"})
         EXPECT_THAT(texts(), Contains(text));
     EXPECT_EQ(page.heading().window, "UAL123");
     EXPECT_THAT(page.heading().details.toStdString(), HasSubstr("as of "));
@@ -293,6 +296,60 @@ TEST_F(AircraftPageTest, anAircraftThatHasLeftIsSaidToHaveLeft)
     EXPECT_THAT(texts(), Not(Contains(HasSubstr("above the horizon"))));
 }
 
+TEST_F(AircraftPageTest, theEmergencyOfOneThatHasLeftIsPast)
+{
+    page.showAircraft("~4ca7b4");
+    ASSERT_TRUE(isInDetail());
+    EXPECT_THAT(texts(), Contains("It reports an emergency (7700)."));
+    stage.server.answer(test::feedPath, {.body = R"({"ac":[{"hex":"b","lat":1,"lon":2}]})"});
+    feed.refresh();
+    EXPECT_TRUE(test::waitFor([&] {
+        const auto now = texts();
+        return std::ranges::find(now, "It reported an emergency (7700).") != now.end();
+    }));
+}
+
+TEST_F(AircraftPageTest, whenAndHowHighItPassesIsSaidAndDrawn)
+{
+    stage.server.answer(test::feedPath,
+        {.body = R"({"ac":[{"hex":"a1b2c3","lat":51.35,"lon":-0.02,"alt_baro":35000,"gs":480,"track":0,
+            "seen_pos":0,"dst":9.7,"dir":157}]})"});
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(isInDetail());
+    EXPECT_THAT(texts(), Contains("It passes 57° high in the east in 1 min."));
+    EXPECT_THAT(page.findChild<SkyDome*>()->accessibleDescription().toStdString(),
+        HasSubstr("It passes 57° high in the east in 1 min."));
+}
+
+TEST_F(AircraftPageTest, theFlightsAirlineNamesAnOperatorThatIsNotKnownOtherwise)
+{
+    stage.server.answer(test::feedPath,
+        {.body = R"({"ac":[{"hex":"4ca123","flight":"RYR7AB","t":"B738","lat":51.6,"lon":-0.2}]})"});
+    stage.server.answer("/v0/callsign/RYR7AB",
+        {.body = R"({"response":{"flightroute":{"airline":{"name":"Ryanair","icao":"RYR"}}}})"});
+    page.showAircraft("4ca123");
+    ASSERT_TRUE(isInDetail());
+    EXPECT_TRUE(test::waitFor([&] {
+        const auto now = texts();
+        return std::ranges::find(now, "Boeing 737-800 · Ryanair") != now.end();
+    }));
+    EXPECT_FALSE(routePanel().isVisible());
+    page.showAircraft("a1b2c3");
+    EXPECT_THAT(texts(), Not(Contains(HasSubstr("Ryanair"))));
+}
+
+TEST_F(AircraftPageTest, aRouteThatEndsWhereItBeganIsNone)
+{
+    stage.server.answer(routePath, {.body = R"({"response":{"flightroute":{"airline":{"name":"Nobody's"},
+            "origin":{"iata_code":"SFO"},"destination":{"iata_code":"SFO"}}}})"});
+    page.showAircraft("a1b2c3");
+    ASSERT_TRUE(isInDetail());
+    EXPECT_TRUE(test::waitFor([&] { return stage.asked(routePath) == 1; }));
+    ASSERT_TRUE(waitForPhoto());
+    EXPECT_FALSE(routePanel().isVisible());
+    EXPECT_THAT(texts(), Contains("Airbus A320 · N123UA · United Airlines")) << "the table's name";
+}
+
 TEST_F(AircraftPageTest, anAircraftThatIsElsewhereIsSaidToBe)
 {
     page.showAircraft("ffffff");
@@ -305,7 +362,8 @@ TEST_F(AircraftPageTest, theFeedsErrorIsSaid)
     stage.server.answer(test::secondFeedPath, {.status = 500});
     page.showAircraft("a1b2c3");
     EXPECT_TRUE(says("No answer"));
-    EXPECT_EQ(page.findChild<EmptySky*>()->explanation(), "opendata.adsb.fi returned an error");
+    EXPECT_EQ(page.findChild<EmptySky*>()->explanation(),
+        "adsb.lol is out of order (500).\nadsb.fi is out of order (500).");
 }
 
 TEST_F(AircraftPageTest, withoutAHomeItIsSaidWhatIsMissing)

@@ -13,7 +13,7 @@ Aircraft aircraft(double distanceNM, double directionDeg, std::optional<Altitude
 
 std::string words(const Aircraft& aircraft)
 {
-    return lookText(whereToLook(aircraft, std::nullopt).value());
+    return lookText(aircraft, whereToLook(aircraft, std::nullopt).value());
 }
 
 } // namespace
@@ -63,7 +63,7 @@ TEST(WhereToLook, onTheGroundThereIsNoElevation)
 {
     Aircraft parked = aircraft(3, 90, Altitude::ground());
     parked.altGeom = 200;
-    EXPECT_EQ(words(parked), "Look east.");
+    EXPECT_EQ(words(parked), "It is on the ground, in the east.");
 }
 
 TEST(WhereToLook, whatTheFeedLacksIsComputedFromBothPositions)

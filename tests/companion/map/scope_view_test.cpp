@@ -24,6 +24,7 @@ class ScopeViewTest : public testing::Test {
 protected:
     ScopeViewTest() { scope.resize(300, 300); }
 
+    void show(const SkyEntry& sky) { scope.showScope({.entry = sky}); }
     QImage shown() { return scope.grab().toImage(); }
 
     FontMeasurer fonts;
@@ -34,7 +35,7 @@ protected:
 
 TEST_F(ScopeViewTest, theMapLiesUnderTheScopeWhereItIsWanted)
 {
-    scope.showSky(skyOver(51.12, 1.33, 25));
+    show(skyOver(51.12, 1.33, 25));
     const QImage without = shown();
     scope.setMapShown(true);
     ASSERT_TRUE(test::waitFor([&] { return shown() != without; }, std::chrono::seconds{20}));
@@ -45,11 +46,11 @@ TEST_F(ScopeViewTest, theMapLiesUnderTheScopeWhereItIsWanted)
 TEST_F(ScopeViewTest, anyRadiusHasItsMap)
 {
     scope.setMapShown(true);
-    scope.showSky(skyOver(51.12, 1.33, 25));
+    show(skyOver(51.12, 1.33, 25));
     scope.show();
     for (const double radiusNM : {1.0, 5.0, 100.0, 250.0, 1000.0}) {
         scope.setMapShown(false);
-        scope.showSky(skyOver(51.12, 1.33, radiusNM));
+        show(skyOver(51.12, 1.33, radiusNM));
         const QImage without = shown();
         scope.setMapShown(true);
         EXPECT_TRUE(test::waitFor([&] { return shown() != without; }, std::chrono::seconds{20})) << radiusNM;
@@ -60,7 +61,7 @@ TEST_F(ScopeViewTest, withoutAHomeOrARadiusThereIsNone)
 {
     scope.setMapShown(true);
     for (const double radiusNM : {0.0, -1.0}) {
-        scope.showSky(skyOver(51.12, 1.33, radiusNM));
+        show(skyOver(51.12, 1.33, radiusNM));
         const QImage with = shown();
         scope.setMapShown(false);
         EXPECT_EQ(shown(), with);
@@ -68,7 +69,7 @@ TEST_F(ScopeViewTest, withoutAHomeOrARadiusThereIsNone)
     }
     SkyEntry nowhere = skyOver(0, 0, 25);
     nowhere.home.reset();
-    scope.showSky(nowhere);
+    show(nowhere);
     EXPECT_FALSE(shown().isNull());
 }
 

@@ -105,6 +105,15 @@ TEST_F(SettingsPageTest, theWidgetsShowUnitAndColourAtOnce)
     EXPECT_TRUE(isWritten(expected));
 }
 
+TEST_F(SettingsPageTest, aScreenReaderFindsColoursAndUnitsToChooseOneOf)
+{
+    SharedState::write(london());
+    open();
+    for (const char* name : {"Peach", "Kilometres"})
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(&button(name))->role(), QAccessible::RadioButton)
+            << name;
+}
+
 TEST_F(SettingsPageTest, anyColourCanBeChosenAndACancelledChoiceIsNone)
 {
     SharedState::write(london());

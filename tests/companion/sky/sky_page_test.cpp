@@ -1,14 +1,16 @@
 #include "companion/look/details.h"
 #include "companion/look/notice_bar.h"
 #include "companion/sky/empty_sky.h"
+#include "companion/sky/live_scope.h"
 #include "companion/sky/sky_cells.h"
 #include "companion/sky/sky_page.h"
 #include "companion/sky/sky_table.h"
-#include "desk/display_list_view.h"
 #include "platform/pinned.h"
 #include "tests/companion/companion_stage.h"
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -48,7 +50,13 @@ protected:
 
     bool isListShown() const { return page.findChild<QStackedWidget*>()->currentWidget() == &table(); }
     SkyTable& table() const { return *page.findChild<SkyTable*>(); }
+    LiveScope& scope() const { return *page.findChild<LiveScope*>(); }
     EmptySky& empty() const { return *page.findChild<EmptySky*>(); }
+    bool isOnScope(const std::string& hex) const { return scope().placeOf(hex).has_value(); }
+    void clickOnScope(const std::string& hex) const
+    {
+        QTest::mouseClick(&scope(), Qt::LeftButton, {}, scope().placeOf(hex).value().toPoint());
+    }
     std::string details() const { return page.heading().details.toStdString(); }
 
     /// What the visible bars say.
@@ -77,7 +85,7 @@ TEST_F(SkyPageTest, theAircraftComeNearestFirstWithTheirTime)
     ASSERT_TRUE(listHas(3));
     EXPECT_EQ(table().model()->index(0, 0).data().toString(), "UAL123");
     EXPECT_EQ(page.heading().title, "The sky over Home");
-    EXPECT_EQ(details(), "3 aircraft within 46 km · as of 10:42");
+    EXPECT_EQ(details(), "3 aircraft within 46 km · as of 10:42:00");
 }
 
 TEST_F(SkyPageTest, enterOpensTheAircraftOfTheRow)
@@ -139,6 +147,116 @@ TEST_F(SkyPageTest, theFilterNarrowsTheListAndSaysWhenNothingMatches)
     EXPECT_TRUE(listHas(3));
 }
 
+TEST_F(SkyPageTest, aClickOnTheScopeSelectsInTheListAndBesideAllAircraftNothing)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    clickOnScope("ae0001");
+    EXPECT_EQ(table().selectedHex(), "ae0001");
+    EXPECT_EQ(table().currentIndex().row(), 1);
+    QTest::mouseClick(&scope(), Qt::LeftButton, {}, {5, 5});
+    EXPECT_EQ(table().selectedHex(), "");
+}
+
+TEST_F(SkyPageTest, whatIsSelectedInTheListIsMarkedOnTheScope)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    const QImage before = scope().grab().toImage();
+    const QRect row = table().visualRect(table().model()->index(1, 1));
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, row.center());
+    EXPECT_EQ(scope().parts().at(scope().focusedLink().value()).text,
+        "RCH285, Military, Boeing C-17 Globemaster III, US Air Mobility Command, 16.9 km, 24,000 ft");
+    EXPECT_NE(scope().grab().toImage(), before);
+}
+
+TEST_F(SkyPageTest, aDoubleClickOnTheScopeOpensTheAircraft)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    QStringList opened;
+    QObject::connect(&page, &SkyPage::aircraftActivated, [&](const QString& hex) { opened += hex; });
+    clickOnScope("ae0001");
+    EXPECT_THAT(opened, testing::IsEmpty());
+    QTest::mouseDClick(&scope(), Qt::LeftButton, {}, scope().placeOf("ae0001").value().toPoint());
+    EXPECT_EQ(opened, QStringList{"ae0001"});
+}
+
+TEST_F(SkyPageTest, theFilterIsTheScopesToo)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    clickOnScope("ae0001");
+    QTest::keyClicks(page.findChild<QLineEdit*>(), "united");
+    EXPECT_TRUE(isOnScope("a1b2c3"));
+    EXPECT_FALSE(isOnScope("ae0001"));
+    EXPECT_EQ(scope().focusedLink(), std::nullopt);
+    page.findChild<QLineEdit*>()->clear();
+    EXPECT_TRUE(isOnScope("ae0001"));
+}
+
+TEST_F(SkyPageTest, aRefreshKeepsTheSelectionInListAndScope)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    clickOnScope("ae0001");
+    stage.server.answer(test::feedPath,
+        {.body = R"({"ac":[{"hex":"ae0001","flight":"RCH285","lat":51.6,"lon":-0.2,"dst":4,"dir":200},
+            {"hex":"a1b2c3","lat":51.7,"lon":-0.2,"dst":9,"dir":45}]})"});
+    feed.refresh();
+    ASSERT_TRUE(listHas(2));
+    EXPECT_EQ(table().selectedHex(), "ae0001");
+    EXPECT_EQ(
+        scope().parts().at(scope().focusedLink().value()).text, "RCH285, US Air Mobility Command, 7.4 km");
+}
+
+TEST_F(SkyPageTest, thePositionsSeenAreKeptAsTrails)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    const Pinned<Date> later{Clock::now() + 1min};
+    stage.server.answer(test::feedPath,
+        {.body = R"({"ac":[{"hex":"a1b2c3","flight":"UAL123","lat":51.65,"lon":-0.1,"dst":9,"dir":5}]})"});
+    feed.refresh();
+    ASSERT_TRUE(listHas(1));
+    EXPECT_EQ(page.trails().of("a1b2c3").size(), 2U);
+    EXPECT_EQ(page.trails().of("ae0001").size(), 1U);
+}
+
+TEST_F(SkyPageTest, theRowThatIsSelectedIsCopiedAsTextsWithTabs)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    QGuiApplication::clipboard()->setText("before");
+    page.activateWindow();
+    table().setFocus();
+    ASSERT_TRUE(test::waitFor([&] { return table().hasFocus(); }));
+    table().clearSelection();
+    QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
+    table().select("a1b2c3");
+    QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+        "UAL123\tAirbus A320\tUnited Airlines\t9.6 km\t35,000 ft\t↑ 1,216 ft/min");
+}
+
+TEST_F(SkyPageTest, theScopeGrowsWithTheWindow)
+{
+    const int before = scope().width();
+    page.resize(1700, 1000);
+    EXPECT_TRUE(test::waitFor([&] { return scope().width() > before * 2; }));
+    EXPECT_EQ(scope().width(), scope().height());
+    EXPECT_LT(scope().mapTo(&page, scope().rect().bottomRight()).y(), page.height());
+    EXPECT_GE(table().width(), 700);
+}
+
 TEST_F(SkyPageTest, anEmptySkyIsSaidInTheUsersUnit)
 {
     test::CompanionStage::setHome(21.7, "mi");
@@ -153,7 +271,7 @@ TEST_F(SkyPageTest, theFeedsOwnErrorIsSaidAndAskedAgain)
     stage.server.answer("/", {.status = 503});
     feed.refresh();
     ASSERT_TRUE(says("No answer"));
-    EXPECT_EQ(empty().explanation(), "opendata.adsb.fi returned an error");
+    EXPECT_EQ(empty().explanation(), "adsb.lol is out of order (503).\nadsb.fi is out of order (503).");
     stage.server.answer("/", {.body = test::threeAircraft});
     empty().findChild<QPushButton*>()->click();
     EXPECT_TRUE(listHas(3));
@@ -165,7 +283,8 @@ TEST_F(SkyPageTest, whatALibrarySaidStandsBehindDetailsOnly)
     stage.server.answer("/", {.body = R"({"ac":[{"hex":7}]})"});
     feed.refresh();
     ASSERT_TRUE(says("No answer"));
-    EXPECT_EQ(empty().explanation(), "opendata.adsb.fi: The answer is not what was expected.");
+    EXPECT_EQ(empty().explanation(),
+        "adsb.lol: The answer is not what was expected.\nadsb.fi: The answer is not what was expected.");
     auto& details = *empty().findChild<Details*>();
     auto* const text = details.findChild<QLabel*>();
     EXPECT_TRUE(details.isVisible());
@@ -198,11 +317,58 @@ TEST_F(SkyPageTest, aFailedRefreshKeepsTheListAndSaysSo)
     stage.server.answer("/", {.status = 500});
     feed.refresh();
     EXPECT_TRUE(test::waitFor([&] { return !notices().empty(); }));
-    EXPECT_THAT(notices(), HasSubstr("opendata.adsb.fi returned an error"));
+    EXPECT_THAT(notices(), HasSubstr("adsb.fi is out of order (500)."));
     EXPECT_TRUE(isListShown());
     stage.server.answer("/", {.body = test::threeAircraft});
     feed.refresh();
     EXPECT_TRUE(test::waitFor([&] { return notices().empty(); }));
+}
+
+TEST_F(SkyPageTest, thatItIsAskedIsSaidAtOnceAndEveryTryLeavesATrace)
+{
+    std::optional<Pinned<Date>> clock{Date{std::chrono::hours{10} + 42min}};
+    stage.server.answer("/", {.body = test::threeAircraft});
+    feed.refresh();
+    EXPECT_EQ(details(), "Asking…");
+    ASSERT_TRUE(listHas(3));
+    clock.emplace(Date{std::chrono::hours{10} + 42min + 7s});
+    feed.refresh();
+    EXPECT_EQ(details(), "3 aircraft within 46 km · as of 10:42:00 · Asking…");
+    EXPECT_TRUE(test::waitFor([&] { return details() == "3 aircraft within 46 km · as of 10:42:07"; }));
+    clock.emplace(Date{std::chrono::hours{10} + 42min + 9s});
+    stage.server.answer("/", {.status = 403});
+    feed.refresh();
+    EXPECT_TRUE(test::waitFor([&] { return !notices().empty(); }));
+    EXPECT_EQ(notices(),
+        "What is shown here is as of 10:42:07. The last try, at 10:42:09, failed.\n"
+        "adsb.lol refuses to answer (403).\nadsb.fi refuses to answer (403).");
+}
+
+TEST_F(SkyPageTest, aTryInVainIsNotCalledAnEmptySky)
+{
+    const Pinned<Date> clock{Date{std::chrono::hours{10} + 42min}};
+    stage.server.answer("/", {.status = 403});
+    feed.refresh();
+    ASSERT_TRUE(says("No answer"));
+    EXPECT_EQ(details(), "Asked in vain at 10:42:00");
+}
+
+TEST_F(SkyPageTest, whichSourceAnsweredStandsBesideItsName)
+{
+    stage.server.answer(test::feedPath, {.status = 429});
+    stage.server.answer(test::secondFeedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    const auto labels = page.findChildren<QLabel*>();
+    const auto says = [&](const char* text) {
+        return std::ranges::any_of(labels, [&](const QLabel* label) { return label->text().contains(text); });
+    };
+    EXPECT_TRUE(says("adsb.lol</a> (refused)"));
+    EXPECT_TRUE(says("adsb.fi</a> (answered)"));
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    EXPECT_TRUE(test::waitFor([&] { return says("adsb.lol</a> (answered)"); }));
+    EXPECT_FALSE(says("adsb.fi</a> ("));
 }
 
 TEST_F(SkyPageTest, withoutAHomeNobodyIsAsked)
@@ -291,9 +457,9 @@ TEST_F(SkyPageTest, whatSteersTextIsNeitherInTheListNorInTheTitle)
 
 TEST_F(SkyPageTest, theScopeGoesWhereThereIsNoRoomForIt)
 {
-    EXPECT_TRUE(page.findChild<DisplayListView*>()->isVisible());
+    EXPECT_TRUE(page.findChild<LiveScope*>()->isVisible());
     page.resize(700, 600);
-    EXPECT_TRUE(test::waitFor([&] { return !page.findChild<DisplayListView*>()->isVisible(); }));
+    EXPECT_TRUE(test::waitFor([&] { return !page.findChild<LiveScope*>()->isVisible(); }));
 }
 
 TEST_F(SkyPageTest, figuresAreInTheMeasuresThatWereChosen)

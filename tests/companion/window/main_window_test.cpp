@@ -1,16 +1,24 @@
 #include "companion/alerts/alert_store.h"
 #include "companion/host_switch/host_control.h"
+#include "companion/look/elided_label.h"
 #include "companion/look/notice_bar.h"
+#include "companion/settings/widget_previews.h"
+#include "companion/window/header_bar.h"
 #include "companion/window/main_window.h"
+#include "companion/window/shortcuts_dialog.h"
 #include "tests/companion/companion_stage.h"
 
+#include <QAccessible>
 #include <QAction>
+#include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -144,6 +152,93 @@ TEST_F(MainWindowTest, theListHasTheFocusAsSoonAsItIsThere)
     EXPECT_TRUE(test::waitFor([&] { return one->focusWidget() == one->findChild<QTableView*>(); }));
 }
 
+TEST_F(MainWindowTest, escapeEmptiesTheFilterThenLeavesItAndStaysOnThePage)
+{
+    const auto one = window();
+    one->show();
+    one->activateWindow();
+    ASSERT_TRUE(test::waitFor([&] { return one->focusWidget() == one->findChild<QTableView*>(); }));
+    ASSERT_TRUE(test::waitFor([&] { return QApplication::activeWindow() == one.get(); }));
+    QTest::keyClick(one.get(), Qt::Key_F, Qt::ControlModifier);
+    auto* filter = one->findChild<QLineEdit*>();
+    ASSERT_TRUE(test::waitFor([&] { return filter->hasFocus(); }));
+    QTest::keyClicks(filter, "united");
+    QTest::keyClick(filter, Qt::Key_Escape);
+    EXPECT_EQ(filter->text(), "");
+    EXPECT_TRUE(filter->hasFocus());
+    QTest::keyClick(filter, Qt::Key_Escape);
+    EXPECT_EQ(one->focusWidget(), one->findChild<QTableView*>());
+}
+
+TEST_F(MainWindowTest, escapeLeavesAFieldOfTheSettingsThenTheSettings)
+{
+    const auto one = window();
+    one->show();
+    one->activateWindow();
+    one->showSettings();
+    ASSERT_TRUE(test::waitFor([&] { return QApplication::activeWindow() == one.get(); }));
+    const auto fields = one->findChildren<QLineEdit*>();
+    const auto position = std::ranges::find(fields, "Position", &QLineEdit::accessibleName);
+    ASSERT_NE(position, fields.end());
+    (*position)->setFocus();
+    QTest::keyClick(*position, Qt::Key_Escape);
+    EXPECT_FALSE((*position)->hasFocus());
+    EXPECT_THAT(one->windowTitle().toStdString(), HasSubstr("Settings"));
+    QTest::keyClick(one.get(), Qt::Key_Escape);
+    EXPECT_THAT(one->windowTitle().toStdString(), HasSubstr("The sky over Home"));
+}
+
+TEST_F(MainWindowTest, theKeysAreListedByAKey)
+{
+    const auto one = window();
+    one->show();
+    one->activateWindow();
+    ASSERT_TRUE(test::waitFor([&] { return QApplication::activeWindow() == one.get(); }));
+    QTest::keyClick(one.get(), Qt::Key_F1);
+    const auto* list = one->findChild<ShortcutsDialog*>();
+    ASSERT_NE(list, nullptr);
+    EXPECT_TRUE(list->isVisible());
+    std::vector<std::string> said;
+    for (const QLabel* label : list->findChildren<QLabel*>())
+        said.push_back(label->text().toStdString());
+    for (const QAction* action : one->actions()) {
+        for (const QKeySequence& key : action->shortcuts())
+            EXPECT_THAT(
+                said, testing::Contains(HasSubstr(key.toString(QKeySequence::NativeText).toStdString())));
+    }
+    EXPECT_THAT(said, testing::IsSupersetOf({"Ctrl+C", "Filter", "Ctrl+F", "Settings", "Ctrl+,"}));
+}
+
+TEST_F(MainWindowTest, aScreenReaderMeetsAFrameWithNamedControls)
+{
+    const auto one = window();
+    one->show();
+    EXPECT_TRUE(test::waitFor([&] { return feed.report().hasAnswer; }));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(one.get())->role(), QAccessible::Window);
+    one->findChild<QLineEdit*>()->setText("united");
+    for (QAbstractButton* button : one->findChildren<QAbstractButton*>()) {
+        if (button->isVisible())
+            EXPECT_NE(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name), "")
+                << button->metaObject()->className();
+    }
+}
+
+TEST_F(MainWindowTest, aLongNameOfHomeIsShortenedAndStaysInTheToolTip)
+{
+    const std::string name(200, 'W');
+    SharedState::write({.home = {.latitude = 51.5, .longitude = -0.12, .label = name}, .radiusNM = 25});
+    feed.reload();
+    const auto one = window();
+    one->resize(640, 480);
+    one->show();
+    EXPECT_EQ(one->size(), QSize(640, 480));
+    const auto* title = one->findChild<HeaderBar*>()->findChild<ElidedLabel*>();
+    EXPECT_LE(title->mapTo(one.get(), title->rect().topRight()).x(), 640);
+    EXPECT_TRUE(title->text().endsWith("…"));
+    EXPECT_EQ(title->toolTip().toStdString(), "The sky over " + name);
+    EXPECT_EQ(title->accessibleName(), title->toolTip());
+}
+
 TEST_F(MainWindowTest, aClosedWindowRemembersItsPlace)
 {
     auto one = window();
@@ -166,6 +261,28 @@ TEST_F(MainWindowTest, theWindowIsAllOnTheScreen)
     one->close();
     one = window();
     EXPECT_TRUE(screen.contains(one->geometry()));
+}
+
+TEST_F(MainWindowTest, theWidgetsBesideTheSettingsShowTheUsersOwnSky)
+{
+    const auto one = window();
+    one->show();
+    one->showSettings();
+    const auto said = [&] {
+        std::string texts;
+        for (const DisplayListView* view :
+            one->findChild<WidgetPreviews*>()->findChildren<DisplayListView*>())
+            texts += view->accessibleDescription().toStdString();
+        return texts;
+    };
+    EXPECT_THAT(said(), testing::Not(HasSubstr("RCH285"))) << "nobody has been asked yet";
+    one->showSky();
+    EXPECT_TRUE(test::waitFor([&] { return feed.report().hasAnswer; }));
+    one->showSettings();
+    EXPECT_THAT(said(), HasSubstr("RCH285"));
+    SharedState::write({.home = {.latitude = 1, .longitude = 2, .label = "Elsewhere"}, .radiusNM = 25});
+    EXPECT_TRUE(test::waitFor([&] { return said().find("RCH285") == std::string::npos; }))
+        << "the aircraft of another home";
 }
 
 TEST_F(MainWindowTest, everyPageHasRoomInTheSmallestWindow)
