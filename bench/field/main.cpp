@@ -27,6 +27,7 @@ Programs programs()
         .companion = SKYVANE_COMPANION,
         .desktopTurns = SKYVANE_BENCH_DESKTOP_TURNS,
         .skyTurns = SKYVANE_BENCH_SKY_TURNS,
+        .paceTurns = SKYVANE_BENCH_PACE_TURNS,
         .hello = SKYVANE_BENCH_HELLO,
         .emptyWindow = SKYVANE_BENCH_EMPTY_WINDOW,
     };
@@ -79,7 +80,8 @@ int measure(const Options& options, const OwnWorld& world)
         {"widgets", widgetRows},
         {"companion start", [&] { return companionStartRows(all); }},
         {"companion at rest", [&] { return companionRestRows(all, world); }},
-        {"an hour on the sky page", [&] { return companionHourRows(all); }},
+        {"hours on the sky page", [&] { return companionHourRows(all); }},
+        {"a crowded sky", [&] { return companionPaceRows(all); }},
         {"decoding", decodeRows},
     };
     Rows rows;

@@ -16,6 +16,7 @@ struct Programs {
     std::filesystem::path companion;
     std::filesystem::path desktopTurns;
     std::filesystem::path skyTurns;
+    std::filesystem::path paceTurns;
     std::filesystem::path hello;
     std::filesystem::path emptyWindow;
 };
@@ -35,5 +36,6 @@ Rows hostRestRows(const Programs& programs);
 Rows companionStartRows(const Programs& programs);
 Rows companionRestRows(const Programs& programs, const OwnWorld& world);
 Rows companionHourRows(const Programs& programs);
+Rows companionPaceRows(const Programs& programs);
 
 } // namespace skyvane::bench

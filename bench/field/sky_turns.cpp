@@ -1,4 +1,5 @@
-// The companion's window on the sky page, which asks for the sky anew and shows it with each turn.
+// The companion's window on the sky page, which asks for the sky anew and shows it with each turn, a minute
+// by the clock.
 
 #include "bench/field/turns.h"
 #include "companion/alerts/alert_store.h"
@@ -6,7 +7,9 @@
 #include "companion/feed/pacer.h"
 #include "companion/host_switch/host_control.h"
 #include "companion/window/main_window.h"
+#include "platform/clock.h"
 #include "platform/net/url_session.h"
+#include "platform/pinned.h"
 #include "tests/session/wait_for.h"
 #include "tests/support/scratch_folder.h"
 
@@ -43,7 +46,9 @@ int main(int argc, char* argv[])
         .memory = folder.path() / "companion.ini",
     }};
     window.show();
+    Date now = Clock::now();
     bench::playTurns([&] {
+        const Pinned<Date> clock{now += 1min};
         feed.refresh();
         if (!test::waitFor([&] { return !feed.report().isAsking; }) || !feed.report().problem.empty())
             throw std::runtime_error{"no sky"};

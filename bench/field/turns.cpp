@@ -39,11 +39,12 @@ void playTurns(const std::function<void()>& turn)
     }
 }
 
-TurnPlayer::TurnPlayer(const test::XSession& session, const std::filesystem::path& program)
+TurnPlayer::TurnPlayer(
+    const test::XSession& session, const std::filesystem::path& program, const QStringList& arguments)
 {
     m_process.setProcessEnvironment(session.environment());
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QString::fromStdString(program.string()), QStringList{});
+    m_process.start(QString::fromStdString(program.string()), arguments);
 }
 
 TurnPlayer::~TurnPlayer()

@@ -23,7 +23,8 @@ void playTurns(const std::function<void()>& turn);
 /// A program that plays turns, seen from outside; it ends with this.
 class TurnPlayer {
 public:
-    TurnPlayer(const test::XSession& session, const std::filesystem::path& program);
+    TurnPlayer(const test::XSession& session, const std::filesystem::path& program,
+        const QStringList& arguments = {});
     ~TurnPlayer();
     TurnPlayer(const TurnPlayer&) = delete;
     TurnPlayer& operator=(const TurnPlayer&) = delete;
