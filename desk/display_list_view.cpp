@@ -101,7 +101,6 @@ void DisplayListView::paintCard(QPainter& painter)
     WidgetCard::paintBackground(m_list.size, *m_background, painter);
     paintUnder(painter, m_list);
     skyvane::paint(m_list, painter, m_fonts);
-    paintOver(painter);
 }
 
 void DisplayListView::paintFocus(QPainter& painter) const
@@ -115,8 +114,6 @@ void DisplayListView::paintFocus(QPainter& painter) const
 }
 
 void DisplayListView::paintUnder(QPainter&, const DisplayList&) { }
-
-void DisplayListView::paintOver(QPainter&) { }
 
 void DisplayListView::resizeEvent(QResizeEvent*)
 {

@@ -57,7 +57,7 @@ protected:
     virtual void laidOut() { }
     const DisplayList& list() const { return m_list; }
 
-    /// The card, what lies under its content, the content, and what lies over it. Something has been shown.
+    /// The card, what lies under its content, and the content. Something has been shown.
     void paintCard(QPainter& painter);
     void paintFocus(QPainter& painter) const;
 
@@ -66,8 +66,6 @@ protected:
 
     /// Paints what lies between the card and its content: nothing, unless a subclass has something.
     virtual void paintUnder(QPainter& painter, const DisplayList& list);
-    /// The same above the content.
-    virtual void paintOver(QPainter& painter);
 
     /// What is under way with the pointer is no tap after all.
     void dropTap() { m_tap.reset(); }

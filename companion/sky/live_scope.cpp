@@ -9,6 +9,7 @@
 #include "paint/to_qt.h"
 
 #include <QCursor>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -26,6 +27,12 @@ constexpr int mostBlips = 2000;
 LiveScope::LiveScope(const FontMeasurer& fonts) : ScopeView(fonts, [](const URL*) {})
 {
     setAccessibleName(localizedText("Radar scope"));
+    m_rest.setSingleShot(true);
+    m_rest.callOnTimeout([this] {
+        if (!m_picture.isNull())
+            goOnWithPicture();
+        update();
+    });
 }
 
 void LiveScope::showSky(SkyEntry sky, Measures measures, const Trails& trails)
@@ -190,7 +197,7 @@ void LiveScope::paintEvent(QPaintEvent*)
     if (!background())
         return;
     if (m_picture.size() != size() * devicePixelRatioF())
-        m_picture = picture();
+        beginPicture();
     QPainter painter{this};
     painter.drawPixmap(QPointF{}, m_picture);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -202,41 +209,59 @@ void LiveScope::paintEvent(QPaintEvent*)
     paintFocus(painter);
 }
 
-QPixmap LiveScope::picture()
+void LiveScope::beginPicture()
 {
-    QPixmap picture{size() * devicePixelRatioF()};
-    picture.setDevicePixelRatio(devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    QPainter painter{&picture};
-    painter.setFont(font());
-    paintCard(painter);
-    return picture;
+    m_picture = QPixmap{size() * devicePixelRatioF()};
+    m_picture.setDevicePixelRatio(devicePixelRatioF());
+    m_picture.fill(Qt::transparent);
+    m_trailed = 0;
+    m_rest.stop();
+    {
+        QPainter painter{&m_picture};
+        painter.setFont(font());
+        paintCard(painter);
+    }
+    goOnWithPicture();
 }
 
-void LiveScope::paintOver(QPainter& painter)
+/// Trails as long as there is time, and when all are there, what marks aircraft.
+void LiveScope::goOnWithPicture()
 {
+    constexpr qint64 longestTurn = 6; // Milliseconds.
+    constexpr std::size_t atOnce = 16;
+    QElapsedTimer clock;
+    clock.start();
+    QPainter painter{&m_picture};
+    painter.setFont(font());
     painter.setRenderHint(QPainter::Antialiasing);
-    paintTrails(painter);
+    const TrailOnScope trails{m_sky, m_blips.square()};
+    while (m_trailed < m_blips.count()) {
+        if (m_trailed % atOnce == 0 && clock.elapsed() >= longestTurn) {
+            m_rest.start(0);
+            return;
+        }
+        paintTrail(painter, trails, m_blips[m_trailed++]);
+    }
+    paintMarks(painter);
+}
+
+void LiveScope::paintTrail(QPainter& painter, const TrailOnScope& trails, const Blip& blip) const
+{
+    const auto trail = m_trails->of(blip.aircraft->hex);
+    if (trail.size() < 2)
+        return;
+    const QColor color = colorOf(blip);
+    for (const QPolygonF& piece : trails.pieces(trail, blip.center))
+        ScopeLayer::paintTrail(painter, piece, color);
+}
+
+void LiveScope::paintMarks(QPainter& painter) const
+{
     for (const Blip& blip : m_blips.all()) {
         if (SkyCells::isSetApart(*blip.aircraft))
             ScopeLayer::paintMark(painter, *blip.aircraft, blip.center, colorOf(blip));
         if (blip.aircraft->isEmergency())
             paintName(painter, blip);
-    }
-}
-
-void LiveScope::paintTrails(QPainter& painter) const
-{
-    if (m_trails == nullptr)
-        return;
-    const TrailOnScope trails{m_sky, m_blips.square()};
-    for (const Blip& blip : m_blips.all()) {
-        const auto trail = m_trails->of(blip.aircraft->hex);
-        if (trail.size() < 2)
-            continue;
-        const QColor color = colorOf(blip);
-        for (const QPolygonF& piece : trails.pieces(trail, blip.center))
-            ScopeLayer::paintTrail(painter, piece, color);
     }
 }
 

@@ -8,12 +8,15 @@
 
 #include <QPixmap>
 #include <QPointF>
+#include <QTimer>
 
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace skyvane {
+
+class TrailOnScope;
 
 /// The scope that answers: the pointer over an aircraft names it, a click selects it, a double click opens
 /// it, and so do the arrow keys and Enter. Each aircraft drags the trail of where it was seen. A screen
@@ -44,7 +47,6 @@ signals:
 protected:
     void laidOut() override;
     void mapChanged() override;
-    void paintOver(QPainter& painter) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -61,8 +63,10 @@ private:
     void step(bool isForward);
     QString setApart() const;
 
-    QPixmap picture();
-    void paintTrails(QPainter& painter) const;
+    void beginPicture();
+    void goOnWithPicture();
+    void paintTrail(QPainter& painter, const TrailOnScope& trails, const Blip& blip) const;
+    void paintMarks(QPainter& painter) const;
     void paintName(QPainter& painter, const Blip& blip) const;
     QColor colorOf(const Blip& blip) const;
 
@@ -74,6 +78,8 @@ private:
     std::string m_selected;
     mutable std::optional<std::vector<SpokenPart>> m_parts; ///< Made when a screen reader asks.
     QPixmap m_picture; ///< All but what follows the pointer; null until it is painted.
+    std::size_t m_trailed = 0; ///< How many aircraft have their trails in it.
+    QTimer m_rest; ///< When more of them are painted: a crowded sky's do not stall the window.
 };
 
 } // namespace skyvane
