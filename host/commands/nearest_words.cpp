@@ -129,7 +129,7 @@ std::string directionOnScope(const View& board)
             const double north = 0.5 - blip->center.y;
             constexpr double rightAbove = 0.005; // Of the scope's width.
             if (std::hypot(east, north) > rightAbove)
-                direction = compassDirection(std::atan2(east, north) * 180 / std::numbers::pi);
+                direction = compassPoint(std::atan2(east, north) * 180 / std::numbers::pi);
         }
     });
     return direction;

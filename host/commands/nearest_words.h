@@ -20,7 +20,7 @@ struct NearestWords {
     std::string registration{};
     std::string distance{};
     std::string altitude{};
-    std::string direction{}; ///< Where it is from home: "north-east".
+    std::string direction{}; ///< Where it is from home: "NE".
     std::string arrow{}; ///< Where its nose points on a map.
     std::string count{}; ///< How many aircraft are in range.
     std::string time{}; ///< Of the sky that this is.

@@ -6,25 +6,58 @@
 
 namespace skyvane {
 
+namespace {
+
+enum class Point { north, northEast, east, southEast, south, southWest, west, northWest };
+
+Point nearestPoint(double bearingDeg)
+{
+    return static_cast<Point>(std::lround(bearingDeg / 45) & 7);
+}
+
+} // namespace
+
 std::string compassDirection(double bearingDeg)
 {
-    switch (std::lround(bearingDeg / 45) & 7) {
-    case 0:
+    switch (nearestPoint(bearingDeg)) {
+    case Point::north:
         return localized("north");
-    case 1:
+    case Point::northEast:
         return localized("north-east");
-    case 2:
+    case Point::east:
         return localized("east");
-    case 3:
+    case Point::southEast:
         return localized("south-east");
-    case 4:
+    case Point::south:
         return localized("south");
-    case 5:
+    case Point::southWest:
         return localized("south-west");
-    case 6:
+    case Point::west:
         return localized("west");
     default:
         return localized("north-west");
+    }
+}
+
+std::string compassPoint(double bearingDeg)
+{
+    switch (nearestPoint(bearingDeg)) {
+    case Point::north:
+        return localized("N");
+    case Point::northEast:
+        return localized("NE");
+    case Point::east:
+        return localized("E");
+    case Point::southEast:
+        return localized("SE");
+    case Point::south:
+        return localized("S");
+    case Point::southWest:
+        return localized("SW");
+    case Point::west:
+        return localized("W");
+    default:
+        return localized("NW");
     }
 }
 

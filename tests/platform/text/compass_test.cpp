@@ -19,4 +19,16 @@ TEST(Compass, aDirectionIsTheNearestOfEightPoints)
     EXPECT_EQ(compassDirection(-90), "west");
 }
 
+TEST(Compass, inShortAPointHasALetterOrTwo)
+{
+    EXPECT_EQ(compassPoint(0), "N");
+    EXPECT_EQ(compassPoint(45), "NE");
+    EXPECT_EQ(compassPoint(90), "E");
+    EXPECT_EQ(compassPoint(135), "SE");
+    EXPECT_EQ(compassPoint(-180), "S");
+    EXPECT_EQ(compassPoint(225), "SW");
+    EXPECT_EQ(compassPoint(270), "W");
+    EXPECT_EQ(compassPoint(315), "NW");
+}
+
 } // namespace skyvane
