@@ -166,6 +166,7 @@ class NestedDesktop(Desktop):
 
     def start_compositor(self, session):
         before = self.sockets(session)
+        session.environment.pop("WAYLAND_DISPLAY", None)
         session.start("compositor", *self.compositor, DISPLAY=session.outside["DISPLAY"])
         found = need(lambda: self.sockets(session) - before, f"no compositor: {session.words_of('compositor')[-300:]}")
         session.environment["WAYLAND_DISPLAY"] = sorted(found)[0]

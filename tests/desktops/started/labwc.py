@@ -1,5 +1,7 @@
+import time
+
 from picture import Box
-from session import HEIGHT, WIDTH
+from session import HEIGHT, WIDTH, need
 from started import waybar
 from started.desktop import NestedDesktop
 
@@ -17,12 +19,42 @@ class This(NestedDesktop):
     title = "labwc 0.8, waybar (Wayland)"
     suite = "trixie"
     packages = ("labwc", "waybar", "xwayland", "wlr-randr", "wlrctl", "qt6-wayland")
-    variables = {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman", "WLR_X11_OUTPUTS": "1", "XDG_CURRENT_DESKTOP": "labwc:wlroots"}
-    without = {"screens": "not tried", "shown desktop": "labwc 0.8 cannot show the desktop"}
+    variables = {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman", "WLR_X11_OUTPUTS": "2", "XDG_CURRENT_DESKTOP": "labwc:wlroots"}
+    without = {"shown desktop": "labwc 0.8 cannot show the desktop"}
     compositor = ("labwc",)
 
+    def set_output(self, session, name, *words):
+        session.run("wlr-randr", "--output", name, *words)
+
     def change_scale(self, session, factor):
-        session.run("wlr-randr", "--output", "X11-1", "--scale", str(factor))
+        self.set_output(session, "X11-1", "--scale", str(factor))
+
+    def add_screen(self, session):
+        self.set_output(session, "X11-2", "--on", "--pos", f"{WIDTH},0")
+        session.hand("search", "--name", "X11-2", "windowmove", WIDTH, 0)
+
+    def remove_screen(self, session):
+        self.set_output(session, "X11-2", "--off")
+
+    def switch_screen(self, session, is_on):
+        self.set_output(session, "X11-1", "--on" if is_on else "--off")
+
+    def resize_screen(self, session, is_small):
+        self.set_output(session, "X11-1", "--custom-mode", "1280x800" if is_small else f"{WIDTH}x{HEIGHT}")
+
+    def swap_screens(self, session, is_swapped):
+        """Each is a window of the nested compositor, which stays."""
+        first, second = (1280, 0) if is_swapped else (0, WIDTH)
+        self.set_output(session, "X11-1", "--pos", f"{first},0", "--output", "X11-2", "--pos", f"{second},0")
+        return 0
+
+    def sleep_screens(self, session):
+        for word in ("--off", "--on"):
+            self.set_output(session, "X11-1", word)
+            time.sleep(2)
+
+    def frames(self, session):
+        return None
 
     def prepare(self, session):
         folder = session.home / ".config/labwc"
@@ -31,7 +63,9 @@ class This(NestedDesktop):
 
     def start_compositor(self, session):
         super().start_compositor(session)
-        session.run("wlr-randr", "--output", "X11-1", "--custom-mode", f"{WIDTH}x{HEIGHT}")
+        need(lambda: "X11-2" in session.run("wlr-randr"), "no screens")
+        self.remove_screen(session)
+        self.resize_screen(session, False)
         waybar.start(session)
 
     def work_area(self, session):
