@@ -2,7 +2,7 @@
 
 import time
 
-from picture import Picture
+from picture import Box, Picture
 from scene import SIZES, is_near
 from session import Failure, eventually
 
@@ -11,13 +11,17 @@ def scale(scene):
     """The screen's scale becomes 1.25, 1.5 and 2 while widgets are shown: each has its size at it, and none covers another."""
     if words := scene.desktop.without.get("scale"):
         return words
+    scene.session.point((20, scene.picture.height - 20))  # Between no two widgets.
+    inner = Box(2, 2, scene.picture.width - 2, scene.picture.height - 2)  # A scaled wallpaper fades at its edges.
     background = scene.desktop.background.to_bytes(4, "little")
-    plain = Picture(scene.picture.width, scene.picture.height, background * (scene.picture.width * scene.picture.height))
+    plain = Picture(*inner.size, background * (inner.size[0] * inner.size[1]))
     try:
         for factor in (1.25, 1.5, 2):
             scene.desktop.change_scale(scene.session, factor)
             wanted = [tuple(round(factor * length) for length in size) for size in SIZES.values()]
-            boxes = lambda: [box.size for box in scene.session.picture().changes(plain)]  # noqa: E731
+            boxes = lambda: [box.size for box in scene.session.picture().crop(inner).changes(plain)]  # noqa: E731
+            scene.session.settled(3)
+            scene.session.keep(f"scale-{factor}")
             if not eventually(lambda: all(any(is_near(size, box) for box in boxes()) for size in wanted), 5):  # noqa: B023
                 raise Failure(f"at {factor} widgets of {boxes()}")
     finally:

@@ -1,12 +1,13 @@
 """What the bench has to know of a desktop. A file beside this one is one desktop: a class of it named This."""
 
 import pathlib
+import re
 import time
 
 import buses
 import x11
 from picture import Box
-from session import HEIGHT, WIDTH, need
+from session import HEIGHT, WIDTH, Failure, need
 
 LISTED_WITHOUT = ("_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER")
 DEMANDING = "_NET_WM_STATE_DEMANDS_ATTENTION"
@@ -184,6 +185,15 @@ class NestedDesktop(Desktop):
             session.environment["DISPLAY"] = f":{others[-1]}"
         for file in (*session.run_folder.glob(".mutter-Xwaylandauth.*"), *session.run_folder.glob("xauth_*")):
             session.environment["XAUTHORITY"] = str(file)
+
+    @staticmethod
+    def put_second_screen_aside(session):
+        """Each screen of the compositor is a window, and they come up on top of each other."""
+        text = session.run("xwininfo", "-root", "-children", DISPLAY=session.outside["DISPLAY"])
+        windows = sorted(int(window, 16) for window in re.findall(r"(0x[0-9a-f]+) .* \d{3,}x\d{3,}\+", text))
+        if len(windows) != 2:
+            raise Failure(f"the compositor has {len(windows)} screens")
+        session.hand("windowmove", windows[-1], WIDTH, 0)
 
     def restart(self, session):
         session.kill("compositor")

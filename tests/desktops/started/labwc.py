@@ -31,7 +31,7 @@ class This(NestedDesktop):
 
     def add_screen(self, session):
         self.set_output(session, "X11-2", "--on", "--pos", f"{WIDTH},0")
-        session.hand("search", "--name", "X11-2", "windowmove", WIDTH, 0)
+        self.put_second_screen_aside(session)
 
     def remove_screen(self, session):
         self.set_output(session, "X11-2", "--off")

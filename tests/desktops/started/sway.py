@@ -19,9 +19,12 @@ class This(NestedDesktop):
     variables = {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman", "WLR_X11_OUTPUTS": "1", "XDG_CURRENT_DESKTOP": "sway"}
     without = NOT_TRIED | {"shown desktop": "sway cannot show the desktop"}
 
+    def rules(self, _session):
+        return RULES
+
     def prepare(self, session):
         rules = session.home / "sway.config"
-        rules.write_text(RULES)
+        rules.write_text(self.rules(session))
         session.environment["SWAYSOCK"] = str(session.run_folder / "sway.sock")
         self.compositor = ("sway", "--config", str(rules))
 

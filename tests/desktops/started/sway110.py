@@ -1,6 +1,7 @@
 import time
 
-from session import WIDTH, need
+from picture import Picture
+from session import HEIGHT, WIDTH, need
 from started import sway, waybar
 
 
@@ -12,6 +13,18 @@ class This(sway.This):
     background = 0x1D3440
 
     without = {"shown desktop": sway.This.without["shown desktop"]}
+    flaws = {
+        "front": "sway marks a window that a click's token activates as urgent, unless told otherwise: man 5 sway, "
+        "focus_on_window_activation",
+        "keyboard": "sway takes the keyboard from a layer as soon as that wants it no longer to itself, and gives it back only to one "
+        "that would then keep it from every window",
+    }
+
+    def rules(self, session):
+        """Of one colour by a picture: a single pixel that is scaled fades."""
+        file = session.home / "background.png"
+        Picture(WIDTH, HEIGHT, self.background.to_bytes(4, "little") * (WIDTH * HEIGHT)).write(file)
+        return sway.RULES.replace("#1d3440 solid_color", f"{file} stretch")
 
     def change_scale(self, session, factor):
         self.tell(session, "output", "X11-1", "scale", str(factor))
@@ -19,7 +32,7 @@ class This(sway.This):
     def add_screen(self, session):
         self.tell(session, "create_output")
         need(lambda: len(self.tell(session, "--type", "get_outputs")) == 2, "no second screen")
-        session.hand("search", "--name", "X11-2", "windowmove", WIDTH, 0)
+        self.put_second_screen_aside(session)
 
     def frames(self, session):
         return None
