@@ -34,6 +34,8 @@ nlohmann::ordered_json json(const PlacedWidget& widget)
     json["corner"] = corner->second;
     json["x"] = widget.placement.inset.x();
     json["y"] = widget.placement.inset.y();
+    json["areaWidth"] = widget.placement.area.width();
+    json["areaHeight"] = widget.placement.area.height();
     return json;
 }
 
@@ -56,6 +58,14 @@ ScreenCorner corner(JSON::Value value)
     return corner->first;
 }
 
+/// Empty unless it has both lengths.
+QSize area(const JSON::Object& members)
+{
+    const auto width = members.optional("areaWidth", number);
+    const auto height = members.optional("areaHeight", number);
+    return width && height ? QSize{*width, *height} : QSize{};
+}
+
 PlacedWidget widget(JSON::Value value)
 {
     const JSON::Object members{value};
@@ -67,6 +77,7 @@ PlacedWidget widget(JSON::Value value)
             .corner = members.required("corner", corner),
             .inset = {members.required("x", number), members.required("y", number)},
             .identity = members.optional("identity", JSON::text).value_or(std::string{}),
+            .area = area(members),
         },
     };
 }

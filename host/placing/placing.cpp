@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 
 namespace skyvane::Placing {
 
@@ -115,6 +116,21 @@ QRect rememberedFrame(const Placement& placement, QSize size, const QRect& area)
     };
 }
 
+/// Whether the user put one over the other; so they stay. Of places that do not say in which room they were
+/// chosen it is taken for granted.
+bool belongTogether(const Placing::Remembered& one, const Placing::Remembered& other)
+{
+    const Placement& here = one.placement;
+    const Placement& there = other.placement;
+    if (here.screen != there.screen)
+        return false;
+    if (here.area.isEmpty() || there.area.isEmpty())
+        return true;
+    const QRect room{{}, here.area};
+    return here.area == there.area
+        && rememberedFrame(here, one.size, room).intersects(rememberedFrame(there, other.size, room));
+}
+
 bool covers(const QRect& frame, const std::vector<QRect>& others)
 {
     return std::ranges::any_of(others, [&](const QRect& other) { return frame.intersects(other); });
@@ -155,6 +171,7 @@ std::optional<Placement> placement(const QRect& frame, const std::vector<ScreenA
         .corner = cornerOf(isAtRight, isAtBottom),
         .inset = {isAtRight ? right : left, isAtBottom ? bottom : top},
         .identity = screen->identity,
+        .area = screen->area.size(),
     };
 }
 
@@ -170,16 +187,21 @@ QRect frame(const Placement& placement, QSize size, const std::vector<ScreenArea
 std::vector<QRect> frames(const std::vector<Remembered>& widgets, const std::vector<ScreenArea>& screens)
 {
     std::vector<QRect> frames;
-    std::vector<QRect> taken;
+    std::vector<std::size_t> settled;
     std::vector<std::size_t> displaced;
-    for (const auto& [placement, size] : widgets) {
+    for (std::size_t index = 0; index < widgets.size(); ++index) {
+        const auto& [placement, size] = widgets[index];
         const QRect place = frames.emplace_back(frame(placement, size, screens));
         const ScreenArea* home = homeOf(placement, screens);
-        if (home != nullptr && place == rememberedFrame(placement, size, home->area))
-            taken.push_back(place);
-        else
-            displaced.push_back(frames.size() - 1);
+        const bool isAtHome = home != nullptr && place == rememberedFrame(placement, size, home->area);
+        const bool isInTheWay = std::ranges::any_of(settled, [&](std::size_t other) {
+            return place.intersects(frames[other]) && !belongTogether(widgets[index], widgets[other]);
+        });
+        (isAtHome && !isInTheWay ? settled : displaced).push_back(index);
     }
+    std::vector<QRect> taken;
+    std::ranges::transform(
+        settled, std::back_inserter(taken), [&](std::size_t index) { return frames[index]; });
     for (const std::size_t index : displaced) {
         const auto screen = screenOf(frames[index], screens);
         if (screen && covers(frames[index], taken))

@@ -27,6 +27,8 @@ struct Placement {
     ScreenCorner corner;
     QPoint inset; ///< From the screen's corner to the widget's own, points, inwards.
     std::string identity{}; ///< The screen's; empty where it has none.
+    QSize
+        area{}; ///< Of the screen's room at that time; empty where a file of an earlier version says nothing.
 
     bool operator==(const Placement&) const = default;
 };
@@ -49,7 +51,8 @@ struct Remembered {
 };
 
 /// The frames of all widgets, in their order. Those that cannot stand where they are remembered, because the
-/// screen is gone or smaller now, cover none of the others as long as there is room.
+/// screen is gone or smaller now, cover none of the others as long as there is room, nor do two cover each
+/// other that did not in the room they were put into.
 std::vector<QRect> frames(const std::vector<Remembered>& widgets, const std::vector<ScreenArea>& screens);
 
 /// The frame moved by a few points onto the edges of its neighbours (side by side with a gap of one grid

@@ -52,6 +52,7 @@ TEST(Arrangement, whatIsWrittenIsRead)
     Arrangement locked = two;
     locked.isLocked = true;
     locked.widgets.front().placement.identity = "Maker Model 17";
+    locked.widgets.front().placement.area = {1920, 1050};
     EXPECT_EQ(Arrangement::decoded(locked.encoded()), locked);
 }
 

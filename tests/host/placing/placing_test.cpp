@@ -16,13 +16,23 @@ constexpr QSize small{170, 170};
 TEST(Placing, aWidgetIsRememberedByItsNearestCorner)
 {
     EXPECT_EQ(Placing::placement({QPoint{24, 54}, small}, both),
-        (Placement{.screen = "DP-1", .corner = ScreenCorner::topLeft, .inset = {24, 24}}));
+        (Placement{
+            .screen = "DP-1", .corner = ScreenCorner::topLeft, .inset = {24, 24}, .area = left.area.size()}));
     EXPECT_EQ(Placing::placement({QPoint{1920 - 170 - 16, 40}, small}, both),
-        (Placement{.screen = "DP-1", .corner = ScreenCorner::topRight, .inset = {16, 10}}));
+        (Placement{.screen = "DP-1",
+            .corner = ScreenCorner::topRight,
+            .inset = {16, 10},
+            .area = left.area.size()}));
     EXPECT_EQ(Placing::placement({QPoint{1928, 1024 - 170 - 8}, small}, both),
-        (Placement{.screen = "HDMI-1", .corner = ScreenCorner::bottomLeft, .inset = {8, 8}}));
+        (Placement{.screen = "HDMI-1",
+            .corner = ScreenCorner::bottomLeft,
+            .inset = {8, 8},
+            .area = right.area.size()}));
     EXPECT_EQ(Placing::placement({QPoint{3200 - 170, 1024 - 170}, small}, both),
-        (Placement{.screen = "HDMI-1", .corner = ScreenCorner::bottomRight, .inset = {0, 0}}));
+        (Placement{.screen = "HDMI-1",
+            .corner = ScreenCorner::bottomRight,
+            .inset = {0, 0},
+            .area = right.area.size()}));
     EXPECT_EQ(Placing::placement({QPoint{}, small}, {}), std::nullopt);
 }
 
@@ -103,7 +113,8 @@ TEST(Placing, aScreenIsFoundAgainInAnotherSocket)
         (Placement{.screen = "DP-2",
             .corner = ScreenCorner::topLeft,
             .inset = {8, 8},
-            .identity = "Maker Model 17"}));
+            .identity = "Maker Model 17",
+            .area = moved.area.size()}));
 }
 
 TEST(Placing, ofTwoEqualScreensTheNameTellsWhich)
@@ -139,6 +150,35 @@ TEST(Placing, whatTheUserPutOnTopOfEachOtherStaysSo)
         .placement = {.screen = "DP-1", .corner = ScreenCorner::topLeft, .inset = {8, 8}}, .size = small};
     const auto frames = Placing::frames({widget, widget}, {left});
     EXPECT_EQ(frames[0], frames[1]);
+}
+
+/// One down the right edge, counted from its top, and a second from its bottom.
+TEST(Placing, onASmallerScreenWidgetsOfTheTopAndTheBottomDoNotMeet)
+{
+    const ScreenArea large{.name = "DP-1", .area = {0, 0, 1600, 1000}};
+    const ScreenArea reduced{.name = "DP-1", .area = {0, 0, 1280, 800}};
+    const std::vector<QRect> before{{1406, 24, 170, 170}, {1212, 202, 364, 170}, {1212, 560, 364, 382}};
+    std::vector<Placing::Remembered> widgets;
+    for (const QRect& frame : before)
+        widgets.push_back({.placement = Placing::placement(frame, {large}).value(), .size = frame.size()});
+    const auto frames = Placing::frames(widgets, {reduced});
+    EXPECT_EQ(frames[0], QRect(1086, 24, 170, 170));
+    EXPECT_EQ(frames[1], QRect(892, 202, 364, 170));
+    EXPECT_TRUE(reduced.area.contains(frames[2]));
+    EXPECT_FALSE(frames[2].intersects(frames[0]));
+    EXPECT_FALSE(frames[2].intersects(frames[1]));
+    EXPECT_EQ(Placing::frames(widgets, {large}), before);
+}
+
+TEST(Placing, whatTheUserPutOnTopOfEachOtherStaysSoOnASmallerScreen)
+{
+    const ScreenArea reduced{.name = "DP-1", .area = {0, 0, 1280, 800}};
+    const auto put = [](const QRect& frame) {
+        return Placing::Remembered{
+            .placement = Placing::placement(frame, {left}).value(), .size = frame.size()};
+    };
+    const auto frames = Placing::frames({put({8, 38, 170, 170}), put({96, 38, 170, 170})}, {reduced});
+    EXPECT_EQ(frames, (std::vector<QRect>{{8, 8, 170, 170}, {96, 8, 170, 170}}));
 }
 
 TEST(Placing, aFrameIsMovedInsideByAsLittleAsPossible)
