@@ -53,6 +53,7 @@ Desktop::Desktop(ExtensionProcess& extension, const DesktopSetup& setup, std::un
           })
 {
     Screens::onChange(m_context, [this] { m_windows.restore(m_placed.all()); });
+    followAreas();
     if (setup.alerts)
         tellAlerts(*setup.alerts);
     start(setup);
@@ -79,7 +80,13 @@ void Desktop::followWindowManager()
     m_windows.clear();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_windows.follow(std::move(way));
+    followAreas();
     showAll();
+}
+
+void Desktop::followAreas()
+{
+    m_windows.way().onAreaChange([this] { m_windows.restore(m_placed.all()); });
 }
 
 void Desktop::start(const DesktopSetup& setup)

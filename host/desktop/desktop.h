@@ -65,6 +65,7 @@ public:
 
 private:
     void followWindowManager();
+    void followAreas();
     void start(const DesktopSetup& setup);
     void tellAlerts(const AlertSetup& setup);
     void learnWidgets();

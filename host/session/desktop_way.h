@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 class QPoint;
@@ -50,6 +51,9 @@ public:
 
     /// The screen's room for windows, panels left out.
     virtual QRect area(const QScreen& screen) const;
+
+    /// Calls back whenever that has changed without the toolkit's or the window manager's saying so.
+    virtual void onAreaChange(std::function<void()> /*changed*/) { }
 
     /// Whether ordinary windows and the pointer, too, are known in the coordinates of the screens.
     virtual bool arePlacesKnown() const { return true; }

@@ -1,6 +1,9 @@
 #include "host/session/layer_shell.h"
 
 #include "host/session/desktop_way.h"
+#include "host/session/layer_activation.h"
+#include "host/session/layer_areas.h"
+#include "host/session/wayland_protocols.h"
 
 #include <LayerShellQt/Window>
 #include <QGuiApplication>
@@ -11,24 +14,13 @@
 
 #include <map>
 #include <memory>
-#include <string_view>
 #include <utility>
-#include <wayland-client.h>
 
 namespace skyvane {
 
 namespace {
 
 using Layer = LayerShellQt::Window;
-
-void noteGlobal(
-    void* isFound, wl_registry*, std::uint32_t /*name*/, const char* interface, std::uint32_t /*version*/)
-{
-    if (std::string_view{interface} == "zwlr_layer_shell_v1")
-        *static_cast<bool*>(isFound) = true;
-}
-
-void forgetGlobal(void*, wl_registry*, std::uint32_t) { }
 
 QScreen* screenOf(const QRect& frame)
 {
@@ -42,6 +34,9 @@ public:
     void adopt(QWidget& window) override;
     void move(QWidget& window, const QPoint& place) override;
     void giveKeyboard(QWidget& window) override;
+    QString activationToken(QWidget&, std::uint32_t) override { return LayerActivation::newToken(); }
+    QRect area(const QScreen& screen) const override;
+    void onAreaChange(std::function<void()> changed) override { m_areas.onChange(std::move(changed)); }
 
     /// Events of the pointer count from the surface that holds it, and compositors disagree from where when
     /// it moves meanwhile: KWin and labwc from its new place, sway from that of the press.
@@ -52,6 +47,7 @@ public:
 private:
     /// The screen that each window's surface was made for.
     std::map<const QWidget*, QPointer<QScreen>> m_screens;
+    LayerAreas m_areas;
     QObject m_context;
 };
 
@@ -64,7 +60,7 @@ void LayerWay::adopt(QWidget& window)
     layer->setAnchors({Layer::AnchorTop, Layer::AnchorLeft});
     layer->setKeyboardInteractivity(Layer::KeyboardInteractivityNone);
     layer->setScope(QStringLiteral("dock")); // KWin tells by it what stays when the desktop is shown.
-    layer->setExclusiveZone(-1); // Margins count from the screen's edge, not from a panel's.
+    layer->setExclusiveZone(0); // Margins count from the room that panels leave.
     layer->setCloseOnDismissed(false); // Of a screen that goes; it is shown elsewhere.
     QObject::connect(
         &window, &QObject::destroyed, &m_context, [this, key = &window] { m_screens.erase(key); });
@@ -89,6 +85,12 @@ void LayerWay::move(QWidget& window, const QPoint& place)
     if (changesScreen)
         window.show();
     window.update(); // The new place is told with the next picture.
+}
+
+/// Places count from the room that panels leave, wherever that is on the screen.
+QRect LayerWay::area(const QScreen& screen) const
+{
+    return {screen.geometry().topLeft(), m_areas.of(screen)};
 }
 
 /// On the bottom layer compositors may refuse it. The widget comes up for as long as it has the keyboard.
@@ -127,13 +129,8 @@ bool LayerShell::isOffered()
         wl_display_connect(nullptr), &wl_display_disconnect};
     if (!display)
         return false;
-    bool isFound = false;
-    const std::unique_ptr<wl_registry, decltype(&wl_registry_destroy)> registry{
-        wl_display_get_registry(display.get()), &wl_registry_destroy};
-    static constexpr wl_registry_listener listener{.global = noteGlobal, .global_remove = forgetGlobal};
-    wl_registry_add_listener(registry.get(), &listener, &isFound);
-    wl_display_roundtrip(display.get());
-    return isFound;
+    const Wayland::Object<Wayland::Forget> shell{Wayland::bind(display.get(), Wayland::layerShell)};
+    return shell != nullptr;
 }
 
 std::unique_ptr<DesktopWay> LayerShell::way()
