@@ -3,7 +3,6 @@
 
 #include "bench/field/turns.h"
 #include "companion/alerts/alert_store.h"
-#include "companion/app/appearance.h"
 #include "companion/feed/pacer.h"
 #include "companion/host_switch/host_control.h"
 #include "companion/window/main_window.h"

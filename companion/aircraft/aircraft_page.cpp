@@ -8,13 +8,13 @@
 #include "companion/aircraft/sky_dome.h"
 #include "companion/aircraft/watch_words.h"
 #include "companion/alerts/star_button.h"
-#include "companion/look/contrast.h"
 #include "companion/look/credits.h"
 #include "companion/look/notice_bar.h"
 #include "companion/look/scrolling.h"
 #include "companion/look/type_scale.h"
 #include "companion/sky/empty_sky.h"
 #include "companion/sky/live_scope.h"
+#include "desk/look/contrast.h"
 #include "desk/text.h"
 
 #include <QBoxLayout>

@@ -1,8 +1,8 @@
 #include "companion/aircraft/outlook.h"
 
 #include "companion/aircraft/pass_words.h"
-#include "companion/look/contrast.h"
 #include "core/config/scope_palette.h"
+#include "desk/look/contrast.h"
 #include "paint/to_qt.h"
 
 namespace skyvane {

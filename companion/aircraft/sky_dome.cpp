@@ -1,7 +1,7 @@
 #include "companion/aircraft/sky_dome.h"
 
-#include "companion/look/contrast.h"
 #include "companion/look/type_scale.h"
+#include "desk/look/contrast.h"
 #include "desk/text.h"
 #include "paint/pictograms.h"
 #include "paint/widget_card.h"

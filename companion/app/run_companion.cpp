@@ -2,7 +2,6 @@
 
 #include "alerts/sky_alerts.h"
 #include "companion/alerts/alert_store.h"
-#include "companion/app/appearance.h"
 #include "companion/app/companion_service.h"
 #include "companion/app/feed_journal.h"
 #include "companion/app/hand_over.h"
@@ -14,6 +13,7 @@
 #include "desk/alerts/alert_choices_file.h"
 #include "desk/alerts/notifications.h"
 #include "desk/bus/single_instance.h"
+#include "desk/look/appearance.h"
 #include "desk/text.h"
 #include "platform/files/configuration_file.h"
 #include "platform/files/programs.h"

@@ -1,7 +1,7 @@
 #include "companion/map/earth_map.h"
 
-#include "companion/look/contrast.h"
 #include "companion/look/type_scale.h"
+#include "desk/look/contrast.h"
 #include "desk/text.h"
 
 #include <QApplication>

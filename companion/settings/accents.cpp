@@ -1,6 +1,6 @@
 #include "companion/settings/accents.h"
 
-#include "companion/look/contrast.h"
+#include "desk/look/contrast.h"
 #include "desk/text.h"
 
 namespace skyvane {

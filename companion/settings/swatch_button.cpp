@@ -1,6 +1,6 @@
 #include "companion/settings/swatch_button.h"
 
-#include "companion/look/contrast.h"
+#include "desk/look/contrast.h"
 
 #include <QPainter>
 #include <QSizePolicy>

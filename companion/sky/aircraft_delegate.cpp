@@ -1,8 +1,8 @@
 #include "companion/sky/aircraft_delegate.h"
 
-#include "companion/look/contrast.h"
 #include "companion/look/type_scale.h"
 #include "companion/sky/sky_model.h"
+#include "desk/look/contrast.h"
 #include "paint/pictograms.h"
 
 #include <QPainter>

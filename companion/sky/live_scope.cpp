@@ -1,10 +1,10 @@
 #include "companion/sky/live_scope.h"
 
-#include "companion/look/contrast.h"
 #include "companion/sky/scope_layer.h"
 #include "companion/sky/sky_cells.h"
 #include "companion/sky/trail_on_scope.h"
 #include "desk/accessible_view.h"
+#include "desk/look/contrast.h"
 #include "desk/text.h"
 #include "paint/to_qt.h"
 

@@ -2,6 +2,7 @@
 
 #include "desk/alerts/alert_choices_file.h"
 #include "desk/bus/single_instance.h"
+#include "desk/look/appearance.h"
 #include "desk/text.h"
 #include "host/service/ask_host.h"
 #include "host/service/host_service.h"
@@ -79,6 +80,7 @@ int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup, bool 
     const SingleInstance instance{bus, BusName::host()};
     if (!instance.isFirst())
         return isRestart ? 0 : showGalleryOfOther(bus);
+    const Appearance appearance{bus};
     const TerminationWatch termination{[] { QCoreApplication::quit(); }};
     desktop.emplace(extension, setup, std::move(way));
     const int status = QApplication::exec();

@@ -4,10 +4,10 @@
 #include "companion/aircraft/route_panel.h"
 #include "companion/aircraft/sky_dome.h"
 #include "companion/alerts/star_button.h"
-#include "companion/app/appearance.h"
-#include "companion/look/contrast.h"
 #include "companion/look/notice_bar.h"
 #include "companion/sky/empty_sky.h"
+#include "desk/look/appearance.h"
+#include "desk/look/contrast.h"
 #include "tests/companion/companion_stage.h"
 
 #include <QLabel>

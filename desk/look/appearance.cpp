@@ -1,8 +1,8 @@
-#include "companion/app/appearance.h"
+#include "desk/look/appearance.h"
 
-#include "companion/app/outlined_style.h"
-#include "companion/look/contrast.h"
 #include "desk/bus/names.h"
+#include "desk/look/contrast.h"
+#include "desk/look/outlined_style.h"
 
 #include <QApplication>
 #include <QDBusPendingCallWatcher>

@@ -1,4 +1,4 @@
-#include "companion/look/contrast.h"
+#include "desk/look/contrast.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "companion/app/outlined_style.h"
+#include "desk/look/outlined_style.h"
 
-#include "companion/look/contrast.h"
+#include "desk/look/contrast.h"
 
 #include <QStyleOption>
 

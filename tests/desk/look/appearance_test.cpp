@@ -1,6 +1,6 @@
-#include "companion/app/appearance.h"
-#include "companion/look/contrast.h"
-#include "tests/companion/app/fake_portal.h"
+#include "desk/look/appearance.h"
+#include "desk/look/contrast.h"
+#include "tests/session/fake_portal.h"
 #include "tests/session/private_bus.h"
 #include "tests/session/wait_for.h"
 
