@@ -13,13 +13,6 @@ class This(sway.This):
     background = 0x1D3440
 
     without = {"shown desktop": sway.This.without["shown desktop"]}
-    flaws = {
-        "front": "sway marks a window that a click's token activates as urgent, unless told otherwise: man 5 sway, "
-        "focus_on_window_activation",
-        "keyboard": "sway takes the keyboard from a layer as soon as that wants it no longer to itself, and gives it back only to one "
-        "that would then keep it from every window",
-    }
-
     def rules(self, session):
         """Of one colour by a picture: a single pixel that is scaled fades."""
         file = session.home / "background.png"
