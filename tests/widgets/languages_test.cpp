@@ -1,32 +1,36 @@
+#include "core/views/sample_entry.h"
 #include "platform/files/files.h"
 #include "platform/json/value.h"
+#include "platform/pinned.h"
+#include "platform/text/locale.h"
+#include "tests/core/sample_sky.h"
+#include "tests/support/languages.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/ui/layout/even_measurer.h"
 #include "tests/widgets/layout_check.h"
 #include "ui/archive/archive.h"
 #include "ui/layout/widget_container.h"
-#include "widgets/skyvane_widget_bundle.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
-#include <utility>
+#include <variant>
 #include <vector>
 
 namespace skyvane {
 namespace {
 
 using testing::Contains;
-using testing::Each;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 /// The built extension, installed into a scratch folder as a package would.
 class InstalledExtension {
@@ -81,17 +85,6 @@ private:
     std::filesystem::path m_program{m_scratch.path() / "libexec/skyvane/skyvane-widgets"};
 };
 
-/// Last components of the kinds, each with every family that it supports.
-std::vector<std::pair<std::string, std::string>> everyWidget()
-{
-    std::vector<std::pair<std::string, std::string>> all;
-    for (const Widget& widget : SkyvaneWidgetBundle{}.body()) {
-        for (const WidgetFamily family : widget.supportedFamilies)
-            all.emplace_back(widget.kind.substr(widget.kind.rfind('.') + 1), WidgetContainer::name(family));
-    }
-    return all;
-}
-
 constexpr const char* listRequest = R"({"jsonrpc":"2.0","id":1,"method":"widgets.list"})";
 
 TEST(Languages, textsAndNumbersFollowTheUsersLocale)
@@ -122,17 +115,65 @@ TEST(Languages, namesAndDescriptionsAreTranslated)
     EXPECT_THAT(extension.answer("is_IS.UTF-8", listRequest), HasSubstr("Nearest Aircraft"));
 }
 
-TEST(Languages, theLayoutHoldsInEveryLanguage)
+/// How often texts of a widget end in "…".
+std::ptrdiff_t cuts(const DisplayList& list)
 {
-    const InstalledExtension extension;
-    for (const char* locale : {"de_DE.UTF-8", "es_ES.UTF-8", "fr_FR.UTF-8"}) {
-        for (const auto& [kind, family] : everyWidget()) {
-            const DisplayList list = extension.placeholder(locale, kind, family);
-            EXPECT_THAT(test::layoutProblems(list, test::EvenMeasurer{}), IsEmpty())
-                << locale << ", " << kind;
-            EXPECT_THAT(test::textsOf(list), Each(Not(HasSubstr("…")))) << locale << ", " << kind;
+    return std::ranges::count_if(
+        test::textsOf(list), [](const std::string& text) { return text.ends_with("…"); });
+}
+
+std::vector<SkyEntry> skies()
+{
+    SkyEntry withoutHome = test::skyOf(0);
+    withoutHome.home.reset();
+    return {sampleEntry(), test::skyOf(0), test::skyOf(700), withoutHome};
+}
+
+/// Each widget against itself in English.
+TEST(Languages, nothingIsCutAndNoLineBreaksThatDoesNotInEnglish)
+{
+    for (const SkyEntry& sky : skies()) {
+        const std::vector<test::LaidOut> english = test::laidOut(sky);
+        for (const std::string& language : test::languages()) {
+            const test::InLanguage there{language};
+            const Pinned<Locale> locale{{.numbers = language, .times = language, .timeZone = "UTC"}};
+            const std::vector<test::LaidOut> laidOut = test::laidOut(sky);
+            ASSERT_EQ(laidOut.size(), english.size());
+            for (std::size_t widget = 0; widget < laidOut.size(); ++widget) {
+                const auto& [title, list] = laidOut[widget];
+                const DisplayList& original = english[widget].list;
+                const std::string where
+                    = language + ", " + title + ", " + testing::PrintToString(test::textsOf(list));
+                EXPECT_THAT(test::layoutProblems(list, test::EvenMeasurer{}), IsEmpty()) << where;
+                EXPECT_LE(cuts(list), cuts(original)) << where;
+                if (sky.home) // Without one the widget is a sentence, which may wrap.
+                    EXPECT_EQ(list.items.size(), original.items.size()) << where;
+            }
         }
     }
+}
+
+TEST(Languages, fromRightToLeftTheScopeIsTheSameAndTheTextsStandAtTheOtherSide)
+{
+    const SkyEntry sky = sampleEntry();
+    const DisplayList english = test::laidOut(sky).at(2).list;
+    const test::InLanguage arabic{"ar"};
+    const DisplayList mirrored = test::laidOut(sky).at(2).list;
+    const double otherSide
+        = std::get<Ellipse>(mirrored.items.at(0)).center.x - std::get<Ellipse>(english.items.at(0)).center.x;
+    EXPECT_GT(otherSide, 100);
+    ASSERT_EQ(mirrored.items.size(), english.items.size());
+    std::size_t rings = 0;
+    for (std::size_t item = 0; item < english.items.size(); ++item) {
+        if (const auto* ring = std::get_if<Ellipse>(&english.items[item])) {
+            const auto& other = std::get<Ellipse>(mirrored.items[item]);
+            EXPECT_NEAR(other.center.x, ring->center.x + otherSide, 1e-9);
+            EXPECT_EQ(other.center.y, ring->center.y);
+            EXPECT_EQ(other.diameter, ring->diameter);
+            ++rings;
+        }
+    }
+    EXPECT_EQ(rings, 4U);
 }
 
 TEST(Languages, aMissingCatalogueFallsBackToEnglish)

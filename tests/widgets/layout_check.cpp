@@ -1,7 +1,14 @@
 #include "tests/widgets/layout_check.h"
 
+#include "platform/text/localized.h"
+#include "platform/text/unicode.h"
 #include "tests/ui/layout/even_measurer.h"
 #include "widgets/skyvane_widget_bundle.h"
+
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
 
 namespace skyvane::test {
 
@@ -27,6 +34,24 @@ bool isBeyond(const Rect& frame, const Size& size, double margin)
         || frame.y + frame.height > size.height - margin + tolerance;
 }
 
+bool fillsASquare(std::string_view character)
+{
+    const icu::UnicodeString text = icu::UnicodeString::fromUTF8(
+        icu::StringPiece{character.data(), static_cast<std::int32_t>(character.size())});
+    const int width = u_getIntPropertyValue(text.char32At(0), UCHAR_EAST_ASIAN_WIDTH);
+    return width == U_EA_WIDE || width == U_EA_FULLWIDTH;
+}
+
+class SquareMeasurer : public EvenMeasurer {
+public:
+    double width(std::string_view text, const FontFace& face, double tracking) const override
+    {
+        constexpr double more = 0.4; // Of the size.
+        const auto squares = std::ranges::count_if(Unicode::characters(text), fillsASquare);
+        return EvenMeasurer::width(text, face, tracking) + static_cast<double>(squares) * more * face.size;
+    }
+};
+
 bool overlap(const Rect& one, const Rect& other)
 {
     return one.x + one.width > other.x + tolerance && other.x + other.width > one.x + tolerance
@@ -37,13 +62,15 @@ bool overlap(const Rect& one, const Rect& other)
 
 std::vector<LaidOut> laidOut(const SkyEntry& entry)
 {
+    const SquareMeasurer measurer;
     std::vector<LaidOut> all;
     for (const Widget& widget : SkyvaneWidgetBundle{}.body()) {
         for (const WidgetFamily family : widget.supportedFamilies) {
             const std::string_view name = WidgetContainer::name(family);
             all.push_back({
                 .title = widget.displayName + ", " + std::string{name},
-                .list = WidgetContainer::layout(widget.content(entry, family).view, family, EvenMeasurer{}),
+                .list = WidgetContainer::layout(
+                    widget.content(entry, family).view, family, measurer, textDirection()),
             });
         }
     }

@@ -13,7 +13,8 @@ struct LaidOut {
     DisplayList list;
 };
 
-/// Every widget in each of its families, by the even measurer.
+/// Every widget in each of its families, in the language of the moment, by a measurer for which every
+/// character is 0.6 of the size wide, and one that fills a square, as those of East Asia do, the whole size.
 std::vector<LaidOut> laidOut(const SkyEntry& entry);
 
 /// What is wrong with a laid-out widget: a text or a pictogram beyond its margins, two texts over each other.
