@@ -54,10 +54,12 @@ void DisplayListView::showCard(View view, const Color& background, const QString
 void DisplayListView::layOut()
 {
     const Size space{.width = 1.0 * width(), .height = 1.0 * height()};
-    m_list = m_view ? WidgetContainer::layout(*m_view, space, m_fonts) : DisplayList{.size = space};
+    const TextDirection direction = fromQt(layoutDirection());
+    m_list
+        = m_view ? WidgetContainer::layout(*m_view, space, m_fonts, direction) : DisplayList{.size = space};
     if (!isPressable())
         m_list.links.clear();
-    m_parts = spokenParts(m_list);
+    m_parts = spokenParts(m_list, direction);
     if (m_focusedLink >= m_list.links.size())
         m_focusedLink.reset();
     laidOut();
@@ -118,6 +120,13 @@ void DisplayListView::paintUnder(QPainter&, const DisplayList&) { }
 void DisplayListView::resizeEvent(QResizeEvent*)
 {
     if (m_list.size != Size{.width = 1.0 * width(), .height = 1.0 * height()})
+        layOut();
+}
+
+void DisplayListView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
         layOut();
 }
 

@@ -16,7 +16,8 @@ namespace skyvane {
 
 /// The one widget that shows a display list: a view laid out on a rounded card of whatever size it is given.
 /// Where it can be pressed, Tab goes over the whole and each link with a focus ring, and Enter presses. A
-/// screen reader finds its texts and links as children.
+/// screen reader finds its texts and links as children. Mirrored where the widget's layout direction is from
+/// right to left.
 class DisplayListView : public QWidget, public SpokenView {
     Q_OBJECT
 public:
@@ -41,6 +42,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

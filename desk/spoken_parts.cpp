@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <tuple>
+#include <utility>
 
 namespace skyvane {
 
@@ -64,10 +64,18 @@ Row& rowOf(std::vector<Row>& rows, double baseline)
     return place != rows.end() ? *place : rows.emplace_back(Row{.baseline = baseline});
 }
 
-SpokenPart spokenRow(Row row)
+/// Grows in reading order.
+double beginning(double left, double width, TextDirection direction)
 {
+    return direction == TextDirection::rightToLeft ? -(left + width) : left;
+}
+
+SpokenPart spokenRow(Row row, TextDirection direction)
+{
+    const auto start
+        = [&](const TextLine* line) { return beginning(line->origin.x, line->width, direction); };
     std::stable_sort(row.lines.begin(), row.lines.end(),
-        [](const TextLine* a, const TextLine* b) { return a->origin.x < b->origin.x; });
+        [&](const TextLine* a, const TextLine* b) { return start(a) < start(b); });
     SpokenPart part{.text = {}, .frame = frameOf(*row.lines.front())};
     for (const TextLine* line : row.lines) {
         append(part.text, line->string);
@@ -78,7 +86,7 @@ SpokenPart spokenRow(Row row)
 
 } // namespace
 
-std::vector<SpokenPart> spokenParts(const DisplayList& list)
+std::vector<SpokenPart> spokenParts(const DisplayList& list, TextDirection direction)
 {
     std::vector<SpokenPart> parts;
     for (const LinkArea& link : list.links)
@@ -98,9 +106,10 @@ std::vector<SpokenPart> spokenParts(const DisplayList& list)
             part.text = list.links[*part.link].url.text();
     }
     for (const Row& row : rows)
-        parts.push_back(spokenRow(row));
-    std::stable_sort(parts.begin(), parts.end(), [](const SpokenPart& a, const SpokenPart& b) {
-        return std::tie(a.frame.y, a.frame.x) < std::tie(b.frame.y, b.frame.x);
+        parts.push_back(spokenRow(row, direction));
+    std::stable_sort(parts.begin(), parts.end(), [&](const SpokenPart& a, const SpokenPart& b) {
+        return std::pair{a.frame.y, beginning(a.frame.x, a.frame.width, direction)}
+        < std::pair{b.frame.y, beginning(b.frame.x, b.frame.width, direction)};
     });
     return parts;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/text/text_direction.h"
 #include "ui/layout/display_list.h"
 
 #include <cstddef>
@@ -19,7 +20,7 @@ struct SpokenPart {
     bool operator==(const SpokenPart&) const = default;
 };
 
-/// The parts of a display list in reading order: from top to bottom, then from left to right.
-std::vector<SpokenPart> spokenParts(const DisplayList& list);
+/// The parts of a display list in reading order: from top to bottom, then in the direction of its texts.
+std::vector<SpokenPart> spokenParts(const DisplayList& list, TextDirection direction);
 
 } // namespace skyvane

@@ -6,6 +6,7 @@
 #include "host/service/supervisor.h"
 #include "host/session/layer_shell.h"
 #include "host/session/toolkit_look.h"
+#include "paint/to_qt.h"
 #include "platform/files/programs.h"
 #include "platform/files/shared_turn.h"
 #include "platform/text/localized.h"
@@ -45,14 +46,21 @@ void choosePlatform()
         qputenv("QT_QPA_PLATFORM", "xcb");
 }
 
+void useLanguageOfUser()
+{
+    const std::filesystem::path prefix = skyvane::Programs::ownFolder().parent_path();
+    skyvane::useCatalogues(skyvane::Programs::catalogues(prefix));
+    QGuiApplication::setLayoutDirection(skyvane::toQt(skyvane::textDirection()));
+}
+
 int runCommand(const std::vector<std::string>& words, char* argv[])
 {
     // Pictures need fonts but no display, and standard error is for this program's own words.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(dropMessage);
-    skyvane::useCatalogues(skyvane::Programs::catalogues(skyvane::Programs::ownFolder().parent_path()));
     int programNameOnly = 1;
     const QGuiApplication application{programNameOnly, argv};
+    useLanguageOfUser(); // For a line and what is rendered; the commands' own words stay English.
     return skyvane::runCommand(
         words, extension(), {.out = std::cout, .error = std::cerr}, skyvane::SharedTurn::file());
 }
@@ -61,7 +69,6 @@ int showWidgets(bool isRestart, char* argv[])
 {
     skyvane::keepJournalPrintable();
     const std::filesystem::path folder = skyvane::Programs::ownFolder();
-    skyvane::useCatalogues(skyvane::Programs::catalogues(folder.parent_path()));
     // As the user has it: some of it is taken out below, some by the toolkit.
     const skyvane::Companion companion{
         .program = skyvane::Programs::companion(folder),
@@ -74,6 +81,7 @@ int showWidgets(bool isRestart, char* argv[])
     QApplication::setDesktopFileName(skyvane::BusName::host());
     int programNameOnly = 1;
     const auto application = display.open<QApplication>(programNameOnly, argv);
+    useLanguageOfUser();
     return skyvane::runDesktop(extension(), skyvane::standardSetup(companion), isRestart);
 }
 

@@ -62,6 +62,15 @@ bool endsLine(QChar character)
     }
 }
 
+/// Letters of a script whose letters join, as those of Arabic do, which blanks between them would tear apart.
+bool joinsLetters(const QString& text)
+{
+    return std::ranges::any_of(text, [](QChar character) {
+        return character.joiningType() == QChar::Joining_Dual
+            || character.joiningType() == QChar::Joining_Right;
+    });
+}
+
 /// Laid out on one line, however long and whatever is in it.
 std::unique_ptr<QTextLayout> oneLine(QString text, const QFont& font)
 {
@@ -143,9 +152,10 @@ const FontMeasurer::ShapedLine& FontMeasurer::shapedLine(
         font.setHintingPreference(QFont::PreferDefaultHinting);
         font.setStyleStrategy(QFont::PreferDefault);
     }
-    if (tracking != 0)
+    const QString string = toQString(text);
+    if (tracking != 0 && !joinsLetters(string))
         font.setLetterSpacing(QFont::AbsoluteSpacing, tracking * shapingSize);
-    return m_lines.emplace(std::move(key), shape(toQString(text), font)).first->second;
+    return m_lines.emplace(std::move(key), shape(string, font)).first->second;
 }
 
 FontMeasurer::ShapedLine FontMeasurer::shape(const QString& text, const QFont& font)

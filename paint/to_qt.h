@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/text/text_direction.h"
 #include "ui/layout/geometry.h"
 #include "ui/tree/color.h"
 
@@ -20,6 +21,16 @@ inline QString toQString(std::string_view text)
 inline QPointF toQt(Point point)
 {
     return {point.x, point.y};
+}
+
+inline Qt::LayoutDirection toQt(TextDirection direction)
+{
+    return direction == TextDirection::rightToLeft ? Qt::RightToLeft : Qt::LeftToRight;
+}
+
+inline TextDirection fromQt(Qt::LayoutDirection direction)
+{
+    return direction == Qt::RightToLeft ? TextDirection::rightToLeft : TextDirection::leftToRight;
 }
 
 inline QColor toQt(const Color& color)

@@ -34,7 +34,7 @@ void paintFocus(const QRectF& frame, double radius, QPainter& painter)
     painter.drawRoundedRect(frame.adjusted(half, half, -half, -half), radius - half, radius - half);
 }
 
-void paintMark(Mark mark, double width, QPainter& painter)
+void paintMark(Mark mark, double width, QPainter& painter, TextDirection direction)
 {
     constexpr double inset = 13;
     constexpr double radius = 3;
@@ -46,7 +46,8 @@ void paintMark(Mark mark, double width, QPainter& painter)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(isDot ? QPen{Qt::NoPen} : QPen{toQt(refreshing), 1.5});
     painter.setBrush(isDot ? QBrush{toQt(stale)} : QBrush{Qt::NoBrush});
-    painter.drawEllipse(QPointF{width - inset, inset}, radius, radius);
+    const double x = direction == TextDirection::rightToLeft ? inset : width - inset;
+    painter.drawEllipse(QPointF{x, inset}, radius, radius);
 }
 
 } // namespace skyvane::WidgetCard

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/text/text_direction.h"
 #include "ui/layout/geometry.h"
 #include "ui/layout/widget_container.h"
 #include "ui/tree/color.h"
@@ -22,13 +23,14 @@ void paintBackground(const Size& size, const Color& background, QPainter& painte
 /// Paints the keyboard's focus ring just inside the frame.
 void paintFocus(const QRectF& frame, double radius, QPainter& painter);
 
-/// The mark in a widget's corner.
+/// The mark in a widget's corner: that at the top where lines end.
 enum class Mark {
     none,
     stale, ///< It is no longer up to date: a dot.
     refreshing, ///< A refresh is still to come: a ring.
 };
 
-void paintMark(Mark mark, double width, QPainter& painter);
+void paintMark(
+    Mark mark, double width, QPainter& painter, TextDirection direction = TextDirection::leftToRight);
 
 } // namespace skyvane::WidgetCard

@@ -2,10 +2,12 @@
 
 #include "host/commands/operands.h"
 #include "host/commands/turn_to_ask.h"
+#include "paint/to_qt.h"
 #include "platform/text/printable.h"
 #include "ui/layout/widget_container.h"
 
 #include <QBuffer>
+#include <QGuiApplication>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -90,7 +92,8 @@ QByteArray png(const QImage& image)
 QByteArray picture(const RenderWords& words, const WidgetInfo& widget, const WidgetEntry& entry)
 {
     const FontMeasurer fonts;
-    const DisplayList list = WidgetContainer::layout(entry.view, words.family, fonts);
+    const TextDirection direction = fromQt(QGuiApplication::layoutDirection());
+    const DisplayList list = WidgetContainer::layout(entry.view, words.family, fonts, direction);
     if (words.format == PictureFormat::png)
         return png(renderImage(list, entry.background, words.scale, fonts, words.corners));
     const SvgLabels labels{

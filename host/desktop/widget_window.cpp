@@ -98,7 +98,7 @@ void WidgetWindow::paintEvent(QPaintEvent* event)
     DisplayListView::paintEvent(event);
     if (m_shown) {
         QPainter painter{this};
-        WidgetCard::paintMark(m_shown->mark, width(), painter);
+        WidgetCard::paintMark(m_shown->mark, width(), painter, fromQt(layoutDirection()));
     }
 }
 

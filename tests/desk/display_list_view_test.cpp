@@ -125,6 +125,18 @@ TEST_F(DisplayListViewTest, isLaidOutAnewForAnotherSize)
     EXPECT_THAT(pressed, ElementsAre("skyvane://aircraft/a"));
 }
 
+TEST_F(DisplayListViewTest, fromRightToLeftItIsMirroredAndSpokenFromTheRight)
+{
+    view.showCard(View{HStack{.children = {half("skyvane://first"), half("skyvane://second")}}}, blue);
+    picture.showCard(HStack{.spacing = 4}({text("first"), text("second")}), blue);
+    tap({50, 100});
+    for (DisplayListView* one : {&view, &picture})
+        one->setLayoutDirection(Qt::RightToLeft);
+    tap({50, 100});
+    EXPECT_THAT(pressed, ElementsAre("skyvane://first", "skyvane://second"));
+    EXPECT_EQ(picture.accessibleDescription(), "first, second");
+}
+
 TEST_F(DisplayListViewTest, itsTextsAreSpoken)
 {
     view.setAccessibleName("Radar");

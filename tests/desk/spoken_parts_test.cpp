@@ -23,10 +23,10 @@ LinkArea link(const char* url, const Rect& frame)
     return {.frame = frame, .url = URL::parse(url).value()};
 }
 
-std::vector<std::string> texts(const DisplayList& list)
+std::vector<std::string> texts(const DisplayList& list, TextDirection direction = TextDirection::leftToRight)
 {
     std::vector<std::string> texts;
-    for (const SpokenPart& part : spokenParts(list))
+    for (const SpokenPart& part : spokenParts(list, direction))
         texts.push_back(part.text);
     return texts;
 }
@@ -41,7 +41,7 @@ TEST(SpokenParts, aLinkIsCalledByTheTextsOnIt)
         .links = {link("skyvane://aircraft/abc", {16, 40, 138, 30})},
     };
     const SpokenPart expected{.text = "BAW123, 12 km", .frame = {16, 40, 138, 30}, .link = 0};
-    EXPECT_THAT(spokenParts(list), testing::ElementsAre(expected));
+    EXPECT_THAT(spokenParts(list, TextDirection::leftToRight), testing::ElementsAre(expected));
 }
 
 TEST(SpokenParts, aLinkWithoutTextIsCalledByItsUrl)
@@ -57,7 +57,7 @@ TEST(SpokenParts, textsBesideEveryLinkAreOnePartARow)
         .items = {line("12 km", {100, 60.4}), line("QUIET SKY", {20, 30}), line("BAW123", {20, 60})},
     };
     EXPECT_THAT(texts(list), testing::ElementsAre("QUIET SKY", "BAW123, 12 km"));
-    const Rect frame = spokenParts(list).back().frame;
+    const Rect frame = spokenParts(list, TextDirection::leftToRight).back().frame;
     EXPECT_EQ(frame.x, 20);
     EXPECT_EQ(frame.width, 120);
     EXPECT_NEAR(frame.y, 50, 0.5);
@@ -73,7 +73,21 @@ TEST(SpokenParts, theOrderIsThatOfReading)
             link("skyvane://aircraft/first", {16, 50, 138, 30})},
     };
     EXPECT_THAT(texts(list), testing::ElementsAre("above", "first", "second", "below"));
-    EXPECT_EQ(spokenParts(list)[1].link, 1U);
+    EXPECT_EQ(spokenParts(list, TextDirection::leftToRight)[1].link, 1U);
+}
+
+TEST(SpokenParts, theOrderIsThatOfReadingFromRightToLeft)
+{
+    const DisplayList list{
+        .size = {170, 170},
+        .items = {line("second", {20, 60}), line("first", {100, 60.4}), line("east", {120, 110}),
+            line("west", {20, 110})},
+        .links = {link("skyvane://aircraft/west", {16, 90, 60, 30}),
+            link("skyvane://aircraft/east", {90, 90, 70, 30})},
+    };
+    EXPECT_THAT(texts(list), testing::ElementsAre("second, first", "west", "east"));
+    EXPECT_THAT(
+        texts(list, TextDirection::rightToLeft), testing::ElementsAre("first, second", "east", "west"));
 }
 
 TEST(SpokenParts, ofLinksAboveEachOtherTheOneOnTopHasTheText)

@@ -115,6 +115,26 @@ TEST(Program, theUsersHintingOfFontsIsHeededWherePixelsAreLarge)
     EXPECT_FALSE(picture("hintslight", "1").isNull());
 }
 
+TEST(Program, whatIsRenderedIsMirroredWhereTheUsersLanguageRunsFromRightToLeft)
+{
+    const test::ScratchFolder folder;
+    const auto scopeStandsAt = [&](const QString& language, int x) {
+        const Outcome outcome = runProgram({"render", "radar", "medium", "--sample"}, folder.path(),
+            withoutDisplay(folder.path(), {"LC_ALL=" + language}));
+        EXPECT_EQ(outcome.error, "");
+        const QImage image{QString::fromStdString((folder.path() / "radar-medium.png").string())};
+        constexpr int bottomOfOuterRing = 153;
+        return image.pixelColor(x, bottomOfOuterRing) != image.pixelColor(x, bottomOfOuterRing + 8);
+    };
+    constexpr int atTheLeft = 85;
+    constexpr int atTheRight = 364 - atTheLeft;
+    EXPECT_TRUE(scopeStandsAt("C.UTF-8", atTheLeft));
+    EXPECT_FALSE(scopeStandsAt("C.UTF-8", atTheRight));
+    EXPECT_TRUE(scopeStandsAt("ar_EG.UTF-8", atTheRight));
+    EXPECT_FALSE(scopeStandsAt("ar_EG.UTF-8", atTheLeft));
+    EXPECT_TRUE(scopeStandsAt("he_IL.UTF-8", atTheLeft)); // Without a catalogue, texts are English.
+}
+
 TEST(Program, withoutADisplayItEndsWithOneLine)
 {
     const test::ScratchFolder folder;

@@ -78,6 +78,20 @@ TEST(FontMeasurer, trackingFollowsEveryCharacter)
     EXPECT_THAT(fonts.width("RADAR", fixed, 2) - fonts.width("RADAR", fixed, 0), DoubleNear(10, 0.01));
 }
 
+TEST(FontMeasurer, trackingTearsNoJoinedLettersApart)
+{
+    const FontMeasurer fonts;
+    EXPECT_THAT(fonts.width("الأقرب", plain, 2) - fonts.width("الأقرب", plain, 0), DoubleNear(0, 0.01));
+}
+
+TEST(FontMeasurer, aTextFromRightToLeftFillsItsWidthFromTheLeft)
+{
+    const FontMeasurer fonts;
+    const QRect ink = inkOf(fonts, "الأقرب", plain, 4);
+    EXPECT_NEAR(ink.left(), 20 * 4, 8);
+    EXPECT_NEAR(ink.right(), (20 + fonts.width("الأقرب", plain, 0)) * 4, 8);
+}
+
 TEST(FontMeasurer, anEmptyTextHasNoWidth)
 {
     const FontMeasurer fonts;
