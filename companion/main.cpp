@@ -4,6 +4,7 @@
 #include "desk/bus/names.h"
 #include "desk/display.h"
 #include "desk/journal.h"
+#include "paint/to_qt.h"
 #include "platform/files/programs.h"
 #include "platform/text/localized.h"
 
@@ -50,6 +51,7 @@ int main(int argc, char* argv[])
     // after it.
     QTimer::singleShot(std::chrono::milliseconds{300},
         [] { QApplication::setWindowIcon(QIcon::fromTheme(skyvane::BusName::companion())); });
+    QApplication::setLayoutDirection(skyvane::toQt(skyvane::textDirection()));
     QTranslator words;
     if (words.load(QLocale{}, QStringLiteral("qtbase"), QStringLiteral("_"),
             QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

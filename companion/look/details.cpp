@@ -48,7 +48,8 @@ QString Details::text() const
 
 void Details::unfold(bool isUnfolded)
 {
-    m_button->setArrowType(isUnfolded ? Qt::DownArrow : Qt::RightArrow);
+    const Qt::ArrowType inwards = isRightToLeft() ? Qt::LeftArrow : Qt::RightArrow;
+    m_button->setArrowType(isUnfolded ? Qt::DownArrow : inwards);
     m_text->setVisible(isUnfolded);
 }
 

@@ -60,6 +60,10 @@ public:
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(QRectF{rect}.center() - QPointF{side / 2, side / 2});
         painter->scale(side / 16, side / 16);
+        if (m_shape == LineIcon::back && QGuiApplication::isRightToLeft()) {
+            painter->translate(16, 0);
+            painter->scale(-1, 1);
+        }
         const QColor color = QGuiApplication::palette().color(group, QPalette::WindowText);
         painter->setPen(QPen{color, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin});
         if (m_shape == LineIcon::starOn)

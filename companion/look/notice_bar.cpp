@@ -1,6 +1,7 @@
 #include "companion/look/notice_bar.h"
 
 #include "companion/look/details.h"
+#include "companion/look/reading_direction.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -22,7 +23,7 @@ NoticeBar::NoticeBar(const QString& actionText, QWidget* parent)
     m_text->setTextFormat(Qt::PlainText);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* row = new QHBoxLayout{this};
-    row->setContentsMargins(14, 8, 8, 8);
+    row->setContentsMargins(inReadingDirection({14, 8, 8, 8}));
     row->setSpacing(12);
     auto* column = new QVBoxLayout;
     column->setSpacing(2);

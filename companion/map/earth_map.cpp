@@ -160,7 +160,7 @@ void EarthMap::resizeEvent(QResizeEvent*)
     constexpr int margin = 8;
     int top = margin;
     for (QToolButton* button : {m_nearer, m_farther, m_back}) {
-        button->move(width() - margin - button->width(), top);
+        button->move(isRightToLeft() ? margin : width() - margin - button->width(), top);
         top += button->height() + 4;
     }
     if (!m_isMoved)

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <utility>
@@ -197,9 +198,12 @@ Reading position(const Coordinate& written)
 /// What the letter O means in the language; absent where it means nothing.
 std::optional<Hemisphere> meaningOfO(std::string_view language)
 {
-    if (language.starts_with("de"))
+    const auto isAmong = [&](std::initializer_list<std::string_view> languages) {
+        return std::ranges::find(languages, language.substr(0, language.find('_'))) != languages.end();
+    };
+    if (isAmong({"de", "nl"}))
         return Hemisphere::east;
-    if (language.starts_with("fr") || language.starts_with("es"))
+    if (isAmong({"es", "fr", "it", "pt"}))
         return Hemisphere::west;
     return std::nullopt;
 }

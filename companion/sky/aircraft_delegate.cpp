@@ -6,6 +6,7 @@
 #include "paint/pictograms.h"
 
 #include <QPainter>
+#include <QStyle>
 
 namespace skyvane {
 
@@ -50,15 +51,23 @@ void paintGlyph(QPainter& painter, const QRectF& square, const QVariant& track, 
     painter.restore();
 }
 
-/// At the right end. Its width, gap included.
-int paintBadge(QPainter& painter, const QRect& frame, const QString& badge, const QColor& color)
+/// Where a part of a cell stands that is given as it is from left to right.
+QRect mirrored(const QRect& part, const QStyleOptionViewItem& option)
+{
+    return QStyle::visualRect(option.direction, option.rect, part);
+}
+
+/// At the end of the frame. Its width, gap included.
+int paintBadge(QPainter& painter, const QRect& frame, const QString& badge,
+    const QStyleOptionViewItem& option, const QColor& color)
 {
     if (badge.isEmpty())
         return 0;
     const QFont font = TypeScale::small(painter.font());
     const QFontMetrics metrics{font};
     const QSize size{metrics.horizontalAdvance(badge) + CellDelegate::margin, metrics.height() + 2};
-    const QRect pill{QPoint{frame.right() - size.width(), frame.center().y() - size.height() / 2}, size};
+    const QPoint corner{frame.right() - size.width(), frame.center().y() - size.height() / 2};
+    const QRect pill = mirrored({corner, size}, option);
     painter.save();
     painter.setFont(font);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -83,19 +92,20 @@ void AircraftDelegate::paint(
     paintBackground(*painter, option, index);
     const auto [glyph, text] = colorsOf(option, index);
     QRect frame = option.rect.adjusted(margin, 0, -margin, 0);
+    const QRect place = mirrored({frame.left(), frame.top(), glyphSize, frame.height()}, option);
     const QRectF square{
-        QPointF(frame.left(), frame.center().y() - glyphSize / 2.0 + 0.5), QSizeF(glyphSize, glyphSize)};
+        QPointF(place.left(), frame.center().y() - glyphSize / 2.0 + 0.5), QSizeF(glyphSize, glyphSize)};
     paintGlyph(*painter, square, index.data(SkyModel::TrackRole), glyph);
     frame.setLeft(frame.left() + glyphSize + margin);
 
     painter->save();
     painter->setFont(option.font);
     const QString badge = index.data(SkyModel::BadgeRole).toString();
-    frame.setRight(frame.right() - paintBadge(*painter, frame, badge, text));
+    frame.setRight(frame.right() - paintBadge(*painter, frame, badge, option, text));
     const QFont font = TypeScale::strong(option.font);
     painter->setFont(font);
     painter->setPen(text);
-    painter->drawText(frame, Qt::AlignLeft | Qt::AlignVCenter,
+    painter->drawText(mirrored(frame, option), Qt::AlignLeft | Qt::AlignVCenter,
         QFontMetrics{font}.elidedText(index.data().toString(), Qt::ElideRight, frame.width()));
     painter->restore();
 }

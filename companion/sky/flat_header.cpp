@@ -43,8 +43,10 @@ void FlatHeader::paintSection(QPainter* painter, const QRect& frame, int column)
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setPen(Qt::NoPen);
         painter->setBrush(text);
-        painter->drawPolygon(arrow(QPointF{frame.right() + 0.5 - margin / 2.0, frame.center().y() + 0.5},
-            sortIndicatorOrder() == Qt::AscendingOrder));
+        constexpr double inset = 0.5 + margin / 2.0;
+        const double x = isRightToLeft() ? frame.left() + inset : frame.right() + 1 - inset;
+        painter->drawPolygon(
+            arrow(QPointF{x, frame.center().y() + 0.5}, sortIndicatorOrder() == Qt::AscendingOrder));
     }
     painter->restore();
 }

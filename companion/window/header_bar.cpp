@@ -2,6 +2,7 @@
 
 #include "companion/look/elided_label.h"
 #include "companion/look/line_icon.h"
+#include "companion/look/reading_direction.h"
 #include "companion/look/type_scale.h"
 #include "desk/text.h"
 
@@ -77,7 +78,7 @@ HeaderBar::HeaderBar(const Actions& actions, QWidget* parent)
     words->addWidget(m_title);
     words->addWidget(m_details);
     auto* row = new QHBoxLayout{this};
-    row->setContentsMargins(20, 14, 12, 12);
+    row->setContentsMargins(inReadingDirection({20, 14, 12, 12}));
     row->setSpacing(8);
     row->addWidget(actionButton(actions.back));
     row->addLayout(words, /*stretch=*/1);

@@ -138,6 +138,17 @@ TEST_F(EarthMapTest, buttonsZoomToTheWholeEarthAndNoFarther)
     EXPECT_NEAR(map.frame().place(munich).x(), 250, 1);
 }
 
+TEST_F(EarthMapTest, itsButtonsAreAtTheSideAtWhichLinesEnd)
+{
+    EXPECT_GT(button("Zoom in").x(), 400);
+    map.setLayoutDirection(Qt::RightToLeft);
+    map.resize(501, 300);
+    EXPECT_LT(button("Zoom in").geometry().right(), 100);
+    const QPointF east
+        = map.frame().place({.latitude = munich.latitude, .longitude = munich.longitude + 0.1});
+    EXPECT_GT(east.x(), 251); // East stays on the right.
+}
+
 TEST_F(EarthMapTest, theWheelTurnsThePageUnlessTheMapHasTheKeyboard)
 {
     const double before = map.frame().pointsPerNM();

@@ -188,6 +188,10 @@ TEST(Coordinates, theLetterOIsReadInTheUsersLanguageAndNotGuessed)
     EXPECT_EQ(Coordinates::read("N 52,5° O 13,5°", "de"), east);
     EXPECT_EQ(Coordinates::read("52.5 N, 13.5 O", "fr_CA"), west);
     EXPECT_EQ(Coordinates::read("52.5 N, 13.5 o", "es"), west);
+    EXPECT_EQ(Coordinates::read("52.5 N, 13.5 O", "nl_NL"), east);
+    for (const char* language : {"it", "pt", "pt_BR"})
+        EXPECT_EQ(Coordinates::read("52.5 N, 13.5 O", language), west);
+    EXPECT_EQ(Coordinates::read("52.5 N, 13.5 O", "sv"), Coordinates::Reading{Problem::eastOrWest});
     EXPECT_EQ(Coordinates::read("52.5 N, 13.5 O"), Coordinates::Reading{Problem::eastOrWest});
     EXPECT_EQ(Coordinates::read("52.5 N, 13.5 Ost"), east);
 }
