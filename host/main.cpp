@@ -5,6 +5,7 @@
 #include "host/service/run_desktop.h"
 #include "host/service/supervisor.h"
 #include "host/session/layer_shell.h"
+#include "host/session/shell_way.h"
 #include "host/session/toolkit_look.h"
 #include "paint/to_qt.h"
 #include "platform/files/programs.h"
@@ -65,24 +66,32 @@ int runCommand(const std::vector<std::string>& words, char* argv[])
         words, extension(), {.out = std::cout, .error = std::cerr}, skyvane::SharedTurn::file());
 }
 
-int showWidgets(bool isRestart, char* argv[])
+/// As the user has it: some of it is taken out later, some by the toolkit. A connection to the compositor is
+/// this process's alone.
+QProcessEnvironment environment()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("WAYLAND_SOCKET"));
+    return environment;
+}
+
+int showWidgets(const skyvane::HostStart& start, char* argv[])
 {
     skyvane::keepJournalPrintable();
     const std::filesystem::path folder = skyvane::Programs::ownFolder();
-    // As the user has it: some of it is taken out below, some by the toolkit.
     const skyvane::Companion companion{
         .program = skyvane::Programs::companion(folder),
-        .environment = QProcessEnvironment::systemEnvironment(),
+        .environment = environment(),
         .outside = isSandboxed() ? &QDBusConnection::sessionBus : nullptr,
     };
     const skyvane::Display display{"skyvane-host"};
-    choosePlatform();
+    start.isInShell ? skyvane::ShellWay::useOwnConnection() : choosePlatform();
     skyvane::keepThemesOut();
     QApplication::setDesktopFileName(skyvane::BusName::host());
     int programNameOnly = 1;
     const auto application = display.open<QApplication>(programNameOnly, argv);
     useLanguageOfUser();
-    return skyvane::runDesktop(extension(), skyvane::standardSetup(companion), isRestart);
+    return skyvane::runDesktop(extension(), skyvane::standardSetup(companion), start);
 }
 
 } // namespace
@@ -92,8 +101,11 @@ int main(int argc, char* argv[])
     const std::vector<std::string> words(argv + (argc > 0 ? 1 : 0), argv + argc);
     if (words == std::vector<std::string>{"--supervise"})
         return skyvane::Supervisor::run(
-            [&](bool isRestart) { return showWidgets(isRestart, argv); }, skyvane::Display::isReachable);
+            [&](bool isRestart) { return showWidgets({.isSupervised = true, .isRestart = isRestart}, argv); },
+            skyvane::Display::isReachable);
+    if (words == std::vector<std::string>{skyvane::ShellWay::option})
+        return showWidgets({.isInShell = true}, argv);
     if (!words.empty())
         return runCommand(words, argv);
-    return showWidgets(/*isRestart=*/false, argv);
+    return showWidgets({}, argv);
 }

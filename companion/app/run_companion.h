@@ -1,8 +1,8 @@
 #pragma once
 
 #include "companion/app/command_line.h"
-#include "companion/host_switch/autostart.h"
 #include "companion/photo/photo_image.h"
+#include "desk/autostart.h"
 #include "platform/net/transport.h"
 
 #include <QDBusConnection>

@@ -4,6 +4,7 @@
 #include "desk/bus/single_instance.h"
 #include "desk/text.h"
 
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -28,6 +29,11 @@ HostControl::HostControl(QDBusConnection bus, QString program)
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString&, const QString&, const QString& owner) { setRunning(!owner.isEmpty()); });
     askWhetherItRuns();
+}
+
+bool HostControl::isShellThere() const
+{
+    return m_bus.isConnected() && m_bus.interface()->isServiceRegistered(BusName::shell()).value();
 }
 
 void HostControl::askWhetherItRuns()

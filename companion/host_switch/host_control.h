@@ -18,6 +18,10 @@ public:
     const QString& program() const { return m_program; }
     bool isRunning() const { return m_isRunning; }
 
+    /// Whether a shell shows the widgets, or runs the host, itself; it does from log-in on unless told
+    /// otherwise.
+    bool isShellThere() const;
+
     void start();
     void stop();
 

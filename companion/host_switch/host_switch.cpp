@@ -80,8 +80,8 @@ void HostSwitch::addWidgets()
 void HostSwitch::keep(bool isOn)
 {
     const bool hasTaken
-        = isOn ? Autostart::turnOn(m_folders, m_host.program().toStdString()) : Autostart::turnOff(m_folders);
-    m_atLogin->setChecked(Autostart::isOn(m_folders));
+        = isOn ? Autostart::turnOn(folders(), m_host.program().toStdString()) : Autostart::turnOff(folders());
+    m_atLogin->setChecked(Autostart::isOn(folders()));
     if (!hasTaken)
         showProblem(
             localizedText("What starts when you log in cannot be changed: %1", {m_folders.own.string()}));
@@ -103,7 +103,15 @@ void HostSwitch::showProblem(const QString& problem)
 void HostSwitch::showWhatIsSo()
 {
     m_now->setChecked(m_host.isRunning());
-    m_atLogin->setChecked(Autostart::isOn(m_folders));
+    m_atLogin->setChecked(Autostart::isOn(folders()));
+}
+
+/// A shell comes and goes with the extension that makes it one.
+AutostartFolders HostSwitch::folders() const
+{
+    AutostartFolders folders = m_folders;
+    folders.isShellThere = m_host.isShellThere();
+    return folders;
 }
 
 } // namespace skyvane

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "companion/host_switch/autostart.h"
+#include "desk/autostart.h"
 
 #include <QWidget>
 
@@ -29,6 +29,7 @@ private:
     void setProblem(const QString& problem);
     void showProblem(const QString& problem);
     void showWhatIsSo();
+    AutostartFolders folders() const;
 
     HostControl& m_host;
     AutostartFolders m_folders;

@@ -2,10 +2,10 @@
 
 #include "companion/feed/lookups.h"
 #include "companion/feed/sky_feed.h"
-#include "companion/host_switch/autostart.h"
 #include "companion/links/incoming_link.h"
 #include "companion/look/heading.h"
 #include "companion/look/preferences.h"
+#include "desk/autostart.h"
 #include "paint/font_measurer.h"
 
 #include <QDBusConnection>

@@ -1,6 +1,7 @@
 #include "desk/bus/names.h"
 
 #include "desk/bus/host_interface.h"
+#include "desk/bus/shell_interface.h"
 
 namespace skyvane {
 
@@ -12,6 +13,11 @@ QString BusName::host()
 QString BusName::companion()
 {
     return QStringLiteral("org.skyvane.Companion");
+}
+
+QString BusName::shell()
+{
+    return QString::fromLatin1(ShellInterface::staticInterfaceName());
 }
 
 QString BusName::portal()

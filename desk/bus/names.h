@@ -7,6 +7,8 @@ namespace skyvane::BusName {
 
 QString host();
 QString companion();
+/// A desktop's shell that shows the widgets itself, or places the host's windows, where there is one.
+QString shell();
 /// The desktop portal, where there is one; its object is at `portalPath`.
 QString portal();
 QString portalPath();

@@ -1,6 +1,7 @@
 #include "host/desktop/desktop.h"
 
 #include "desk/text.h"
+#include "host/desktop/first_widgets.h"
 #include "host/desktop/gallery.h"
 #include "host/desktop/screens.h"
 #include "host/desktop/widget_menu.h"
@@ -10,25 +11,10 @@
 #include <QMenu>
 
 #include <algorithm>
-#include <array>
 #include <typeinfo>
 #include <utility>
 
 namespace skyvane {
-
-namespace {
-
-const std::array<WidgetTarget, 3>& firstWidgets()
-{
-    static const std::array<WidgetTarget, 3> targets{{
-        {.kind = "org.skyvane.widgets.nearest", .family = WidgetFamily::small},
-        {.kind = "org.skyvane.widgets.radar", .family = WidgetFamily::medium},
-        {.kind = "org.skyvane.widgets.skyboard", .family = WidgetFamily::large},
-    }};
-    return targets;
-}
-
-} // namespace
 
 Desktop::Desktop(ExtensionProcess& extension, const DesktopSetup& setup, std::unique_ptr<DesktopWay> way)
     : m_open(setup.open)

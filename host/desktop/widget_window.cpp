@@ -1,7 +1,7 @@
 #include "host/desktop/widget_window.h"
 
-#include "desk/text.h"
 #include "host/desktop/drag_picture.h"
+#include "host/desktop/shown_state.h"
 #include "host/session/desktop_way.h"
 #include "host/session/round_shape.h"
 #include "paint/to_qt.h"
@@ -18,29 +18,6 @@
 namespace skyvane {
 
 namespace {
-
-using WidgetCard::Mark;
-
-Mark markOf(const ShownEntry& content)
-{
-    return content.isRefreshing ? Mark::refreshing : content.isStale ? Mark::stale : Mark::none;
-}
-
-/// For a screen reader and the tool tip.
-QString stateOf(const ShownEntry& content)
-{
-    switch (markOf(content)) {
-    case Mark::none:
-        return {};
-    case Mark::stale:
-        return content.isExtensionStopping
-            ? localizedText("Not up to date: the program behind the widgets stops at each request.")
-            : localizedText("Not up to date.");
-    case Mark::refreshing:
-        break;
-    }
-    return localizedText("Refreshing.");
-}
 
 std::uint32_t timeOf(const QInputEvent& event)
 {

@@ -6,12 +6,14 @@
 #include "desk/text.h"
 #include "host/service/ask_host.h"
 #include "host/service/host_service.h"
+#include "host/session/shell_way.h"
 #include "host/session/termination_watch.h"
 #include "host/session/way_of_session.h"
 #include "platform/files/configuration_file.h"
 #include "platform/files/shared_turn.h"
 
 #include <QApplication>
+#include <QDBusConnectionInterface>
 #include <QLoggingCategory>
 #include <QMessageBox>
 
@@ -32,6 +34,17 @@ int showGalleryOfOther(const QDBusConnection& bus)
         qCWarning(journal, "the running host does not answer: %s", error.what());
         return 1;
     }
+}
+
+/// A shell that shows the widgets itself does it in place of this process. Absent without one.
+std::optional<int> leaveToShell(const QDBusConnection& bus, const HostStart& start)
+{
+    if (start.isInShell)
+        return std::nullopt;
+    const bool wasShown = bus.isConnected() && bus.interface()->isServiceRegistered(BusName::host()).value();
+    if (!ShellWay::isAsked(bus))
+        return std::nullopt;
+    return wasShown && !start.isSupervised ? showGalleryOfOther(bus) : 0;
 }
 
 /// Once, in the journal and in a window. That is no failure which another start could mend.
@@ -66,20 +79,22 @@ DesktopSetup standardSetup(const Companion& companion)
     };
 }
 
-int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup, bool isRestart)
+int runDesktop(const ExtensionProgram& program, const DesktopSetup& setup, const HostStart& start)
 {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (const auto status = leaveToShell(bus, start))
+        return *status;
     auto way = wayOfSession();
     if (const auto problem = way->problem())
         return sayProblem(*problem);
     QApplication::setQuitOnLastWindowClosed(false);
     ExtensionProcess extension{program};
     extension.start(); // Gets ready while the windows do.
-    const QDBusConnection bus = QDBusConnection::sessionBus();
     std::optional<Desktop> desktop;
     const HostService service{bus, desktop};
     const SingleInstance instance{bus, BusName::host()};
     if (!instance.isFirst())
-        return isRestart ? 0 : showGalleryOfOther(bus);
+        return start.isRestart ? 0 : showGalleryOfOther(bus);
     const Appearance appearance{bus};
     const TerminationWatch termination{[] { QCoreApplication::quit(); }};
     desktop.emplace(extension, setup, std::move(way));

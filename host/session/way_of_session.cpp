@@ -4,6 +4,7 @@
 #include "desk/x11.h"
 #include "host/session/dock_way.h"
 #include "host/session/layer_shell.h"
+#include "host/session/shell_way.h"
 #include "host/session/unmanaged_way.h"
 #include "host/session/window_manager.h"
 
@@ -54,6 +55,8 @@ std::unique_ptr<DesktopWay> wayOfSession()
         return wayOnX11(connection);
     if (QGuiApplication::platformName() != QStringLiteral("wayland"))
         return std::make_unique<DesktopWay>();
+    if (auto way = ShellWay::way(QDBusConnection::sessionBus()))
+        return way;
     if (auto way = LayerShell::way())
         return way;
     return noWay(LayerShell::isBuiltIn()

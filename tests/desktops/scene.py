@@ -33,7 +33,7 @@ class Scene:
     def start_widgets(self):
         """Until they have their first sky, or the host says that there is no place for them."""
         self.bare = self.session.settled()
-        self.session.start("host", "skyvane-host", "--supervise")  # As the log-in does.
+        self.desktop.start_widgets(self.session)
         eventually(lambda: "/v2/point" in self.asked() or self.refusals(), 30)
         if not self.refusals() and "/v2/point" not in self.asked():
             raise Failure(f"the feed is not asked: {self.session.words_of('host')[-300:]}")

@@ -14,6 +14,7 @@ constexpr const char* configuration = R"(<busconfig>
   <type>session</type>
   <listen>unix:dir=FOLDER</listen>
   <servicedir>FOLDER/services</servicedir>
+  <allow_anonymous/>
   <policy context="default">
     <allow send_destination="*" eavesdrop="true"/>
     <allow eavesdrop="true"/>

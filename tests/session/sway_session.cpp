@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <tuple>
 #include <unistd.h>
@@ -22,10 +23,11 @@ QRect rectOf(const QJsonObject& node)
     return {rect["x"].toInt(), rect["y"].toInt(), rect["width"].toInt(), rect["height"].toInt()};
 }
 
-void collectWindows(const QJsonObject& node, std::vector<QRect>& windows)
+/// Of all windows on view.
+void collectWindows(const QJsonObject& node, std::vector<QJsonObject>& windows)
 {
     if (node["pid"].toInt() != 0 && node["visible"].toBool())
-        windows.push_back(rectOf(node));
+        windows.push_back(node);
     for (const char* key : {"nodes", "floating_nodes"}) {
         for (const QJsonValue child : node[QLatin1String{key}].toArray())
             collectWindows(child.toObject(), windows);
@@ -91,11 +93,23 @@ void SwaySession::start(const QString& program, const QStringList& words) const
 
 std::vector<QRect> SwaySession::windows() const
 {
+    std::vector<QJsonObject> nodes;
+    collectWindows(tell({"--type", "get_tree"}).object(), nodes);
     std::vector<QRect> found;
-    collectWindows(tell({"--type", "get_tree"}).object(), found);
+    std::transform(nodes.begin(), nodes.end(), std::back_inserter(found), rectOf);
     std::sort(found.begin(), found.end(), [](const QRect& a, const QRect& b) {
         return std::tuple{b.width(), b.height()} < std::tuple{a.width(), a.height()};
     });
+    return found;
+}
+
+QStringList SwaySession::titles() const
+{
+    std::vector<QJsonObject> nodes;
+    collectWindows(tell({"--type", "get_tree"}).object(), nodes);
+    QStringList found;
+    for (const QJsonObject& node : nodes)
+        found += node["name"].toString();
     return found;
 }
 

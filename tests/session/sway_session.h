@@ -29,6 +29,9 @@ public:
     /// The frames of all windows on view, the widest first, of these the highest.
     std::vector<QRect> windows() const;
 
+    /// The titles of the windows on view, in no order.
+    QStringList titles() const;
+
     /// The names of the outputs in use.
     QStringList outputs() const;
 

@@ -58,6 +58,23 @@ TEST_F(HostSwitchTest, onStartsTheHostAndOffEndsIt)
     EXPECT_FALSE(isStartedWithSession());
 }
 
+TEST_F(HostSwitchTest, whereAShellStartsTheWidgetsItselfOffKeepsItFromItAndOnDoesNot)
+{
+    ASSERT_TRUE(bus.registerService("org.skyvane.Shell"));
+    const auto host = control(SKYVANE_FAKE_HOST);
+    HostSwitch hostSwitch{*host, folders};
+    const auto boxes = hostSwitch.findChildren<QCheckBox*>();
+    EXPECT_TRUE(boxes[1]->isChecked());
+    boxes[0]->click();
+    EXPECT_TRUE(test::waitFor([&] { return host->isRunning(); }));
+    EXPECT_FALSE(isStartedWithSession());
+    boxes[0]->click();
+    EXPECT_TRUE(test::waitFor([&] { return !host->isRunning(); }));
+    EXPECT_FALSE(boxes[1]->isChecked());
+    EXPECT_TRUE(isStartedWithSession()); // That is, the entry that hides.
+    EXPECT_FALSE(Autostart::isOn({.own = folders.own, .systemWide = {}, .isShellThere = true}));
+}
+
 TEST_F(HostSwitchTest, aHostThatTheUserQuitsIsStillStartedAtLogInAndTheSwitchSaysBoth)
 {
     const auto host = control(SKYVANE_FAKE_HOST);

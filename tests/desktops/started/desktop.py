@@ -31,6 +31,9 @@ class Desktop:
         """Until windows can be opened on it."""
         raise NotImplementedError
 
+    def start_widgets(self, session):
+        session.start("host", "skyvane-host", "--supervise")  # As the log-in does.
+
     def work_area(self, session):
         """The room that panels leave."""
         left, top, width, height = x11.work_area(session)

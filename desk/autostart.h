@@ -10,6 +10,7 @@ namespace skyvane {
 struct AutostartFolders {
     std::filesystem::path own;
     std::vector<std::filesystem::path> systemWide; ///< The first that has an entry of a name counts.
+    bool isShellThere = false; ///< One that starts the widgets itself, unless the user's own entry is hidden.
 
     /// Those of the XDG base directories, as the environment has them.
     static AutostartFolders standard();
@@ -25,11 +26,11 @@ std::filesystem::path ownEntry(const AutostartFolders& folders);
 
 bool isOn(const AutostartFolders& folders);
 
-/// Uncovers the system-wide entry where there is one, else writes one of the user's for this program. Returns
-/// whether that worked.
+/// Uncovers what starts them anyway, the system-wide entry or the shell, else writes an entry of the user's
+/// for this program. Returns whether that worked.
 bool turnOn(const AutostartFolders& folders, const std::filesystem::path& program);
 
-/// Covers the system-wide entry where there is one, else removes the user's. Returns whether that worked.
+/// Covers what starts them anyway, else removes the user's entry. Returns whether that worked.
 bool turnOff(const AutostartFolders& folders);
 
 /// What the Exec key of a desktop entry says to start the host at this path under its supervisor.

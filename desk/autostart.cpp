@@ -1,4 +1,4 @@
-#include "companion/host_switch/autostart.h"
+#include "desk/autostart.h"
 
 #include "platform/files/files.h"
 
@@ -28,8 +28,10 @@ bool isHidden(const std::string& entry)
     return false;
 }
 
-bool isStartedSystemWide(const AutostartFolders& folders)
+bool areStartedAnyway(const AutostartFolders& folders)
 {
+    if (folders.isShellThere)
+        return true;
     for (const auto& folder : folders.systemWide) {
         if (const auto entry = Files::read(folder / entryName, largestEntry))
             return !isHidden(*entry);
@@ -89,13 +91,13 @@ bool isOn(const AutostartFolders& folders)
 {
     if (const auto entry = Files::read(ownEntry(folders), largestEntry))
         return !isHidden(*entry);
-    return isStartedSystemWide(folders);
+    return areStartedAnyway(folders);
 }
 
 /// TryExec: once the program is uninstalled, the entry starts nothing.
 bool turnOn(const AutostartFolders& folders, const std::filesystem::path& program)
 {
-    if (isStartedSystemWide(folders))
+    if (areStartedAnyway(folders))
         return removeOwn(folders);
     return write(
         folders, "TryExec=" + textLine(program.string()) + "\nExec=" + execLine(program.string()) + "\n");
@@ -103,7 +105,7 @@ bool turnOn(const AutostartFolders& folders, const std::filesystem::path& progra
 
 bool turnOff(const AutostartFolders& folders)
 {
-    if (isStartedSystemWide(folders))
+    if (areStartedAnyway(folders))
         return write(folders, "Hidden=true\n");
     return removeOwn(folders);
 }

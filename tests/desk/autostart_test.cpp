@@ -1,4 +1,4 @@
-#include "companion/host_switch/autostart.h"
+#include "desk/autostart.h"
 #include "platform/files/files.h"
 #include "tests/support/scratch_folder.h"
 
@@ -80,6 +80,18 @@ TEST_F(AutostartTest, aSystemWideEntryThatIsHiddenDoesNotCount)
     writeSystemWide("Exec=skyvane-host\nHidden = true\n");
     EXPECT_TRUE(Autostart::turnOn(folders, "/bin/skyvane-host"));
     EXPECT_THAT(own(), Optional(HasSubstr("Exec=")));
+}
+
+TEST_F(AutostartTest, aShellThatStartsTheWidgetsItselfIsKeptFromItByAHiddenEntry)
+{
+    folders.isShellThere = true;
+    EXPECT_TRUE(Autostart::isOn(folders));
+    EXPECT_TRUE(Autostart::turnOff(folders));
+    EXPECT_THAT(own(), Optional(HasSubstr("\nHidden=true\n")));
+    EXPECT_FALSE(Autostart::isOn(folders));
+    EXPECT_TRUE(Autostart::turnOn(folders, "/bin/skyvane-host"));
+    EXPECT_EQ(own(), std::nullopt);
+    EXPECT_TRUE(Autostart::isOn(folders));
 }
 
 TEST_F(AutostartTest, whatCannotBeWrittenIsSaid)
