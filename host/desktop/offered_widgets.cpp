@@ -25,9 +25,8 @@ void OfferedWidgets::learn(std::function<void()> learned)
 {
     m_extension.ask(Protocol::ListCall{},
         [this, learned = std::move(learned)](const std::optional<Protocol::WidgetList>& list) {
-            if (!list)
-                return;
-            m_widgets = withShownTexts(list->widgets);
+            if (list)
+                m_widgets = withShownTexts(list->widgets);
             learned();
         });
 }

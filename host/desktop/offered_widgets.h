@@ -14,7 +14,7 @@ class OfferedWidgets {
 public:
     explicit OfferedWidgets(ExtensionProcess& extension) : m_extension(extension) { }
 
-    /// Asks the extension. `learned` is called when it has answered.
+    /// Asks the extension. `learned` is called when it has answered, or failed to.
     void learn(std::function<void()> learned);
 
     /// Empty until it has answered.

@@ -48,7 +48,7 @@ class Scene:
     def find_widgets(self):
         """By what has changed since there were none. A window manager may have drawn a line around them."""
         self.changes = self.picture.changes(self.bare)
-        found = {name: [box for box in self.changes if is_near(box.size, size)] for name, size in SIZES.items()}
+        found = {name: [box for box in self.changes if is_near(box.size, size)] for name, size in self.desktop.sizes(SIZES).items()}
         if all(len(places) == 1 for places in found.values()):
             self.places = {name: places[0] for name, places in found.items()}
 

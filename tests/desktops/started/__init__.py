@@ -4,7 +4,7 @@ import importlib
 
 NAMES = (
     "openbox", "xfwm4", "xfce", "mate", "muffin", "plasma_x11", "gnome_x11", "gnome_wayland", "i3", "awesome", "sway",
-    "gnome48", "gnome48_extension", "plasma6", "sway110", "labwc",
+    "gnome48", "gnome48_extension", "plasma6", "plasma6_applets", "sway110", "labwc",
 )  # fmt: skip
 
 

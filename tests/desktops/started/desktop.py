@@ -34,6 +34,10 @@ class Desktop:
     def start_widgets(self, session):
         session.start("host", "skyvane-host", "--supervise")  # As the log-in does.
 
+    def sizes(self, own):
+        """Of the widgets, whose own these are."""
+        return own
+
     def work_area(self, session):
         """The room that panels leave."""
         left, top, width, height = x11.work_area(session)
