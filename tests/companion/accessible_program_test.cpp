@@ -76,7 +76,7 @@ TEST_F(AccessibleProgram, theSkyIsAFrameInWhichEachAircraftIsReadAndOpened)
     }));
     const auto parts = said(*sky);
     EXPECT_THAT(parts, Contains(Pair("text", "Filter")));
-    EXPECT_THAT(parts, Contains(Pair("table cell", "RCH285, Military")));
+    EXPECT_THAT(parts, Contains(Pair("cell", "RCH285, Military")));
     EXPECT_THAT(parts, Contains(Pair("check box", "Map below the scope")));
     military->doAction(0);
     EXPECT_TRUE(isCalled("RCH285"));

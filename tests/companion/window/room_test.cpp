@@ -181,7 +181,8 @@ TEST_P(RoomTest, noTextOfTheSettingsOrOfTellMeWhenIsCut)
 
 TEST_P(RoomTest, noTextOfAFailureIsCut)
 {
-    stage.server.answer("/", {.status = 429});
+    for (const char* source : {test::feedPath, "/"})
+        stage.server.answer(source, {.status = 429});
     EXPECT_TRUE(test::waitFor([&] {
         feed.refresh();
         return !feed.report().problem.empty();
