@@ -1,6 +1,6 @@
 #pragma once
 
-#include "companion/host_switch/autostart.h"
+#include "desk/autostart.h"
 
 #include <QWidget>
 
