@@ -170,7 +170,7 @@ TEST(Program, theNearestAircraftOfTheSampleIsOneLine)
     const test::ScratchFolder folder;
     const Outcome outcome = runProgram({"line", "--sample"}, folder.path());
     EXPECT_EQ(outcome.error, "");
-    EXPECT_EQ(outcome.out, "ASA512 B739 3.7 mi 12.500 ft NO\n");
+    EXPECT_EQ(outcome.out, "ASA512 B739 3.7 mi 12,500 ft NW\n");
     EXPECT_THAT(runProgram({"line", "--sample", "--json", "--format={callsign}"}, folder.path()).out,
         testing::StartsWith(
             R"({"text":"ASA512","tooltip":"NEAREST\nASA512\nB739 · N512AS\n3.7 mi · 12,500 ft\n)"

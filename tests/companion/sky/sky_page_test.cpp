@@ -255,7 +255,7 @@ TEST_F(SkyPageTest, theScopeGrowsWithTheWindow)
     EXPECT_TRUE(
         test::waitFor([&] { return scope().width() > before * 2 && scope().width() == scope().height(); }));
     EXPECT_LT(scope().mapTo(&page, scope().rect().bottomRight()).y(), page.height());
-    EXPECT_GE(table().width(), 700);
+    EXPECT_TRUE(test::waitFor([&] { return table().width() >= 700; }));
 }
 
 TEST_F(SkyPageTest, anEmptySkyIsSaidInTheUsersUnit)
@@ -366,6 +366,7 @@ TEST_F(SkyPageTest, whichSourceAnsweredStandsBesideItsName)
     };
     EXPECT_TRUE(says("adsb.lol</a> (refused)"));
     EXPECT_TRUE(says("adsb.fi</a> (answered)"));
+    const Pinned<Date> later{Clock::now() + 2min}; // A source that refused is left alone until then.
     stage.server.answer(test::feedPath, {.body = test::threeAircraft});
     feed.refresh();
     EXPECT_TRUE(test::waitFor([&] { return says("adsb.lol</a> (answered)"); }));

@@ -172,7 +172,8 @@ TEST_F(HostInShellTest, startedByTheShellItShowsItsWindowsThereAndFollowsItsPane
 {
     const test::SwaySession sway;
     sway.start("env",
-        {"QT_QPA_PLATFORM=", "DBUS_SESSION_BUS_ADDRESS=" + session.bus().address(),
+        {"QT_QPA_PLATFORM=",
+            "'DBUS_SESSION_BUS_ADDRESS=" + session.bus().address() + "'", // Its comma would end the command.
             "XDG_CONFIG_HOME=" + path(folder.path()), path(program), ShellWay::option});
     EXPECT_TRUE(test::waitFor([&] { return sway.titles() == QStringList{"skyvane:HEADLESS-1:606,56"}; }))
         << sway.titles().join(' ').toStdString();

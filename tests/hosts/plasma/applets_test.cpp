@@ -89,7 +89,7 @@ TEST_F(AppletsTest, anotherSizeIsAnotherFamilyAndAnotherPlaceIsNot)
     const auto applets = shell(/*areShown=*/true);
     Seen seen;
     const int applet = applets->add("org.example.clock", smallSize, into(seen));
-    EXPECT_TRUE(test::waitFor([&] { return asked() == 1; }));
+    EXPECT_TRUE(test::waitFor([&] { return asked() == 1 && seen.contents > 1; }));
     const auto placeholders = [&] { return extension.events("widgets.placeholder").size(); };
     EXPECT_EQ(placeholders(), 1U);
     applets->resize(applet, {.width = 171, .height = 175});
