@@ -69,7 +69,8 @@ void AlertsPage::layOut(const std::function<void()>& showSample)
     auto* sample = new QPushButton{localizedText("Show a &Sample")};
     connect(sample, &QPushButton::clicked, this, showSample);
     auto* content = new QWidget;
-    content->setMaximumWidth(620);
+    constexpr int widest = 42; // Lines' heights, so that it grows with the user's letters.
+    content->setMaximumWidth(widest * fontMetrics().lineSpacing());
     auto* column = new QVBoxLayout{content};
     column->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     column->setSpacing(10);
