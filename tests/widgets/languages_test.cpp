@@ -142,8 +142,9 @@ TEST(Languages, nothingIsCutAndNoLineBreaksThatDoesNotInEnglish)
             for (std::size_t widget = 0; widget < laidOut.size(); ++widget) {
                 const auto& [title, list] = laidOut[widget];
                 const DisplayList& original = english[widget].list;
-                const std::string where
-                    = language + ", " + title + ", " + testing::PrintToString(test::textsOf(list));
+                const std::string texts = testing::PrintToString(test::textsOf(list));
+                const auto where
+                    = std::string{language}.append(", ").append(title).append(", ").append(texts);
                 EXPECT_THAT(test::layoutProblems(list, test::EvenMeasurer{}), IsEmpty()) << where;
                 EXPECT_LE(cuts(list), cuts(original)) << where;
                 if (sky.home) // Without one the widget is a sentence, which may wrap.

@@ -159,6 +159,7 @@ TEST(Placing, onASmallerScreenWidgetsOfTheTopAndTheBottomDoNotMeet)
     const ScreenArea reduced{.name = "DP-1", .area = {0, 0, 1280, 800}};
     const std::vector<QRect> before{{1406, 24, 170, 170}, {1212, 202, 364, 170}, {1212, 560, 364, 382}};
     std::vector<Placing::Remembered> widgets;
+    widgets.reserve(before.size());
     for (const QRect& frame : before)
         widgets.push_back({.placement = Placing::placement(frame, {large}).value(), .size = frame.size()});
     const auto frames = Placing::frames(widgets, {reduced});
