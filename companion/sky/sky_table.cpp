@@ -104,6 +104,8 @@ void SkyTable::fitColumns()
     const bool hasModels = !isColumnHidden(column(SkyColumn::model));
     header->setSectionResizeMode(
         column(SkyColumn::name), hasModels ? QHeaderView::Fixed : QHeaderView::Stretch);
+    if (hasModels) // As narrow as it may have been stretched before.
+        setColumnWidth(column(SkyColumn::name), widthOf(SkyColumn::name));
     for (const SkyColumn flexible : {SkyColumn::model, SkyColumn::operatorName})
         header->setSectionResizeMode(column(flexible), QHeaderView::Stretch);
 }

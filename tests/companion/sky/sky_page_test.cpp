@@ -258,6 +258,21 @@ TEST_F(SkyPageTest, theScopeGrowsWithTheWindow)
     EXPECT_GE(page.findChild<QStackedWidget*>()->width(), 700); // The list's place.
 }
 
+TEST_F(SkyPageTest, aListThatWasNarrowShowsWholeNamesWhenItIsWiderAgain)
+{
+    stage.server.answer(test::feedPath, {.body = test::threeAircraft});
+    feed.refresh();
+    ASSERT_TRUE(listHas(3));
+    constexpr int name = static_cast<int>(SkyColumn::name);
+    const auto widthAt = [&](int width) {
+        table().resize(width, 300);
+        return table().columnWidth(name);
+    };
+    const int whole = widthAt(1200);
+    widthAt(250);
+    EXPECT_EQ(widthAt(600), whole);
+}
+
 TEST_F(SkyPageTest, anEmptySkyIsSaidInTheUsersUnit)
 {
     test::CompanionStage::setHome(21.7, "mi");
