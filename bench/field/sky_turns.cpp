@@ -6,6 +6,7 @@
 #include "companion/feed/pacer.h"
 #include "companion/host_switch/host_control.h"
 #include "companion/window/main_window.h"
+#include "desk/look/appearance.h"
 #include "platform/clock.h"
 #include "platform/net/url_session.h"
 #include "platform/pinned.h"
