@@ -54,7 +54,8 @@ OwnWorld::OwnWorld()
     m_files.push_back({.path = "/etc/ssl/certs", .standIn = certificates});
     test::enterOwnNamespaces(m_files);
 
-    const test::CertificateAuthority authority{m_folder.path() / "bench.pem"};
+    // In the folder itself: the extension reads no file elsewhere, link or not.
+    const test::CertificateAuthority authority{certificates / "bench.pem"};
     authority.linkIn(certificates);
     std::ofstream{certificates / "ca-certificates.crt", std::ios::app}
         << std::ifstream{authority.file()}.rdbuf();
