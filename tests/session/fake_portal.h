@@ -39,6 +39,9 @@ public:
         tell(QStringLiteral("contrast"), contrast);
     }
 
+    /// To the questions of all programs, so far.
+    int answers() const { return m_answers; }
+
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
     {
@@ -49,6 +52,7 @@ public:
             || (!isScheme && words.value(1) != QStringLiteral("contrast")))
             return false;
         const QVariant inner = QVariant::fromValue(QDBusVariant{isScheme ? m_scheme : m_contrast});
+        ++m_answers;
         return connection.send(message.createReply(QVariant::fromValue(QDBusVariant{inner})));
     }
 
@@ -65,6 +69,7 @@ private:
     QDBusConnection m_bus;
     unsigned m_scheme;
     unsigned m_contrast = 0;
+    int m_answers = 0;
 };
 
 } // namespace skyvane::test

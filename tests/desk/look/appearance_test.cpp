@@ -59,6 +59,8 @@ TEST_F(AppearanceTest, aProgramThatIsDarkFromTheStartBecomesLightWhenTheUserChoo
     QApplication::setPalette(Appearance::darkPalette());
     test::FakePortal portal{session.other(), 0};
     const Appearance appearance{session.connection()};
+    // Before it knows whose signals are the portal's, it hears none.
+    ASSERT_TRUE(test::waitFor([&] { return portal.answers() == 2; }));
     portal.change(1);
     EXPECT_TRUE(comesToBeDark(true));
     portal.change(2);
